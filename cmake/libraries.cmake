@@ -1,0 +1,42 @@
+# What every build compiles: the program and a system for it to run on, with the same strict warnings.
+
+add_library(strict INTERFACE)
+target_compile_options(strict INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Werror)
+
+embed_files(embedded resources "${PROJECT_SOURCE_DIR}/resources/*.bmp")
+
+# The sources beneath the given folders and patterns of src/; a new file needs no edit here.
+function(find_sources result)
+    list(TRANSFORM ARGN PREPEND "${PROJECT_SOURCE_DIR}/")
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${ARGN})
+    set(${result} "${sources}" PARENT_SCOPE)
+endfunction()
+
+function(add_program_library name)
+    find_sources(sources
+        src/startup/*.cpp src/show/*.cpp src/engine/*.cpp src/package/*.cpp
+        src/designer/*.cpp src/editor/*.cpp src/settings/*.cpp src/toolkit/*.cpp)
+    file(GLOB shared CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/src/system/*.cpp")
+    add_library(${name} STATIC ${sources} ${shared})
+    target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
+    target_link_libraries(${name} PUBLIC embedded PRIVATE strict)
+endfunction()
+
+# The two libraries on which everything native rests: `program` and `simulated`, their names followed by
+# `suffix`, compiled and linked with the given options. They keep the trace texts for tests to see.
+function(add_native_libraries suffix)
+    add_program_library(program${suffix})
+    target_compile_definitions(program${suffix} PUBLIC TESSELLARIUM_TRACE)
+    target_compile_options(program${suffix} PUBLIC ${ARGN})
+    target_link_options(program${suffix} PUBLIC ${ARGN})
+
+    find_sources(sources src/system/simulated/*.cpp)
+    if(NOT sources)
+        add_library(simulated${suffix} INTERFACE)
+        target_link_libraries(simulated${suffix} INTERFACE program${suffix})
+        return()
+    endif()
+    add_library(simulated${suffix} STATIC ${sources})
+    target_link_libraries(simulated${suffix} PUBLIC program${suffix} PRIVATE strict PkgConfig::gd)
+endfunction()

@@ -1,0 +1,43 @@
+# The native build: the inspection tool, and the tests that run on the simulated system.
+
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(gd REQUIRED IMPORTED_TARGET gdlib)
+find_package(GTest REQUIRED)
+include(GoogleTest)
+
+add_native_libraries("")
+add_native_libraries(_sanitized -fsanitize=address,undefined -fno-sanitize-recover=all
+    -fno-omit-frame-pointer -O1 -g -UNDEBUG)
+
+find_sources(tool_sources src/tools/*.cpp)
+if(tool_sources)
+    add_executable(tessellarium-inspect ${tool_sources})
+    target_link_libraries(tessellarium-inspect PRIVATE simulated strict)
+endif()
+
+find_sources(support_sources tests/support/*.cpp)
+if(support_sources)
+    add_library(test_support STATIC ${support_sources})
+    target_include_directories(test_support PUBLIC "${PROJECT_SOURCE_DIR}/tests")
+    target_link_libraries(test_support PUBLIC simulated_sanitized GTest::gmock PRIVATE strict)
+endif()
+
+# One executable per layer of tests, and ctest knows each of its tests.
+function(add_native_tests layer)
+    find_sources(sources ${ARGN})
+    if(NOT sources)
+        return()
+    endif()
+    add_executable(${layer}_tests ${sources})
+    target_include_directories(${layer}_tests PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+    target_link_libraries(${layer}_tests PRIVATE strict simulated_sanitized)
+    if(TARGET test_support)
+        target_link_libraries(${layer}_tests PRIVATE test_support)
+    endif()
+    target_link_libraries(${layer}_tests PRIVATE GTest::gmock GTest::gmock_main)
+    gtest_discover_tests(${layer}_tests
+        TEST_PREFIX "${layer}." DISCOVERY_MODE PRE_TEST PROPERTIES LABELS ${layer})
+endfunction()
+
+add_native_tests(unit tests/unit/*.cpp)
+add_native_tests(program tests/program/*.cpp)
