@@ -1,0 +1,303 @@
+// `LoadImage`: one beat of the show, from the next item to its picture, transition, comment and sound.
+#include "package/comment.h"
+#include "show/main_form.h"
+#include "show/show_system.h"
+#include "startup/shared_state.h"
+#include "startup/trace.h"
+#include "toolkit/application.h"
+#include "toolkit/numbers.h"
+#include "toolkit/pictures.h"
+
+#include <algorithm>
+#include <array>
+#include <new>
+#include <string_view>
+
+using toolkit::Application;
+using toolkit::floor16;
+using toolkit::floor32;
+using toolkit::LoadPicture;
+using toolkit::round16;
+using toolkit::round32;
+
+namespace {
+
+constexpr float commentLeft = 5; // twips
+
+float nextRandom() { return Application::current().random().next(); }
+
+/// The entry of an item; a list from a folder can be longer than the tables, and has no entries there.
+const std::string& itemText(const ItemTexts& texts, std::int16_t index) {
+    static const std::string none;
+    return index <= lastItem ? texts[static_cast<std::size_t>(index)] : none;
+}
+
+/// A place from 0 to `room` twips, both included.
+std::int32_t randomPlace(double room) {
+    return floor32(static_cast<double>(nextRandom()) * (static_cast<double>(round32(room)) + 1));
+}
+
+} // namespace
+
+void MainForm::Timer1_Timer() {
+    WriteLog("S: MainForm Timer1");
+    if (ImageLoading != 0 && ShowEnding == 0) {
+        // A tick inside a running step: the steps are over, only input is served until the process ends.
+        // Meant so; `DisableTimers` keeps such a tick from coming.
+        for (;;) {
+            Application::current().yield();
+        }
+    }
+    LoadImage();
+    WriteLog("E: MainForm Timer1");
+}
+
+void MainForm::LoadImage() {
+    if (ShowEnding != 0) {
+        return;
+    }
+    WriteLog("S: MainForm LoadImage");
+    try {
+        if (!runStep()) {
+            return;
+        }
+    } catch (const Failure& failure) {
+        showFailure(failure);
+        return;
+    } catch (const std::bad_alloc&) {
+        showFailure(Failure(FailureCode::outOfMemory));
+        return;
+    }
+    ImageLoading = False;
+    WriteLog("E: MainForm LoadImage");
+}
+
+/// The step itself; false when it is held by the sound of the last picture and changed nothing.
+bool MainForm::runStep() {
+    if (shared.SoundMode == imageWaitsSound && MediaPlayer1.playState() == toolkit::PlayState::playing) {
+        if (observer != nullptr) {
+            observer->held();
+        }
+        return false;
+    }
+    ImageLoading = True;
+    if (observer != nullptr) {
+        observer->stepBegun();
+    }
+    Label1.setVisible(false);
+    Label1.setCaption("");
+    if (shared.RunMode == 0) {
+        setPicture(LoadPicture());
+    }
+    if (lstImageNames.listCount() == 0) {
+        Picture1.setPicture(LoadPicture());
+        Image1.setPicture(Image2.picture());
+        shared.ImageIndex = 0;
+    } else {
+        chooseItem();
+        if (!loadItemPicture()) {
+            startSound();
+            return true;
+        }
+    }
+    measureImage();
+    const std::string TransitionName = chooseTransition();
+    if (observer != nullptr) {
+        observer->transitionChosen(TransitionName);
+    }
+    layOut(TransitionName);
+    std::int16_t Timer1WasOn = False;
+    std::int16_t Timer2WasOn = False;
+    DisableTimers(Timer1WasOn, Timer2WasOn);
+    // Meant so: after a failure in the transition the timers stay off, and the show stands still.
+    runTransition(TransitionName);
+    EnableTimers(Timer1WasOn, Timer2WasOn);
+    Label2.setCaption("Dissolve=" + TransitionName);
+    showComment();
+    startSound();
+    return true;
+}
+
+void MainForm::chooseItem() {
+    const std::int16_t count = lstImageNames.listCount();
+    if (shared.ImageOrderRandom == 1) {
+        shared.ImageIndex = floor16(static_cast<double>(count) * nextRandom());
+        return;
+    }
+    shared.ImageIndex = toolkit::wrap16(shared.ImageIndex + 1);
+    if (shared.ImageIndex >= count) {
+        shared.ImageIndex = 0;
+    }
+}
+
+/// Loads the item's picture into `Image1`; false when a packaged item has none, so that the old one stays.
+bool MainForm::loadItemPicture() {
+    if (shared.RunMode == standAloneMode) {
+        if (LoadImbeddedImage(shared.ImageIndex) == False) {
+            return false;
+        }
+        Picture1.setPicture(LoadPicture());
+        setPicture(LoadPicture());
+        Image1.setPicture(LoadPicture(temporaryPicture()));
+    } else {
+        Picture1.setPicture(LoadPicture());
+        Image1.setPicture(LoadPicture(lstImageNames.list(shared.ImageIndex)));
+    }
+    Label2.setCaption(lstImageNames.list(shared.ImageIndex));
+    return true;
+}
+
+void MainForm::measureImage() {
+    // Drawn on every step, needed or not.
+    RandomX_ = randomPlace(static_cast<double>(width()) - Image1.width());
+    RandomY_ = randomPlace(static_cast<double>(height()) - Image1.height());
+    ImageBlockWidth = floor16(static_cast<double>(Image1.width()) / shared.Blocks);
+    ImageBlockHeight = floor16(static_cast<double>(Image1.height()) / shared.Blocks);
+    ImageWidth = round16(Image1.width());
+    ImageHeight = round16(Image1.height());
+}
+
+std::string MainForm::chooseTransition() const {
+    std::string name = itemText(shared.ImageDissolves, shared.ImageIndex);
+    if (name.empty()) {
+        name = shared.DissolveType;
+    }
+    if (name == "Random") {
+        // Runs over the indexes from 1, so that "Random" itself can't come out.
+        const std::int16_t index = floor16(static_cast<double>(shared.DissolveLast) * nextRandom() + 1);
+        name = shared.DissolveNames[static_cast<std::size_t>(index)];
+    }
+    return name;
+}
+
+void MainForm::layOut(const std::string& TransitionName) {
+    const sys::TwipsPerPixel scale = Application::current().system().twipsPerPixel();
+    PixelWidth = round32(scale.x);
+    PixelHeight = round32(scale.y);
+    if (shared.FullScreen == 1 && !TransitionName.starts_with("Slide")) {
+        Picture1.move(0, 0, width(), height());
+    } else {
+        // Each axis by itself: the natural size where it fits, else squeezed to the form.
+        const auto place = [](float formSize, float imageSize, std::int32_t random) {
+            if (imageSize > formSize) {
+                return 0.0F;
+            }
+            return shared.ImagePositionRandom == 0 ? (formSize - imageSize) / 2 : static_cast<float>(random);
+        };
+        Picture1.move(place(width(), Image1.width(), RandomX_), place(height(), Image1.height(), RandomY_),
+                      std::min(Image1.width(), width()), std::min(Image1.height(), height()));
+    }
+    PictureBlockWidth = floor16(static_cast<double>(Picture1.width()) / shared.Blocks);
+    PictureBlockHeight = floor16(static_cast<double>(Picture1.height()) / shared.Blocks);
+    PictureWidth = round16(Picture1.width());
+    PictureHeight = round16(Picture1.height());
+}
+
+void MainForm::runTransition(const std::string& TransitionName) {
+    struct Transition {
+        std::string_view name;
+        void (*run)(MainForm& form);
+    };
+    static constexpr auto plain = [](MainForm& form) { form.NormalDisplay(); };
+    static constexpr std::array transitions = {
+        Transition{"Random Blocks", plain},
+        Transition{"Top To Bottom", plain},
+        Transition{"Bottom To Top", plain},
+        Transition{"Top/Bottom To Center", plain},
+        Transition{"Random Horizontal", plain},
+        Transition{"Left To Right", plain},
+        Transition{"Right To Left", plain},
+        Transition{"Left/Right To Center", plain},
+        Transition{"Random Vertical", plain},
+        Transition{"Slide Bottom To Center", plain},
+        Transition{"Slide Top To Center", plain},
+        Transition{"Slide Right To Center", plain},
+        Transition{"Slide Left To Center", plain},
+    };
+    const auto* const found = std::ranges::find(transitions, TransitionName, &Transition::name);
+    if (found != transitions.end()) {
+        found->run(*this);
+    } else {
+        NormalDisplay(); // "Normal", and every name that isn't known
+    }
+}
+
+void MainForm::NormalDisplay() {
+    WriteLog("S: MainForm NormalDisplay");
+    Picture1.setVisible(true);
+    Picture1.PaintPicture(Image1.picture(), {.x1 = 0,
+                                             .y1 = 0,
+                                             .width1 = Picture1.width(),
+                                             .height1 = Picture1.height(),
+                                             .x2 = 0.0F,
+                                             .y2 = 0.0F});
+    Picture1.refresh();
+    WriteLog("E: MainForm NormalDisplay");
+}
+
+void MainForm::showComment() {
+    const std::string& comment = itemText(shared.ImageComments, shared.ImageIndex);
+    Label1.setVisible(false);
+    if (!comment.empty()) {
+        Label1.setCaption(FormatComment(comment));
+        Label1.setLeft(commentLeft);
+        Label1.setTop(height() - Label1.height());
+        Label1.setVisible(true);
+    }
+    Label1.refresh();
+}
+
+std::string MainForm::FormatComment(const std::string& text) { return caretsToLineBreaks(text); }
+
+void MainForm::startSound() {
+    if (ShowEnding != 0) {
+        return;
+    }
+    if (shared.SoundMode == soundList) {
+        if (SoundListPending == True) {
+            Timer2.setEnabled(true);
+            SoundListPending = False;
+        }
+    } else if (shared.SoundMode == noSound) {
+        return;
+    } else if (shared.RunMode == standAloneMode) {
+        LoadImbeddedSound(shared.ImageIndex);
+        if (!ExtractedSound.empty()) {
+            MediaPlayer1.stop();
+            MediaPlayer1.setFileName(ExtractedSound);
+            MediaPlayer1.play();
+        }
+    } else if (shared.SoundMode == soundWithImage) {
+        const std::string& sound = itemText(shared.ImageSounds, shared.ImageIndex);
+        if (observer != nullptr) {
+            observer->plainSoundPlayed(sound);
+        }
+        Application::current().system().platform().sndPlaySound(sound, asynchronousSound);
+    } else if (shared.SoundMode == imageWaitsSound) {
+        MediaPlayer1.setFileName(itemText(shared.ImageSounds, shared.ImageIndex));
+        MediaPlayer1.play();
+        Label2.setCaption("Play");
+    }
+}
+
+/// The handler of the step: the banner and the failure's text for one interval. It doesn't call
+/// `EnableTimers`.
+void MainForm::showFailure(const Failure& failure) {
+    WriteLog("E: MainForm LoadImage with Error ", failure.description());
+    if (observer != nullptr) {
+        observer->failed(failure);
+    }
+    Image1.setPicture(Image2.picture());
+    Label1.setLeft(commentLeft);
+    Label1.setTop(height() - Label1.height());
+    Label1.setCaption(failure.description());
+    Picture1.move((width() - Image1.width()) / 2, (height() - Image1.height()) / 2, Image1.width(),
+                  Image1.height());
+    Label1.setVisible(true);
+    const std::string item = shared.ImageIndex >= 0 && shared.ImageIndex < lstImageNames.listCount()
+                                 ? lstImageNames.list(shared.ImageIndex)
+                                 : "";
+    Label2.setCaption(item + ">" + ExtractedSound + "<" + temporaryPicture());
+    NormalDisplay();
+    ImageLoading = False;
+}

@@ -1,0 +1,103 @@
+// The full-screen form of the show: its life and its input (this folder), the steps of the show with
+// their transitions and sounds (`engine`), and the reading of a packaged show (`package`).
+#pragma once
+
+#include "engine/show_observer.h"
+#include "startup/path_parser.h"
+#include "toolkit/form.h"
+#include "toolkit/image.h"
+#include "toolkit/label.h"
+#include "toolkit/list_box.h"
+#include "toolkit/media_player.h"
+#include "toolkit/picture_box.h"
+#include "toolkit/timer.h"
+
+#include <cstdint>
+#include <string>
+
+class MainForm : public toolkit::Form {
+public:
+    MainForm();
+
+    // The controls, from back to front.
+    toolkit::PictureBox Picture1;      // all but the slides paint on it
+    toolkit::Image Image1;             // the current picture
+    toolkit::Image Image2;             // the banner, for when there is nothing else to show
+    toolkit::PictureBox pctBlank;      // a black picture, used by the slides to erase
+    toolkit::Label Label1;             // the comment
+    toolkit::Label Label2;             // a diagnostic text, never seen
+    toolkit::ListBox lstImageNames;    // the playlist
+    toolkit::MediaPlayer MediaPlayer1; // sounds
+    toolkit::Timer Timer1;             // the beat of the show
+    toolkit::Timer Timer2;             // the sound list
+
+    // Sizes in twips of the current step, for the transitions.
+    std::int32_t PixelWidth = 0; // of one screen pixel
+    std::int32_t PixelHeight = 0;
+    std::int16_t ImageBlockWidth = 0;
+    std::int16_t ImageBlockHeight = 0;
+    std::int16_t ImageWidth = 0;
+    std::int16_t ImageHeight = 0;
+    std::int16_t PictureBlockWidth = 0;
+    std::int16_t PictureBlockHeight = 0;
+    std::int16_t PictureWidth = 0;
+    std::int16_t PictureHeight = 0;
+    std::int16_t ImageLoading = 0; // a flag: `LoadImage` runs
+    std::int16_t SoundListIndex = 0;
+    std::int16_t SoundListPending = 0; // a flag: the first step has not yet enabled `Timer2`
+    PathParser Parser;
+    std::int16_t ShowEnding = 0; // a flag: `QueryUnload` has let the show end
+    std::string ExtractedSound;  // the sound file last taken from the package, "" for none
+
+    void NormalDisplay();
+    std::int16_t ReadSCR();
+    std::int16_t LoadImbeddedImage(const std::int16_t& index);
+    void LoadImbeddedSound(const std::int16_t& index);
+    void DisableTimers(std::int16_t& Timer1WasOn, std::int16_t& Timer2WasOn);
+    void EnableTimers(const std::int16_t& Timer1WasOn, const std::int16_t& Timer2WasOn);
+
+    void LoadImage();
+    void LoadFiles();
+    void Pause(const std::int16_t& Divisor);
+    void Pause2(const std::int16_t& Milliseconds);
+    std::string FormatComment(const std::string& text);
+
+    /// Who watches the show; the product sets none.
+    ShowObserver* observer = nullptr;
+
+private:
+    void Form_Load();
+    void Form_QueryUnload(bool& Cancel);
+    void Form_Unload();
+    void Form_Click();
+    void Form_DblClick();
+    void Form_KeyDown(std::int16_t KeyCode, std::int16_t Shift);
+    void Form_KeyPress(std::int16_t KeyAscii);
+    void Form_MouseDown();
+    void Form_MouseMove();
+    void MediaPlayer1_KeyPress(std::int16_t character);
+    void Timer1_Timer();
+    void Timer2_Timer();
+    void bindHandlers();
+
+    // The parts of `LoadImage`, in their order.
+    bool runStep();
+    void chooseItem();
+    bool loadItemPicture();
+    void measureImage();
+    std::string chooseTransition() const;
+    void layOut(const std::string& TransitionName);
+    void runTransition(const std::string& TransitionName);
+    void showComment();
+    void startSound();
+    void showFailure(const Failure& failure);
+
+    // The parts of `LoadFiles`.
+    void listFolder();
+    void readTemplate();
+    std::string resolveName(const std::string& name);
+
+    std::int32_t FirstMoveTime_ = 0; // clock second of the window's first mouse move; 0: no window is open
+    std::int32_t RandomX_ = 0;       // twips
+    std::int32_t RandomY_ = 0;
+};

@@ -1,0 +1,98 @@
+// `Main`, the program's only entry.
+#include "show/main_form.h"
+#include "startup/marrowfieldry.h"
+#include "startup/settings.h"
+#include "startup/shared_state.h"
+#include "startup/trace.h"
+#include "toolkit/application.h"
+#include "toolkit/numbers.h"
+#include "toolkit/text.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+using toolkit::Application;
+
+namespace {
+
+void readScreen(sys::System& system) {
+    const sys::TwipsPerPixel scale = system.twipsPerPixel();
+    shared.TwipsPerPixelX = toolkit::round16(scale.x);
+    shared.TwipsPerPixelY = toolkit::round16(scale.y);
+}
+
+void seedRandom(Application& application) {
+    const double seconds = application.system().secondsSinceMidnight();
+    application.random().seed(static_cast<std::uint32_t>(seconds * 1000));
+}
+
+/// A log that a former version left is deleted; the backslash is part of the name here, so that a root
+/// folder gives a doubled one.
+void deleteLog(sys::System& system) {
+    const std::string log = system.identity().folder + "\\Tessellarium.log";
+    if (system.files().exists(log)) {
+        system.files().remove(log);
+    }
+}
+
+void fillDissolveNames() {
+    const std::array names = {"Random",
+                              "Normal",
+                              "Random Blocks",
+                              "Top To Bottom",
+                              "Bottom To Top",
+                              "Top/Bottom To Center",
+                              "Random Horizontal",
+                              "Left To Right",
+                              "Right To Left",
+                              "Left/Right To Center",
+                              "Random Vertical",
+                              "Slide Bottom To Center",
+                              "Slide Top To Center",
+                              "Slide Right To Center",
+                              "Slide Left To Center"};
+    std::ranges::copy(names, shared.DissolveNames.begin());
+    shared.DissolveLast = static_cast<std::int16_t>(names.size() - 1);
+}
+
+/// The number behind the switch. A colon stops it at once, so that "/p:1234" gives 0.
+void parseHostWindow(const std::string& commandLine) {
+    shared.HostWindow = toolkit::round32(toolkit::val(std::string_view(commandLine).substr(2)));
+}
+
+} // namespace
+
+void Main() {
+    Application& application = Application::current();
+    sys::System& system = application.system();
+    readScreen(system);
+    seedRandom(application);
+    deleteLog(system);
+    WriteLog("S: Main");
+    readSettings(system.settings());
+    clampSettings();
+    fillDissolveNames();
+    shared.RunMode = DetermineRunMode();
+
+    const std::string commandLine = system.identity().commandLine;
+    std::string road = toolkit::upperCase(commandLine.substr(0, 2));
+    if (road.empty()) {
+        road = "/C";
+    }
+    if (road == "/C") {
+        application.showFailures();
+    } else if (road == "/S") {
+        if (!CheckUnique("Screen Saver Main Form")) {
+            return;
+        }
+        application.form<MainForm>().show();
+    } else if (road == "/P") {
+        parseHostWindow(commandLine);
+    } else if (road == "/A") {
+        parseHostWindow(commandLine);
+        shared.ApiResult = system.platform().pwdChangePassword(
+            "SCRSAVE", static_cast<sys::WindowHandle>(static_cast<std::uint32_t>(shared.HostWindow)));
+    }
+    WriteLog("E: Main");
+}

@@ -1,0 +1,120 @@
+#include "startup/marrowfieldry.h"
+
+#include "package/comment.h"
+#include "startup/shared_state.h"
+#include "startup/trace.h"
+#include "toolkit/application.h"
+#include "toolkit/numbers.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+using toolkit::Application;
+
+bool CheckUnique(const std::string& title) {
+    WriteLog("S: CheckUnique%");
+    const bool unique = Application::current().system().platform().findWindow(title) == 0;
+    WriteLog("E: CheckUnique%");
+    return unique;
+}
+
+std::string ownFileName() {
+    const sys::ProgramIdentity identity = Application::current().system().identity();
+    return AddBackslash(identity.folder) + identity.executableName + ".scr";
+}
+
+namespace {
+
+constexpr int ownFile = 1; // the file number
+// A package ends with "Tessellarium" and CR LF; its 14 bytes begin 13 before the last one.
+constexpr int markOffset = 13;
+
+std::string readMark() {
+    toolkit::FileTable& files = Application::current().files();
+    files.open(ownFile, ownFileName(), toolkit::OpenMode::input);
+    try {
+        files.seek(ownFile, files.length(ownFile) - markOffset);
+        std::string mark = files.readField(ownFile);
+        files.close(ownFile);
+        return mark;
+    } catch (const Failure&) {
+        files.close(ownFile);
+        throw;
+    }
+}
+
+} // namespace
+
+std::int16_t DetermineRunMode() {
+    WriteLog("S: DetermineRunMode");
+    try {
+        const std::string mark = readMark();
+        WriteLog("E: DetermineRunMode");
+        return mark == "Tessellarium" ? standAloneMode : std::int16_t{0};
+    } catch (const Failure& failure) {
+        WriteLog("E: DetermineRunMode With Error ", failure.description());
+        return 0;
+    }
+}
+
+std::string UnModifyComment(const std::string& text) {
+    WriteLog("S: UnModifyComment");
+    std::string plain = caretsToLineBreaks(text);
+    WriteLog("E: UnModifyComment");
+    return plain;
+}
+
+std::string AddBackslash(const std::string& path) { return path.ends_with('\\') ? path : path + '\\'; }
+
+namespace {
+
+constexpr std::uint32_t firstRootKey = 0x80000000; // the system's predefined keys
+constexpr std::uint32_t lastRootKey = 0x80000006;
+constexpr std::uint32_t readAccess = 0x20019;
+constexpr std::uint32_t numberType = 4;
+constexpr std::size_t bufferLength = 255;
+
+/// A number's four bytes, lowest first, as at least three digits at the front of the buffer.
+void formatNumber(std::array<char, bufferLength>& buffer) {
+    std::uint32_t number = 0;
+    for (std::size_t byte = 4; byte-- > 0;) {
+        number = number << 8U | static_cast<unsigned char>(buffer[byte]);
+    }
+    std::snprintf(buffer.data(), buffer.size(), "%03u", static_cast<unsigned>(number));
+}
+
+} // namespace
+
+std::string RegGetValue(std::uint32_t hKey, const std::string& subKey, const std::string& valueName) {
+    if (hKey < firstRootKey || hKey > lastRootKey) {
+        return "";
+    }
+    sys::Platform& platform = Application::current().system().platform();
+    sys::RegistryKey key = 0;
+    if (platform.regOpenKeyEx(hKey, subKey, readAccess, key) != 0) {
+        return "";
+    }
+    std::array<char, bufferLength> buffer{};
+    buffer.fill(' ');
+    std::uint32_t length = bufferLength;
+    std::uint32_t type = 0;
+    std::string value;
+    if (platform.regQueryValueEx(key, valueName, type, buffer.data(), length) == 0) {
+        if (type == numberType) {
+            formatNumber(buffer);
+        }
+        // The length counts the terminating zero of a text. A number's length is 4, so that only its first
+        // three digits survive: meant so.
+        value.assign(buffer.data(), std::clamp<std::size_t>(length, 1, bufferLength) - 1);
+    }
+    platform.regCloseKey(key);
+    return value;
+}
+
+void GetPlatform() {
+    shared.OsVersion = {};
+    shared.OsVersion.size = sizeof shared.OsVersion;
+    shared.ApiResult = Application::current().system().platform().getVersionEx(shared.OsVersion);
+    shared.PlatformId = static_cast<std::int32_t>(shared.OsVersion.platformId);
+}

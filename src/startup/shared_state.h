@@ -1,0 +1,64 @@
+// The settings and the module variables that all forms and routines share. They live as long as the
+// process.
+#pragma once
+
+#include "system/platform.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+/// Truth values are 16 bits wide: 0, and -1 with all bits set.
+inline constexpr std::int16_t False = 0;
+inline constexpr std::int16_t True = -1;
+
+/// `RunMode` of a packaged screen saver; the plain program has 0.
+inline constexpr std::int16_t standAloneMode = -1;
+
+/// How sounds and pictures pace each other.
+enum SoundModeValue : std::int16_t {
+    noSound = 0,         // no sound line seen
+    soundWithImage = 1,  // "SOUNDSYNC=1": an image's sound cuts off the one before
+    imageWaitsSound = 2, // "SOUNDSYNC=2": an image stays until its sound has ended
+    soundList = 3,       // "SOUNDASYNC": a list of sounds runs beside the images
+};
+
+/// The tables of the playlist have entries 0 to `lastItem`.
+inline constexpr std::int16_t lastItem = 500;
+using ItemTexts = std::array<std::string, lastItem + 1>;
+
+struct SharedState {
+    // The settings, in the order in which the store is read and written.
+    std::string ImagePath;
+    std::int16_t ImageInterval = 0; // seconds
+    std::string ImageListFile;
+    std::int16_t FullScreen = 0;
+    std::int16_t ImagePositionRandom = 0;
+    std::int16_t ImageOrderRandom = 0;
+    std::int16_t AllImages = 0;
+    std::int16_t Blocks = 0;
+    std::string DissolveType;
+    std::int16_t DissolveDelay = 0; // milliseconds
+    std::int16_t MouseSensitivity = 0;
+    std::int16_t IgnoreMouse = 0;
+
+    std::int32_t ApiResult = 0; // results of platform calls that nobody looks at
+    std::int16_t UsePassword = 0;
+    std::int16_t MouseMoveCount = 0;
+    std::int32_t HostWindow = 0;
+    std::int16_t TwipsPerPixelX = 0;
+    std::int16_t TwipsPerPixelY = 0;
+    std::int32_t PlatformId = 0;
+    sys::VersionRecord OsVersion;
+    std::int16_t RunMode = 0;
+    std::int16_t ImageIndex = 0; // 0-based; -1 before the first item
+    std::int16_t SoundLast = 0;  // highest used index of `ImageSounds` in "SOUNDASYNC" mode; -1 when none
+    ItemTexts ImageComments;
+    ItemTexts ImageDissolves; // "" means `DissolveType`
+    ItemTexts ImageSounds;
+    std::int16_t SoundMode = 0; // `SoundModeValue`
+    std::array<std::string, 21> DissolveNames;
+    std::int16_t DissolveLast = 0;
+};
+
+inline SharedState shared;

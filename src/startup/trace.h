@@ -1,0 +1,31 @@
+// The program's trace: every routine that matters writes a line at its entry and at each exit.
+// "S: " starts a routine, "E: " ends it, "X: " marks a point in its middle.
+#pragma once
+
+#ifdef TESSELLARIUM_TRACE
+
+#include <functional>
+#include <string>
+
+namespace trace {
+
+using Sink = std::function<void(const std::string& line)>;
+
+/// Who hears the lines; nobody by default.
+inline Sink sink;
+
+} // namespace trace
+
+/// Takes one line of the trace, given in pieces.
+template <class... Pieces> void WriteLog(const Pieces&... pieces) {
+    if (trace::sink) {
+        trace::sink((std::string() + ... + pieces));
+    }
+}
+
+#else
+
+/// Takes one line of the trace, given in pieces, and drops it: the product keeps no log.
+template <class... Pieces> constexpr void WriteLog(const Pieces&...) {}
+
+#endif

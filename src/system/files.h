@@ -1,0 +1,63 @@
+// Files, folders and the settings store of a machine.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace sys {
+
+enum class Access {
+    read,      // an existing file
+    write,     // a new file; a former content is lost
+    readWrite, // an existing file with its content, or a new one; read only if it can't be written
+    append,    // an existing file or a new one; every write goes to its end
+};
+
+/// An open file. Closing is the destructor. Transfers are unbuffered; the toolkit buffers.
+class File {
+public:
+    virtual ~File() = default;
+    /// Reads up to `size` bytes at the position; fewer only at the end of the file. Fails with 57.
+    virtual std::size_t read(void* buffer, std::size_t size) = 0;
+    /// Writes all bytes at the position. Fails with 61 (disk full), 57, or 75 (opened for reading).
+    virtual void write(const void* data, std::size_t size) = 0;
+    /// Moves the position; `offset` is 0-based from the file's start, never negative.
+    virtual void seek(std::int64_t offset) = 0;
+    /// In bytes.
+    virtual std::int64_t length() = 0;
+};
+
+/// Paths are the system's own: "C:\folder\name.ext", in bytes of its code page.
+class Files {
+public:
+    virtual ~Files() = default;
+    /// Fails with 53 (no such file), 76 (no such folder), 75 (a folder, or access refused),
+    /// 70 (locked by another), 68 (no such drive).
+    virtual std::unique_ptr<File> open(const std::string& path, Access access) = 0;
+    /// Whether a plain file of that name exists; never fails.
+    virtual bool exists(const std::string& path) = 0;
+    /// Fails with 53, 76, 75 or 70.
+    virtual void remove(const std::string& path) = 0;
+    /// The names, without folder, of the plain files (neither hidden nor system) that match `pattern`,
+    /// a folder followed by a name with "*" and "?", in the order of the file system. A pattern with an
+    /// extension of three letters also finds longer extensions that begin with them, as short names
+    /// make it. Fails with 76 when the folder doesn't exist, 68 when the drive doesn't.
+    virtual std::vector<std::string> list(const std::string& pattern) = 0;
+};
+
+/// Per-user texts that outlive the process.
+class SettingsStore {
+public:
+    virtual ~SettingsStore() = default;
+    /// Nothing when the key is missing or can't be read.
+    virtual std::optional<std::string> read(const std::string& application, const std::string& section,
+                                            const std::string& key) = 0;
+    virtual void write(const std::string& application, const std::string& section, const std::string& key,
+                       const std::string& value) = 0;
+};
+
+} // namespace sys

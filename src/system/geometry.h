@@ -1,0 +1,66 @@
+// Twips, pixels and colours, and the one way from twips to pixels that both systems take.
+#pragma once
+
+#include <cmath>
+#include <cstdint>
+
+namespace sys {
+
+struct Color {
+    std::uint8_t red = 0;
+    std::uint8_t green = 0;
+    std::uint8_t blue = 0;
+    bool operator==(const Color&) const = default;
+};
+
+/// A rectangle in twips (1/1440 inch), as the program gave it.
+struct Area {
+    float left = 0;
+    float top = 0;
+    float width = 0;
+    float height = 0;
+};
+
+/// 1440 divided by the screen's dpi: 15 at 96 dpi, 7.5 at 192 dpi.
+struct TwipsPerPixel {
+    double x = 15;
+    double y = 15;
+};
+
+struct Size { // pixels
+    int width = 0;
+    int height = 0;
+    bool operator==(const Size&) const = default;
+};
+
+struct Point { // pixels
+    int x = 0;
+    int y = 0;
+    bool operator==(const Point&) const = default;
+};
+
+/// Pixels; `right` and `bottom` are the first ones outside.
+struct PixelRect {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+    int width() const { return right - left; }
+    int height() const { return bottom - top; }
+    bool empty() const { return right <= left || bottom <= top; }
+    bool operator==(const PixelRect&) const = default;
+};
+
+/// The pixel edge nearest to a position in twips.
+inline int pixelEdge(double twips, double twipsPerPixel) {
+    return static_cast<int>(std::lround(twips / twipsPerPixel));
+}
+
+/// Rounds each edge by itself, so that neighbours meet without gap or overlap.
+inline PixelRect toPixels(const Area& area, TwipsPerPixel scale) {
+    return {pixelEdge(area.left, scale.x), pixelEdge(area.top, scale.y),
+            pixelEdge(static_cast<double>(area.left) + area.width, scale.x),
+            pixelEdge(static_cast<double>(area.top) + area.height, scale.y)};
+}
+
+} // namespace sys

@@ -1,0 +1,55 @@
+// The platform calls that the program makes by name. Arguments and results are the system's own.
+#pragma once
+
+#include "system/windows.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace sys {
+
+using RegistryKey = std::uintptr_t;
+
+/// The record of `GetVersionExA`: 148 bytes, its first field holding its own size.
+struct VersionRecord {
+    std::uint32_t size = 0;
+    std::uint32_t major = 0;
+    std::uint32_t minor = 0;
+    std::uint32_t build = 0;
+    std::uint32_t platformId = 0;
+    std::array<char, 128> servicePack{};
+};
+static_assert(sizeof(VersionRecord) == 148);
+
+class Platform {
+public:
+    virtual ~Platform() = default;
+    /// `FindWindowA` without a class name: the first top-level window with that caption, or 0.
+    virtual WindowHandle findWindow(const std::string& caption) = 0;
+    /// `PwdChangePasswordA` of mpr; 0 on a system that has no such call.
+    virtual std::int32_t pwdChangePassword(const std::string& provider, WindowHandle owner) = 0;
+    /// `VerifyScreenSavePwd` of password.cpl, bound at the first call; 53 when the library is not there.
+    virtual std::int32_t verifyScreenSavePwd(WindowHandle owner) = 0;
+    /// `GetVersionExA`; `record.size` must be set.
+    virtual std::int32_t getVersionEx(VersionRecord& record) = 0;
+    /// 0 is success, as in the system.
+    virtual std::int32_t regOpenKeyEx(std::uint32_t root, const std::string& subKey, std::uint32_t access,
+                                      RegistryKey& key) = 0;
+    /// `length` holds the buffer's size before and the value's size, terminating zero included, after.
+    virtual std::int32_t regQueryValueEx(RegistryKey key, const std::string& name, std::uint32_t& type,
+                                         char* buffer, std::uint32_t& length) = 0;
+    virtual std::int32_t regCloseKey(RegistryKey key) = 0;
+    virtual std::int32_t systemParametersInfo(std::uint32_t action, std::uint32_t value,
+                                              std::int32_t& scratch, std::uint32_t flags) = 0;
+    /// `after` -1 is the topmost position; flags 3 keep position and size.
+    virtual std::int32_t setWindowPos(WindowHandle window, std::intptr_t after, int x, int y, int width,
+                                      int height, std::uint32_t flags) = 0;
+    /// The cursor's new display count; it shows from 0 on.
+    virtual int showCursor(bool show) = 0;
+    /// Milliseconds since the system started, taken as signed.
+    virtual std::int32_t getTickCount() = 0;
+    virtual std::int32_t sndPlaySound(const std::string& name, std::uint32_t flags) = 0;
+};
+
+} // namespace sys

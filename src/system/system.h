@@ -1,0 +1,73 @@
+// What the toolkit asks of a machine. `win32` is the product's, `simulated` a whole machine in memory;
+// which one a program runs on is chosen by name where it is made.
+#pragma once
+
+#include "system/failure.h"
+#include "system/files.h"
+#include "system/geometry.h"
+#include "system/platform.h"
+#include "system/windows.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+
+namespace sys {
+
+/// What the program knows of itself.
+struct ProgramIdentity {
+    std::string folder;         // without a trailing backslash, but for a root ("C:\")
+    std::string executableName; // without folder and extension
+    std::string commandLine;    // the tail behind the program's own name, leading blanks dropped
+};
+
+class System {
+public:
+    virtual ~System() = default;
+
+    /// Names the receiver of all events; must stand before the first window is made.
+    virtual void connect(Input& input) = 0;
+    virtual ProgramIdentity identity() = 0;
+
+    // The screen
+    virtual TwipsPerPixel twipsPerPixel() = 0;
+    virtual Size screenSize() = 0;
+    virtual Point pointerPosition() = 0;
+
+    // Windows: each is made hidden, and at most as long-lived as its parent.
+    virtual std::unique_ptr<Canvas> createForm(const FormStyle& style) = 0;
+    virtual std::unique_ptr<Canvas> createPictureBox(Window& parent, Color backColor) = 0;
+    virtual std::unique_ptr<Window> createLabel(Window& parent, const LabelStyle& style) = 0;
+    /// The pixels that a text takes, its lines divided by CR LF.
+    virtual Size measureText(const std::string& text, const Font& font) = 0;
+
+    /// Decodes a GIF, JPEG, BMP, WMF or ICO wholly, so that no later paint can fail; 481 if it can't,
+    /// 7 when memory doesn't suffice.
+    virtual PicturePtr decodePicture(std::span<const std::uint8_t> bytes) = 0;
+
+    /// A box with one button, answered before the call returns.
+    virtual void messageBox(const std::string& text, const std::string& title) = 0;
+
+    // Clock and waiting
+    /// Milliseconds of a clock that never goes back.
+    virtual std::int64_t now() = 0;
+    /// Local time of day in seconds, with fractions, 0 at midnight.
+    virtual double secondsSinceMidnight() = 0;
+    /// `Input::alarmRang` comes at `due` (a value of `now`), also while a loop of the system's own runs,
+    /// such as that of a message box. A new alarm replaces the former; nothing: no alarm.
+    virtual void setAlarm(std::optional<std::int64_t> due) = 0;
+    /// Delivers the events that wait, and returns at once when none does.
+    virtual void deliverEvents() = 0;
+    /// Sleeps until an event waits or the alarm is due.
+    virtual void waitForEvents() = 0;
+    /// Ends the process at once, whatever stands on the stack.
+    [[noreturn]] virtual void endProcess(int exitCode) = 0;
+
+    virtual Files& files() = 0;
+    virtual SettingsStore& settings() = 0;
+    virtual Platform& platform() = 0;
+};
+
+} // namespace sys

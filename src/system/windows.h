@@ -1,0 +1,106 @@
+// Windows, their painting, and what they report: calls go down through `Window` and its kinds, events
+// come up through `Input`.
+#pragma once
+
+#include "system/geometry.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace sys {
+
+/// The system's own handle of a window; 0 is none.
+using WindowHandle = std::uintptr_t;
+
+/// A decoded picture; it never changes. The null pointer is the empty picture.
+class Picture {
+public:
+    virtual ~Picture() = default;
+    /// Natural size in twips on this screen: pixels times twips per pixel, or a metafile's own size.
+    virtual float width() const = 0;
+    virtual float height() const = 0;
+};
+using PicturePtr = std::shared_ptr<const Picture>;
+
+struct Font {
+    std::string name;
+    float points = 8.25F;
+    bool bold = false;
+};
+
+/// A native window. Made hidden; the destructor takes it away. Its values never change by themselves.
+class Window {
+public:
+    virtual ~Window() = default;
+    virtual WindowHandle handle() const = 0;
+    /// In twips, relative to the parent's client area (a form: to the screen).
+    virtual void place(const Area& area) = 0;
+    virtual void show(bool visible) = 0;
+    /// The caption of a form, the text of a label.
+    virtual void setText(const std::string& text) = 0;
+};
+
+/// A window with a retained picture of what was painted on it, as large as the window.
+class Canvas : public Window {
+public:
+    /// Fills the whole surface with the back colour given at creation or here.
+    virtual void setBackColor(Color color) = 0;
+    virtual void clear() = 0;
+    /// Copies the rectangle `source` of the picture onto the rectangle `target` of the surface, stretched
+    /// by averaging; both in twips. Of a source rectangle that lies outside the picture in part or whole
+    /// what there is gets painted, at its place in `target`. Never fails. Nothing reaches the screen yet.
+    virtual void paint(const Picture& picture, const Area& target, const Area& source) = 0;
+    /// Brings what has changed since the last time, and no more, to the screen.
+    virtual void present() = 0;
+};
+
+struct FormStyle {
+    std::string caption;
+    Color backColor;
+    bool maximized = false; // covers the whole screen, task bar included
+    bool inTaskBar = true;
+};
+
+/// A text in front of its sibling windows: showing it brings it to the top. It takes the mouse to itself.
+struct LabelStyle {
+    Font font;
+    Color foreColor;
+    Color backColor;
+};
+
+enum MouseButton : int { leftButton = 1, rightButton = 2, middleButton = 4 };
+enum ShiftState : int { shiftKey = 1, controlKey = 2, altKey = 4 };
+
+struct MouseEvent {
+    WindowHandle window = 0;
+    int button = 0; // pressed: the one; moved: all that are down, added
+    int shift = 0;  // `ShiftState`, added
+    float x = 0;    // twips in the window
+    float y = 0;
+    Point screen; // pixels
+};
+
+/// Why a window is asked to go.
+enum class CloseReason : std::int16_t { byUser = 0, byCode = 1, sessionEnds = 2 };
+
+/// Where a system reports events. Each call runs the program's handlers before it returns; none throws
+/// but the simulated system's end of a process.
+class Input {
+public:
+    virtual ~Input() = default;
+    virtual void mouseMoved(const MouseEvent& event) = 0;
+    virtual void mousePressed(const MouseEvent& event) = 0;
+    /// The second press of a double click, reported in place of `mousePressed`.
+    virtual void mouseDoublePressed(const MouseEvent& event) = 0;
+    /// `inside`: the pointer is still over the window that was pressed.
+    virtual void mouseReleased(const MouseEvent& event, bool inside) = 0;
+    /// `keyCode` is the system's virtual key.
+    virtual void keyPressed(WindowHandle window, int keyCode, int shift) = 0;
+    virtual void characterTyped(WindowHandle window, int character) = 0;
+    virtual void closeRequested(WindowHandle window, CloseReason reason) = 0;
+    /// The alarm set with `System::setAlarm` has come.
+    virtual void alarmRang() = 0;
+};
+
+} // namespace sys

@@ -1,0 +1,72 @@
+#include "toolkit/application.h"
+
+#include <algorithm>
+#include <cassert>
+#include <new>
+#include <utility>
+
+namespace toolkit {
+
+namespace {
+Application* currentApplication = nullptr;
+}
+
+Application::Application(sys::System& system, std::string title)
+    : system_(system), title_(std::move(title)), input_(*this, system.pointerPosition()), timers_(system),
+      files_(system.files()) {
+    assert(currentApplication == nullptr);
+    currentApplication = this;
+    system.connect(input_);
+}
+
+Application::~Application() {
+    forms_.clear();
+    currentApplication = nullptr;
+}
+
+Application& Application::current() {
+    assert(currentApplication != nullptr);
+    return *currentApplication;
+}
+
+int Application::run(const std::function<void()>& entry) {
+    try {
+        entry();
+    } catch (const Failure& failure) {
+        reportFailure(failure);
+    } catch (const std::bad_alloc&) {
+        reportFailure(Failure(FailureCode::outOfMemory));
+    }
+    while (loadedForms_ > 0) {
+        presentChanged();
+        system_.waitForEvents();
+        system_.deliverEvents();
+    }
+    return 0;
+}
+
+void Application::yield() {
+    presentChanged();
+    system_.deliverEvents();
+}
+
+void Application::reportFailure(const Failure& failure) {
+    if (failuresShown_) {
+        system_.messageBox(failure.description(), title_);
+    }
+    system_.endProcess(1);
+}
+
+void Application::markChanged(Canvas& canvas) {
+    if (std::ranges::find(changed_, &canvas) == changed_.end()) {
+        changed_.push_back(&canvas);
+    }
+}
+
+void Application::presentChanged() {
+    for (Canvas* canvas : std::exchange(changed_, {})) {
+        canvas->refresh();
+    }
+}
+
+} // namespace toolkit

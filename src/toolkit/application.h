@@ -1,0 +1,85 @@
+// One run of the program on one system: its forms, its loop, and the services that all of it shares.
+#pragma once
+
+#include "system/system.h"
+#include "toolkit/canvas.h"
+#include "toolkit/file_table.h"
+#include "toolkit/form.h"
+#include "toolkit/input.h"
+#include "toolkit/random.h"
+#include "toolkit/timer_queue.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <typeindex>
+#include <unordered_map>
+#include <vector>
+
+namespace toolkit {
+
+class Application {
+public:
+    Application(sys::System& system, std::string title);
+    ~Application();
+    Application(const Application&) = delete;
+    Application& operator=(const Application&) = delete;
+
+    /// The one that stands; forms and controls reach their services through it.
+    static Application& current();
+
+    /// Runs `entry`, then the event loop for as long as a form is loaded; returns the exit code.
+    int run(const std::function<void()>& entry);
+
+    /// One pass of the event loop: shows what was painted and delivers the events that wait.
+    void yield();
+
+    /// Ends the process at once, from anywhere.
+    [[noreturn]] void end() { system_.endProcess(0); }
+
+    /// What happens to a failure that no one caught: the process ends with a code that is not 0, after a
+    /// message box with the description if `showFailures` was called.
+    [[noreturn]] void reportFailure(const Failure& failure);
+    void showFailures() { failuresShown_ = true; }
+
+    /// The default instance of a form, made at first use.
+    template <class FormClass> FormClass& form() {
+        auto& slot = forms_[typeid(FormClass)];
+        if (!slot) {
+            slot = std::make_unique<FormClass>();
+        }
+        return static_cast<FormClass&>(*slot);
+    }
+
+    sys::System& system() { return system_; }
+    Input& input() { return input_; }
+    TimerQueue& timers() { return timers_; }
+    FileTable& files() { return files_; }
+    Random& random() { return random_; }
+
+    Observer* observer() const { return observer_; }
+    void setObserver(Observer* observer) { observer_ = observer; }
+
+private:
+    friend class Canvas;
+    friend class Form;
+    void markChanged(Canvas& canvas);
+    void forgetChanged(const Canvas& canvas) { std::erase(changed_, &canvas); }
+    void presentChanged();
+    void formLoaded() { ++loadedForms_; }
+    void formUnloaded() { --loadedForms_; }
+
+    sys::System& system_;
+    std::string title_;
+    Input input_;
+    TimerQueue timers_;
+    FileTable files_;
+    Random random_;
+    Observer* observer_ = nullptr;
+    std::vector<Canvas*> changed_; // painted on since they were last presented
+    int loadedForms_ = 0;
+    bool failuresShown_ = false;
+    std::unordered_map<std::type_index, std::unique_ptr<Form>> forms_;
+};
+
+} // namespace toolkit

@@ -1,0 +1,83 @@
+#include "toolkit/control.h"
+
+#include "toolkit/application.h"
+#include "toolkit/form.h"
+
+namespace toolkit {
+
+Component::Component(Form& form) : form_(form) { form.components_.push_back(this); }
+
+void Element::move(float left, float top, float width, float height) {
+    area_ = {left, top, width, height};
+    if (window_) {
+        window_->place(area_);
+    }
+    if (Observer* observer = Application::current().observer()) {
+        observer->moved(*this);
+    }
+}
+
+void Element::setVisible(bool visible) {
+    const bool changed = visible != visible_;
+    visible_ = visible;
+    if (changed && canShow()) {
+        if (visible) {
+            window().show(true);
+        } else if (window_) {
+            window_->show(false);
+        }
+    }
+    if (Observer* observer = Application::current().observer()) {
+        observer->visibleAssigned(*this, changed);
+    }
+}
+
+sys::WindowHandle Element::hWnd() { return window().handle(); }
+
+sys::Window& Element::window() {
+    if (!window_) {
+        window_ = makeWindow();
+        window_->place(area_);
+        Application::current().input().add(window_->handle(), *this);
+    }
+    return *window_;
+}
+
+void Element::closeWindow() {
+    if (window_) {
+        Application::current().input().remove(window_->handle());
+        window_.reset();
+    }
+}
+
+void Element::assume(const sys::Area& area, bool visible) {
+    area_ = area;
+    visible_ = visible;
+}
+
+Control::Control(Form& form, const Design& design)
+    : Element(design.name), Component(form), design_(design) {
+    Control::load();
+}
+
+Control::~Control() { closeWindow(); }
+
+void Control::load() {
+    assume({design_.left, design_.top, design_.width, design_.height}, design_.visible);
+}
+
+void Control::unload() { closeWindow(); }
+
+bool Control::canShow() const { return form().shown(); }
+
+void Control::formShown() {
+    if (visible() && canShow()) {
+        window().show(true);
+    }
+}
+
+std::unique_ptr<sys::Window> HiddenControl::makeWindow() {
+    throw Failure(FailureCode::invalidPropertyValue);
+}
+
+} // namespace toolkit

@@ -1,0 +1,125 @@
+// The bases of what stands on a form: components (timers), elements (whatever has a place), controls.
+#pragma once
+
+#include "system/windows.h"
+#include "toolkit/event.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace toolkit {
+
+class Form;
+
+/// A part of a form, seen or unseen. Its values are the design's again at each load of the form.
+class Component {
+public:
+    explicit Component(Form& form);
+    virtual ~Component() = default;
+    Component(const Component&) = delete;
+    Component& operator=(const Component&) = delete;
+
+protected:
+    Form& form() const { return form_; }
+
+private:
+    friend class Form;
+    virtual void load() = 0;
+    virtual void unload() = 0;
+    virtual void formShown() {}
+
+    Form& form_;
+};
+
+/// Anything with a place and a name: a form or a control. Its values live here; a native window stands
+/// behind it only once it is shown, painted on, or asked for its handle.
+class Element {
+public:
+    virtual ~Element() = default;
+    Element(const Element&) = delete;
+    Element& operator=(const Element&) = delete;
+
+    const std::string& name() const { return name_; }
+
+    // Twips, relative to the form.
+    float left() const { return area_.left; }
+    float top() const { return area_.top; }
+    float width() const { return area_.width; }
+    float height() const { return area_.height; }
+    void setLeft(float left) { move(left, top(), width(), height()); }
+    void setTop(float top) { move(left(), top, width(), height()); }
+    void move(float left, float top, float width, float height);
+
+    bool visible() const { return visible_; }
+    void setVisible(bool visible);
+
+    /// The native window's handle; makes the window if there is none yet.
+    sys::WindowHandle hWnd();
+
+    Event<> click;
+    Event<> dblClick;
+    Event<std::int16_t, std::int16_t> keyDown;                     // key code, shift state
+    Event<std::int16_t> keyPress;                                  // character
+    Event<std::int16_t, std::int16_t, float, float> mouseDown;     // button, shift state, x, y in twips
+    Event<std::int16_t, std::int16_t, float, float> mouseMove;     // the same
+
+protected:
+    explicit Element(std::string name) : name_(std::move(name)) {}
+
+    /// The native window, made and placed at first use.
+    sys::Window& window();
+    bool hasWindow() const { return window_ != nullptr; }
+    void closeWindow();
+    /// Takes place and visibility without telling anyone: the values of the design.
+    void assume(const sys::Area& area, bool visible);
+    const sys::Area& area() const { return area_; }
+
+    /// Whether the native window is to be on the screen as far as the form is.
+    virtual bool canShow() const = 0;
+    virtual std::unique_ptr<sys::Window> makeWindow() = 0;
+
+private:
+    std::string name_;
+    sys::Area area_;
+    bool visible_ = true;
+    std::unique_ptr<sys::Window> window_;
+};
+
+/// The design-time values that all controls have.
+struct Design {
+    std::string name;
+    float left = 0; // twips
+    float top = 0;
+    float width = 0;
+    float height = 0;
+    bool visible = true;
+};
+
+/// An element that stands on a form.
+class Control : public Element, public Component {
+public:
+    Control(Form& form, const Design& design);
+    ~Control() override;
+
+protected:
+    void load() override;
+    void unload() override;
+    void formShown() override;
+    bool canShow() const override;
+
+private:
+    Design design_;
+};
+
+/// A control that this program never has on the screen: values without a window.
+class HiddenControl : public Control {
+public:
+    HiddenControl(Form& form, Design design) : Control(form, (design.visible = false, design)) {}
+
+private:
+    bool canShow() const override { return false; }
+    std::unique_ptr<sys::Window> makeWindow() override;
+};
+
+} // namespace toolkit

@@ -1,0 +1,204 @@
+#include "toolkit/file_table.h"
+
+#include "system/failure.h"
+#include "toolkit/numbers.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
+
+namespace toolkit {
+
+namespace {
+
+sys::Access accessFor(OpenMode mode) {
+    switch (mode) {
+    case OpenMode::output: return sys::Access::write;
+    case OpenMode::append: return sys::Access::append;
+    case OpenMode::input: break;
+    }
+    return sys::Access::read;
+}
+
+bool isBlank(int character) { return character == ' ' || character == '\t'; }
+
+} // namespace
+
+/// An open file with a buffer underneath: bytes are taken and given one by one at no cost.
+class FileTable::Stream {
+public:
+    static constexpr int end = -1;
+
+    explicit Stream(std::unique_ptr<sys::File> file) : file_(std::move(file)) {}
+
+    /// The byte `ahead` of the position, or `end`.
+    int peek(std::size_t ahead = 0) {
+        if (next_ + ahead >= filled_) {
+            refill();
+        }
+        return next_ + ahead < filled_ ? static_cast<unsigned char>(buffer_[next_ + ahead]) : end;
+    }
+    void skip(std::size_t count = 1) { next_ += count; }
+    bool atLineEnd() { return peek() == '\r' && peek(1) == '\n'; }
+
+    std::int64_t position() const { return bufferStart_ + static_cast<std::int64_t>(next_); }
+    std::int64_t length() { return file_->length(); }
+    void seek(std::int64_t offset) {
+        bufferStart_ = offset;
+        next_ = filled_ = 0;
+    }
+
+    void write(std::string_view text) {
+        if (pending_.size() + text.size() > buffer_.size()) {
+            flush();
+        }
+        pending_ += text;
+    }
+    void flush() {
+        const std::string out = std::exchange(pending_, {});
+        if (!out.empty()) {
+            file_->write(out.data(), out.size());
+        }
+    }
+
+private:
+    void refill() {
+        std::copy(buffer_.begin() + static_cast<std::ptrdiff_t>(next_),
+                  buffer_.begin() + static_cast<std::ptrdiff_t>(filled_), buffer_.begin());
+        bufferStart_ += static_cast<std::int64_t>(next_);
+        filled_ -= next_;
+        next_ = 0;
+        file_->seek(bufferStart_ + static_cast<std::int64_t>(filled_));
+        filled_ += file_->read(buffer_.data() + filled_, buffer_.size() - filled_);
+    }
+
+    std::unique_ptr<sys::File> file_;
+    std::array<char, 65536> buffer_{};
+    std::int64_t bufferStart_ = 0; // the 0-based offset in the file of the buffer's first byte
+    std::size_t next_ = 0;
+    std::size_t filled_ = 0;
+    std::string pending_; // written, not yet handed to the system
+};
+
+FileTable::FileTable(sys::Files& files) : files_(files) {}
+FileTable::~FileTable() = default;
+
+void FileTable::open(int number, const std::string& path, OpenMode mode) {
+    if (streams_.contains(number)) {
+        throw Failure(FailureCode::fileAlreadyOpen);
+    }
+    streams_.emplace(number, std::make_unique<Stream>(files_.open(path, accessFor(mode))));
+}
+
+void FileTable::close(int number) {
+    if (const auto closed = streams_.extract(number)) {
+        closed.mapped()->flush();
+    }
+}
+
+FileTable::Stream& FileTable::stream(int number) { return *streams_.at(number); }
+
+bool FileTable::atEnd(int number) { return stream(number).peek() == Stream::end; }
+
+std::int64_t FileTable::length(int number) { return stream(number).length(); }
+
+std::int64_t FileTable::position(int number) { return stream(number).position() + 1; }
+
+void FileTable::seek(int number, std::int64_t position) {
+    if (position < 1) {
+        throw Failure(FailureCode::invalidProcedureCall);
+    }
+    stream(number).seek(position - 1);
+}
+
+std::string FileTable::readLine(int number) {
+    Stream& in = stream(number);
+    if (in.peek() == Stream::end) {
+        throw Failure(FailureCode::inputPastEnd);
+    }
+    std::string line;
+    for (; in.peek() != Stream::end && !in.atLineEnd(); in.skip()) {
+        line += static_cast<char>(in.peek());
+    }
+    in.skip(in.atLineEnd() ? 2 : 0);
+    return line;
+}
+
+namespace {
+
+template <class Stream> void skipBlanks(Stream& in) {
+    while (isBlank(in.peek())) {
+        in.skip();
+    }
+}
+
+template <class Stream> void skipTerminator(Stream& in) {
+    if (in.atLineEnd()) {
+        in.skip(2);
+    } else if (in.peek() == ',') {
+        in.skip();
+    }
+}
+
+template <class Stream> std::string takeQuoted(Stream& in) {
+    std::string text;
+    for (in.skip(); in.peek() != Stream::end && in.peek() != '"'; in.skip()) {
+        text += static_cast<char>(in.peek());
+    }
+    in.skip(in.peek() == '"' ? 1 : 0);
+    skipBlanks(in);
+    skipTerminator(in);
+    return text;
+}
+
+/// Characters up to a comma, a line end, the end of the file, or a blank if `endsAtBlank`.
+template <class Stream> std::string takePlain(Stream& in, bool endsAtBlank) {
+    std::string text;
+    while (in.peek() != Stream::end && in.peek() != ',' && !in.atLineEnd() &&
+           !(endsAtBlank && isBlank(in.peek()))) {
+        text += static_cast<char>(in.peek());
+        in.skip();
+    }
+    if (endsAtBlank) {
+        skipBlanks(in);
+    }
+    skipTerminator(in);
+    return text;
+}
+
+} // namespace
+
+std::string FileTable::readField(int number) {
+    Stream& in = stream(number);
+    if (in.peek() == Stream::end) {
+        throw Failure(FailureCode::inputPastEnd);
+    }
+    skipBlanks(in);
+    return in.peek() == '"' ? takeQuoted(in) : takePlain(in, false);
+}
+
+double FileTable::readNumberField(int number) {
+    Stream& in = stream(number);
+    if (in.peek() == Stream::end) {
+        throw Failure(FailureCode::inputPastEnd);
+    }
+    skipBlanks(in);
+    std::string front;
+    for (std::size_t ahead = 0; ahead < 3 && in.peek(ahead) != Stream::end; ++ahead) {
+        front += static_cast<char>(in.peek(ahead));
+    }
+    if (!beginsWithNumber(front)) {
+        if (in.peek() == '"') {
+            takeQuoted(in);
+        } else {
+            takePlain(in, false);
+        }
+        return 0;
+    }
+    return val(takePlain(in, true));
+}
+
+void FileTable::writeLine(int number, const std::string& text) { stream(number).write(text + "\r\n"); }
+
+} // namespace toolkit

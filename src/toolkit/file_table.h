@@ -1,0 +1,62 @@
+// Files by number, and the primitives of text-file access: text line, line read, field read.
+#pragma once
+
+#include "system/files.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+
+namespace toolkit {
+
+enum class OpenMode {
+    input,  // reading, at any position, of an existing file
+    output, // writing of a new content
+    append, // writing behind the present content
+};
+
+/// A file stays open under its number until it is closed, also after a failure.
+class FileTable {
+public:
+    explicit FileTable(sys::Files& files);
+    ~FileTable();
+    FileTable(const FileTable&) = delete;
+    FileTable& operator=(const FileTable&) = delete;
+
+    /// Fails with 55 when the number is taken, and as `sys::Files::open` does.
+    void open(int number, const std::string& path, OpenMode mode);
+    /// Writes out what is still in memory and may fail as a write does; the number is free all the same.
+    /// A number that isn't open is left alone.
+    void close(int number);
+
+    /// Whether the position has reached the end of the file.
+    bool atEnd(int number);
+    /// In bytes.
+    std::int64_t length(int number);
+    /// The 1-based position of the next byte.
+    std::int64_t position(int number);
+    /// Moves to a 1-based position; fails with 5 below 1.
+    void seek(int number, std::int64_t position);
+
+    /// Everything up to the next CR LF. Fails with 62 at the end of the file.
+    std::string readLine(int number);
+    /// One field: leading blanks and tabs are skipped; a field that begins with a double quote runs to the
+    /// next one, any other to a comma, a line end (CR LF; a lone CR or LF is an ordinary character) or the
+    /// end of the file. Its terminator is consumed. Fails with 62 at the end of the file.
+    std::string readField(int number);
+    /// One field as a number, which ends at a blank as well; the blanks behind it and one comma or line
+    /// end are consumed. A field that doesn't begin with a number is taken whole and gives 0.
+    double readNumberField(int number);
+    /// The text and CR LF.
+    void writeLine(int number, const std::string& text);
+
+private:
+    class Stream;
+    Stream& stream(int number);
+
+    sys::Files& files_;
+    std::map<int, std::unique_ptr<Stream>> streams_;
+};
+
+} // namespace toolkit

@@ -1,0 +1,71 @@
+// A form: a window with controls, its loading, showing and unloading.
+#pragma once
+
+#include "toolkit/canvas.h"
+#include "toolkit/control.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace toolkit {
+
+struct FormDesign {
+    std::string name;
+    std::string caption{};
+    sys::Color backColor{};
+    float width = 0; // twips; a maximized form takes the screen's size
+    float height = 0;
+    bool maximized = false;
+    bool inTaskBar = true;
+    bool keyPreview = false; // the form gets key events before the control that has the focus
+};
+
+/// Each form has one default instance (`Application::form`), made at first use and as long-lived as the
+/// process: its public fields outlive an unload.
+class Form : public Element, public Canvas {
+public:
+    ~Form() override;
+
+    /// Gives all values of the design back to form and controls and raises `loadEvent`; nothing when the
+    /// form is loaded already.
+    void load();
+    /// Loads the form if need be and puts it on the screen.
+    void show();
+    /// Asks `queryUnload`, then raises `unloadEvent`, then takes the windows away. Either may refuse by
+    /// setting its argument. A request made while one is under way does nothing.
+    void unload(sys::CloseReason reason = sys::CloseReason::byCode);
+    /// Gives the form the input focus.
+    void setFocus() {}
+
+    bool loaded() const { return loaded_; }
+    bool shown() const { return loaded_ && shown_; }
+    bool keyPreview() const { return design_.keyPreview; }
+
+    /// The native window for controls to stand in.
+    sys::Window& nativeWindow() { return window(); }
+
+protected:
+    explicit Form(const FormDesign& design);
+
+    Event<> loadEvent;
+    Event<bool&, std::int16_t> queryUnload; // cancel, the reason
+    Event<bool&> unloadEvent;               // cancel
+
+private:
+    friend class Component;
+
+    bool canShow() const override { return shown(); }
+    std::unique_ptr<sys::Window> makeWindow() override;
+    sys::Canvas& surface() override { return static_cast<sys::Canvas&>(window()); }
+    bool hasSurface() const override { return hasWindow(); }
+    bool askedToGo(sys::CloseReason reason);
+
+    FormDesign design_;
+    std::vector<Component*> components_; // in the order of the design, which is the order from back to front
+    bool loaded_ = false;
+    bool shown_ = false;
+    bool unloading_ = false;
+};
+
+} // namespace toolkit

@@ -1,0 +1,23 @@
+#include "toolkit/image.h"
+
+#include "toolkit/pictures.h"
+
+#include <utility>
+
+namespace toolkit {
+
+Image::Image(Form& form, const ImageDesign& design) : HiddenControl(form, design.control), design_(design) {}
+
+void Image::setPicture(sys::PicturePtr picture) {
+    picture_ = std::move(picture);
+    if (picture_) {
+        assume({left(), top(), picture_->width(), picture_->height()}, visible());
+    }
+}
+
+void Image::load() {
+    HiddenControl::load();
+    setPicture(designPicture(design_.picture));
+}
+
+} // namespace toolkit

@@ -1,0 +1,24 @@
+#include "toolkit/picture_box.h"
+
+#include "toolkit/application.h"
+#include "toolkit/form.h"
+#include "toolkit/pictures.h"
+
+namespace toolkit {
+
+PictureBox::PictureBox(Form& form, const PictureBoxDesign& design)
+    : Control(form, design.control), Canvas(static_cast<Element&>(*this), design.backColor), design_(design) {}
+
+void PictureBox::load() {
+    Control::load();
+    assumePicture(designPicture(design_.picture), design_.backColor);
+}
+
+std::unique_ptr<sys::Window> PictureBox::makeWindow() {
+    auto made = Application::current().system().createPictureBox(form().nativeWindow(), backColor());
+    made->place(area());
+    paintNewSurface(*made);
+    return made;
+}
+
+} // namespace toolkit
