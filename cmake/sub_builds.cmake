@@ -1,21 +1,29 @@
-# The builds that another compiler makes, in folders beneath this one, always brought up to date.
+# The builds that another compiler makes, in folders beneath this one, always brought up to date, and the
+# tests of what they make.
 include(ExternalProject)
 
-find_program(MINGW_COMPILER x86_64-w64-mingw32-g++-posix)
-if(MINGW_COMPILER AND EXISTS "${PROJECT_SOURCE_DIR}/src/main_win32.cpp")
-    set(windows_folder "${PROJECT_BINARY_DIR}/win32")
-    ExternalProject_Add(windows
+# add_sub_build(NAME FOLDER ARGUMENTS BUILD_COMMAND...)
+function(add_sub_build name folder arguments)
+    ExternalProject_Add(${name}
         SOURCE_DIR "${PROJECT_SOURCE_DIR}"
-        BINARY_DIR "${windows_folder}"
-        PREFIX "${PROJECT_BINARY_DIR}/sub_builds/windows"
-        CMAKE_ARGS "-DCMAKE_TOOLCHAIN_FILE=${PROJECT_SOURCE_DIR}/cmake/mingw-w64-x86_64.cmake"
-                   -DCMAKE_BUILD_TYPE=Release
+        BINARY_DIR "${PROJECT_BINARY_DIR}/${folder}"
+        PREFIX "${PROJECT_BINARY_DIR}/sub_builds/${name}"
+        CMAKE_ARGS ${arguments}
+        BUILD_ALWAYS ON
+        USES_TERMINAL_CONFIGURE ON
+        USES_TERMINAL_BUILD ON
+        ${ARGN})
+endfunction()
+
+find_program(MINGW_COMPILER x86_64-w64-mingw32-g++-posix)
+if(MINGW_COMPILER)
+    # The product first, which is all that plain `make` needs; then what tests and measures it.
+    add_sub_build(windows win32
+        "-DCMAKE_TOOLCHAIN_FILE=${PROJECT_SOURCE_DIR}/cmake/mingw-w64-x86_64.cmake;-DCMAKE_BUILD_TYPE=Release"
         BUILD_COMMAND "${CMAKE_COMMAND}" --build <BINARY_DIR> --target screen_saver
         INSTALL_COMMAND "${CMAKE_COMMAND}" -E copy_if_different
                         <BINARY_DIR>/Tessellarium.scr "${PROJECT_BINARY_DIR}/Tessellarium.scr"
-        BUILD_ALWAYS ON
-        USES_TERMINAL_CONFIGURE ON
-        USES_TERMINAL_BUILD ON)
+        BUILD_BYPRODUCTS "${PROJECT_BINARY_DIR}/Tessellarium.scr")
     ExternalProject_Add_Step(windows tests
         COMMAND "${CMAKE_COMMAND}" --build <BINARY_DIR>
         DEPENDEES install
@@ -24,6 +32,33 @@ if(MINGW_COMPILER AND EXISTS "${PROJECT_SOURCE_DIR}/src/main_win32.cpp")
         USES_TERMINAL ON)
     ExternalProject_Add_StepTargets(windows tests)
     add_custom_target(windows_tests ALL DEPENDS windows-tests)
+
+    add_test(NAME product.file
+        COMMAND "${PROJECT_SOURCE_DIR}/tests/product/product_test.py" "${PROJECT_BINARY_DIR}/Tessellarium.scr")
+    set_tests_properties(product.file PROPERTIES LABELS product)
+
+    file(GLOB_RECURSE contract_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/contract/*.cpp")
+    if(contract_sources)
+        add_test(NAME contract.under_wine
+            COMMAND "${PROJECT_SOURCE_DIR}/tools/with-wine" --template "${PROJECT_BINARY_DIR}/wine_template"
+                    wine "${PROJECT_BINARY_DIR}/win32/contract_tests.exe")
+        set_tests_properties(contract.under_wine PROPERTIES LABELS "contract;wine" TIMEOUT 300)
+    endif()
 else()
     message(STATUS "No x86_64-w64-mingw32-g++-posix: only the native parts are built, not Tessellarium.scr")
+endif()
+
+find_program(FUZZ_COMPILER clang++)
+file(GLOB fuzz_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/fuzz/*.cpp")
+if(FUZZ_COMPILER AND fuzz_sources)
+    add_sub_build(fuzz fuzz
+        "-DCMAKE_CXX_COMPILER=${FUZZ_COMPILER};-DCMAKE_BUILD_TYPE=Release;-DTESSELLARIUM_FUZZ=ON"
+        INSTALL_COMMAND "")
+    foreach(source IN LISTS fuzz_sources)
+        cmake_path(GET source STEM name)
+        add_test(NAME fuzz.${name} COMMAND "${PROJECT_SOURCE_DIR}/tools/fuzz" "${PROJECT_BINARY_DIR}" ${name} 5)
+        set_tests_properties(fuzz.${name} PROPERTIES LABELS fuzz TIMEOUT 120)
+    endforeach()
+elseif(fuzz_sources)
+    message(STATUS "No clang++: the fuzz targets are not built")
 endif()
