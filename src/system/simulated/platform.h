@@ -1,0 +1,109 @@
+// The platform calls, recorded, and what the machine answers to them.
+#pragma once
+
+#include "system/platform.h"
+#include "system/simulated/events.h"
+#include "system/simulated/files.h"
+#include "system/simulated/screen.h"
+
+#include <deque>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sys::simulated {
+
+/// What the system says of itself. The non-NT family has the platform identifier 1.
+constexpr std::uint32_t ntPlatform = 2;
+constexpr std::uint32_t nonNtPlatform = 1;
+
+constexpr std::uint32_t currentUserRoot = 0x80000001; // HKEY_CURRENT_USER
+constexpr std::uint32_t textValue = 1;                // REG_SZ
+constexpr std::uint32_t numberValue = 4;              // REG_DWORD
+
+class SimulatedPlatform final : public Platform {
+public:
+    SimulatedPlatform(Screen& screen, EventQueue& queue, Drives& drives)
+        : screen_(screen), queue_(queue), drives_(drives), tickStart_(queue.now()) {}
+
+    WindowHandle findWindow(const std::string& caption) override;
+    std::int32_t pwdChangePassword(const std::string& provider, WindowHandle owner) override;
+    std::int32_t verifyScreenSavePwd(WindowHandle owner) override;
+    std::int32_t getVersionEx(VersionRecord& record) override;
+    std::int32_t regOpenKeyEx(std::uint32_t root, const std::string& subKey, std::uint32_t access,
+                              RegistryKey& key) override;
+    std::int32_t regQueryValueEx(RegistryKey key, const std::string& name, std::uint32_t& type, char* buffer,
+                                 std::uint32_t& length) override;
+    std::int32_t regCloseKey(RegistryKey key) override;
+    std::int32_t systemParametersInfo(std::uint32_t action, std::uint32_t value, std::int32_t& scratch,
+                                      std::uint32_t flags) override;
+    std::int32_t setWindowPos(WindowHandle window, std::intptr_t after, int x, int y, int width, int height,
+                              std::uint32_t flags) override;
+    int showCursor(bool show) override;
+    std::int32_t getTickCount() override;
+    std::int32_t sndPlaySound(const std::string& name, std::uint32_t flags) override;
+
+    /// All calls in order, but `getTickCount`, which programs call without end: for example
+    /// `findWindow("Screen Saver Main Form")`, `showCursor(0)`, `sndPlaySound("0", 1)`. Handles and numbers
+    /// are decimal.
+    const std::vector<std::string>& calls() const { return calls_; }
+    void forgetCalls() { calls_.clear(); }
+
+    int cursorCount() const { return cursorCount_; }
+    /// The name of the file that plays; it does so until another sound is asked for.
+    const std::optional<std::string>& playingSound() const { return playingSound_; }
+    bool screenSaverRunning() const { return screenSaverRunning_ != 0; }
+    int openRegistryKeys() const { return static_cast<int>(openKeys_.size()); }
+
+    void setPlatformId(std::uint32_t id) { platformId_ = id; }
+    /// What `getTickCount` gives now; from here it moves with the clock.
+    void setTickCount(std::int32_t ticks);
+    /// `data` are the bytes as stored, the terminating zero of a text included.
+    void setRegistryValue(std::uint32_t root, const std::string& subKey, const std::string& name,
+                          std::uint32_t type, const std::string& data);
+    void setRegistryText(std::uint32_t root, const std::string& subKey, const std::string& name,
+                         const std::string& text);
+
+    /// The answers to the next request for the password, in turn: 0 is a wrong one. Its box is up for
+    /// `duration` ms, in which events and alarms come as always. A request without an answer throws Stuck.
+    void answerPassword(std::int32_t result, std::int64_t duration = 0);
+    /// Requests for the password then fail with 53.
+    void removePasswordLibrary() { passwordLibraryMissing_ = true; }
+    void setPasswordChangeResult(std::int32_t result) { passwordChangeResult_ = result; }
+
+private:
+    struct PasswordAnswer {
+        std::int32_t result;
+        std::int64_t duration;
+    };
+    struct RegistryValue {
+        std::uint32_t type;
+        std::string data;
+    };
+    /// The values of a key, by their names in lower case.
+    using RegistryValues = std::map<std::string, RegistryValue>;
+    using RegistryPath = std::pair<std::uint32_t, std::string>; // root, sub key in lower case
+
+    template <class... Arguments> void record(std::string_view name, const Arguments&... arguments);
+
+    Screen& screen_;
+    EventQueue& queue_;
+    Drives& drives_;
+    std::vector<std::string> calls_;
+    std::uint32_t platformId_ = ntPlatform;
+    int cursorCount_ = 0;
+    std::optional<std::string> playingSound_;
+    std::int32_t screenSaverRunning_ = 0;
+    std::int64_t tickStart_; // the clock at tick 0
+    std::int32_t passwordChangeResult_ = 0;
+    bool passwordLibraryMissing_ = false;
+    std::deque<PasswordAnswer> passwordAnswers_;
+    std::map<RegistryPath, RegistryValues> registry_;
+    std::map<RegistryKey, RegistryPath> openKeys_;
+    RegistryKey nextKey_ = 1;
+};
+
+} // namespace sys::simulated

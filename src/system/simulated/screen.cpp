@@ -1,0 +1,181 @@
+#include "system/simulated/screen.h"
+
+#include "system/simulated/names.h"
+
+#include <utility>
+
+namespace sys::simulated {
+
+namespace {
+
+constexpr Pixel desktop{0, 96, 96, 255};
+
+bool isTopLevel(WindowKind kind) { return kind == WindowKind::form || kind == WindowKind::foreign; }
+
+PixelRect moved(const PixelRect& rect, Point by) {
+    return {rect.left + by.x, rect.top + by.y, rect.right + by.x, rect.bottom + by.y};
+}
+
+WindowNode* foremostAt(const std::vector<WindowNode*>& windows, Point pixel, Point origin) {
+    for (WindowNode* window : windows) {
+        const PixelRect rect = moved(window->rect(), origin);
+        if (window->visible() && contains(rect, pixel)) {
+            WindowNode* inside = foremostAt(window->children(), pixel, {rect.left, rect.top});
+            return inside != nullptr ? inside : window;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+WindowNode::WindowNode(Screen& screen, WindowKind kind, WindowNode* parent, std::string text)
+    : screen_(screen), kind_(kind), text_(std::move(text)), parent_(parent) {
+    id_ = screen_.attach(*this);
+}
+
+WindowNode::~WindowNode() { screen_.detach(*this); }
+
+PixelRect WindowNode::rect() const { return toPixels(area_, screen_.scale()); }
+
+PixelRect WindowNode::screenRect() const {
+    PixelRect rect = this->rect();
+    for (const WindowNode* above = parent_; above != nullptr; above = above->parent_) {
+        const PixelRect outer = above->rect();
+        rect = moved(rect, {outer.left, outer.top});
+    }
+    return rect;
+}
+
+PixelRect WindowNode::visibleRect() const {
+    PixelRect rect = intersection(screenRect(), {0, 0, screen_.size().width, screen_.size().height});
+    for (const WindowNode* window = this; window != nullptr; window = window->parent_) {
+        rect = intersection(rect, window->screenRect());
+        if (!window->visible_) {
+            return {};
+        }
+    }
+    return rect;
+}
+
+void WindowNode::moveTo(const Area& area) {
+    area_ = area;
+    resized();
+}
+
+void WindowNode::setVisible(bool visible) {
+    const bool appears = visible && !visible_;
+    visible_ = visible;
+    if (appears && kind_ == WindowKind::form) {
+        screen_.activate(*this);
+    } else if (visible && kind_ == WindowKind::label) {
+        screen_.raise(*this);
+    }
+}
+
+WindowNode* Screen::find(WindowHandle handle) const {
+    const auto found = windows_.find(handle);
+    return found == windows_.end() ? nullptr : found->second;
+}
+
+WindowNode* Screen::findCaption(const std::string& caption) const {
+    const auto found = std::ranges::find_if(
+        topLevel_, [&](const WindowNode* window) { return sameName(window->text(), caption); });
+    return found == topLevel_.end() ? nullptr : *found;
+}
+
+WindowNode* Screen::windowAt(Point pixel) const {
+    const bool onScreen = contains({0, 0, size_.width, size_.height}, pixel);
+    return onScreen ? foremostAt(topLevel_, pixel, {}) : nullptr;
+}
+
+WindowNode* Screen::focused() const {
+    const auto found =
+        std::find_if(activated_.rbegin(), activated_.rend(), [](auto* form) { return form->visible(); });
+    return found == activated_.rend() ? nullptr : *found;
+}
+
+void Screen::activate(WindowNode& window) {
+    WindowNode* form = &window;
+    while (form->parent_ != nullptr) {
+        form = form->parent_;
+    }
+    std::erase(activated_, form);
+    activated_.push_back(form);
+    raise(*form);
+}
+
+void Screen::raise(WindowNode& window) { insert(window, true); }
+
+void Screen::lower(WindowNode& window) { insert(window, false); }
+
+void Screen::setTopmost(WindowNode& window, bool topmost) {
+    // Only top-level windows know a topmost position; a child comes to the front of its siblings.
+    window.topmost_ = topmost && window.parent_ == nullptr;
+    raise(window);
+}
+
+Bitmap Screen::compose() const {
+    Bitmap picture(size_, desktop);
+    for (auto window = topLevel_.rbegin(); window != topLevel_.rend(); ++window) {
+        composeWindow(picture, **window, {}, picture.bounds());
+    }
+    return picture;
+}
+
+void Screen::composeWindow(Bitmap& picture, const WindowNode& window, Point origin,
+                           const PixelRect& clip) const {
+    const PixelRect rect = moved(window.rect(), origin);
+    const PixelRect inside = intersection(rect, clip);
+    if (!window.visible() || inside.empty()) {
+        return;
+    }
+    const Point corner{rect.left, rect.top};
+    window.draw(picture, corner, inside);
+    for (auto child = window.children().rbegin(); child != window.children().rend(); ++child) {
+        composeWindow(picture, **child, corner, inside);
+    }
+}
+
+void Screen::countPresented(std::int64_t pixels) {
+    ++presented_.times;
+    presented_.pixels += pixels;
+}
+
+WindowHandle Screen::attach(WindowNode& window) {
+    const WindowHandle handle = std::exchange(nextHandle_, nextHandle_ + 2);
+    windows_.emplace(handle, &window);
+    insert(window, true);
+    return handle;
+}
+
+void Screen::detach(WindowNode& window) {
+    for (WindowNode* child : window.children_) {
+        child->visible_ = false;
+        child->parent_ = nullptr;
+    }
+    std::erase(siblings(window), &window);
+    std::erase(activated_, &window);
+    windows_.erase(window.id_);
+}
+
+std::vector<WindowNode*>& Screen::siblings(const WindowNode& window) {
+    return window.parent_ != nullptr ? window.parent_->children_ : topLevel_;
+}
+
+void Screen::insert(WindowNode& window, bool inFront) {
+    const bool orphaned = window.parent_ == nullptr && !isTopLevel(window.kind_);
+    if (orphaned) {
+        return;
+    }
+    auto& windows = siblings(window);
+    std::erase(windows, &window);
+    const auto ownClass = [&](const WindowNode* other) { return window.topmost_ || !other->topmost_; };
+    const auto begin = std::ranges::find_if(windows, ownClass);
+    const auto end = window.topmost_
+                         ? std::ranges::find_if(windows, [](auto* other) { return !other->topmost_; })
+                         : windows.end();
+    windows.insert(inFront ? begin : end, &window);
+}
+
+} // namespace sys::simulated

@@ -1,0 +1,132 @@
+// The tree of windows and the screen that they make up.
+#pragma once
+
+#include "system/simulated/bitmap.h"
+#include "system/windows.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace sys::simulated {
+
+class Screen;
+
+enum class WindowKind { form, pictureBox, label, foreign };
+
+/// A window's place in the tree. The screen must outlive it; its parent need not.
+class WindowNode {
+public:
+    WindowNode(Screen& screen, WindowKind kind, WindowNode* parent, std::string text);
+    virtual ~WindowNode();
+    WindowNode(const WindowNode&) = delete;
+    WindowNode& operator=(const WindowNode&) = delete;
+
+    WindowHandle id() const { return id_; }
+    WindowKind kind() const { return kind_; }
+    const std::string& text() const { return text_; }
+    const Area& area() const { return area_; }
+    bool visible() const { return visible_; }
+    bool topmost() const { return topmost_; }
+    WindowNode* parent() const { return parent_; }
+    /// Front first.
+    const std::vector<WindowNode*>& children() const { return children_; }
+
+    /// In pixels of the parent's client area, or of the screen.
+    PixelRect rect() const;
+    PixelRect screenRect() const;
+    /// What of `screenRect` the parents and the screen leave, and nothing when one of them is hidden.
+    PixelRect visibleRect() const;
+
+    void moveTo(const Area& area);
+    void setVisible(bool visible);
+    void setCaption(const std::string& text) { text_ = text; }
+
+    /// Draws the window itself, its upper left corner at `at`, within `clip`.
+    virtual void draw(Bitmap& screen, Point at, const PixelRect& clip) const = 0;
+
+protected:
+    virtual void resized() {}
+    Screen& screen() const { return screen_; }
+
+private:
+    friend class Screen;
+
+    Screen& screen_;
+    WindowHandle id_ = 0;
+    WindowKind kind_;
+    std::string text_;
+    Area area_;
+    bool visible_ = false;
+    bool topmost_ = false;
+    WindowNode* parent_;
+    std::vector<WindowNode*> children_;
+};
+
+/// What the kinds of windows share of `sys::Window`.
+template <class Interface> class NativeWindow : public Interface, public WindowNode {
+public:
+    using WindowNode::WindowNode;
+    WindowHandle handle() const override { return id(); }
+    void place(const Area& area) override { moveTo(area); }
+    void show(bool visible) override { setVisible(visible); }
+    void setText(const std::string& text) override { setCaption(text); }
+};
+
+/// What `present` has brought to the screen so far.
+struct Presented {
+    int times = 0;           // presents that brought something
+    std::int64_t pixels = 0; // those of hidden windows don't count
+};
+
+class Screen {
+public:
+    Screen(Size size, TwipsPerPixel scale) : size_(size), scale_(scale) {}
+
+    Size size() const { return size_; }
+    TwipsPerPixel scale() const { return scale_; }
+
+    /// Null when there is no such window.
+    WindowNode* find(WindowHandle handle) const;
+    /// The first top-level window with that caption, in any case of its letters.
+    WindowNode* findCaption(const std::string& caption) const;
+    /// Forms and other programs' windows, front first.
+    const std::vector<WindowNode*>& topLevel() const { return topLevel_; }
+    /// The foremost visible window at a pixel, or null.
+    WindowNode* windowAt(Point pixel) const;
+    /// The form that the keyboard acts on, or null: the visible one that was shown or clicked last.
+    WindowNode* focused() const;
+    /// Brings the window's form to the front and gives it the keyboard.
+    void activate(WindowNode& window);
+
+    /// Brings a window in front of its siblings; only topmost ones stay before it.
+    void raise(WindowNode& window);
+    void lower(WindowNode& window);
+    void setTopmost(WindowNode& window, bool topmost);
+
+    /// The picture that the visible windows make, from what each has presented.
+    Bitmap compose() const;
+
+    void countPresented(std::int64_t pixels);
+    Presented presented() const { return presented_; }
+
+private:
+    friend class WindowNode;
+
+    WindowHandle attach(WindowNode& window);
+    void detach(WindowNode& window);
+    std::vector<WindowNode*>& siblings(const WindowNode& window);
+    void insert(WindowNode& window, bool inFront);
+    void composeWindow(Bitmap& picture, const WindowNode& window, Point origin, const PixelRect& clip) const;
+
+    Size size_;
+    TwipsPerPixel scale_;
+    std::map<WindowHandle, WindowNode*> windows_;
+    std::vector<WindowNode*> topLevel_;  // front first
+    std::vector<WindowNode*> activated_; // forms; the last one was activated last
+    WindowHandle nextHandle_ = 0x10002;
+    Presented presented_;
+};
+
+} // namespace sys::simulated

@@ -1,0 +1,18 @@
+#include "system/simulated/settings_store.h"
+
+#include "system/simulated/names.h"
+
+namespace sys::simulated {
+
+std::optional<std::string> StoredSettings::read(const std::string& application, const std::string& section,
+                                                const std::string& key) {
+    const auto found = values_.find({folded(application), folded(section), folded(key)});
+    return found == values_.end() ? std::nullopt : std::optional(found->second);
+}
+
+void StoredSettings::write(const std::string& application, const std::string& section, const std::string& key,
+                           const std::string& value) {
+    values_[{folded(application), folded(section), folded(key)}] = value;
+}
+
+} // namespace sys::simulated

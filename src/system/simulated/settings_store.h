@@ -1,0 +1,23 @@
+// The settings store in memory.
+#pragma once
+
+#include "system/files.h"
+
+#include <map>
+#include <tuple>
+
+namespace sys::simulated {
+
+/// Names are compared without the case of their letters.
+class StoredSettings final : public SettingsStore {
+public:
+    std::optional<std::string> read(const std::string& application, const std::string& section,
+                                    const std::string& key) override;
+    void write(const std::string& application, const std::string& section, const std::string& key,
+               const std::string& value) override;
+
+private:
+    std::map<std::tuple<std::string, std::string, std::string>, std::string> values_;
+};
+
+} // namespace sys::simulated
