@@ -104,7 +104,7 @@ public:
     void setCommandLine(const std::string& tail) { program_.commandLine = tail; }
     /// The exit code, once the process has ended.
     std::optional<int> exitCode() const { return exitCode_; }
-    const std::vector<ShownMessage>& messages() const { return messages_; }
+    const std::vector<ShownMessage>& messageBoxes() const { return messages_; }
     /// How long each message box stays up, in ms. Alarms come meanwhile, all other events wait.
     void setMessageBoxDuration(std::int64_t duration) { messageBoxDuration_ = duration; }
 
