@@ -102,7 +102,7 @@ private:
 /// the screen, `shift` is made of `ShiftState`.
 class User {
 public:
-    User(EventQueue& queue, Devices& devices, Screen& screen, std::int64_t delay = 0)
+    User(EventQueue& queue, Devices& devices, Screen& screen, std::int64_t delay)
         : queue_(queue), devices_(devices), screen_(screen), delay_(delay) {}
 
     /// Presses a key, by its virtual code; the character that it makes, if any, follows as a second event.

@@ -33,10 +33,10 @@ struct ShownMessage {
     bool operator==(const ShownMessage&) const = default;
 };
 
-/// It outlives the windows and files that it makes. Its own `User` acts now, the one from `after` later.
-/// Tests deliver events with `advance` and `runUntilIdle`, programs with `deliverEvents` and
-/// `waitForEvents`; a program's wait throws Stuck when nothing can ever end it.
-class Machine final : public System, public User {
+/// It outlives the windows and files that it makes. Tests act through `user` and deliver events with
+/// `advance` and `runUntilIdle`, programs with `deliverEvents` and `waitForEvents`; a program's wait throws
+/// Stuck when nothing can ever end it.
+class Machine final : public System {
 public:
     explicit Machine(const MachineOptions& options = {});
     ~Machine() override;
@@ -65,8 +65,8 @@ public:
     SimulatedPlatform& platform() override { return platform_; }
 
     // Time
-    /// A user who acts `delay` ms from now.
-    User after(std::int64_t delay) { return {queue_, devices_, screen_, delay}; }
+    /// The person at the machine, who acts `delay` ms from now.
+    User user(std::int64_t delay = 0) { return {queue_, devices_, screen_, delay}; }
     /// Lets `duration` ms pass and delivers all that becomes due in them, in order.
     void advance(std::int64_t duration) { queue_.advance(duration); }
     /// Delivers all that is due without moving the clock.

@@ -202,6 +202,15 @@ void SimulatedPlatform::setRegistryText(std::uint32_t root, const std::string& s
     setRegistryValue(root, subKey, name, textValue, text + '\0');
 }
 
+void SimulatedPlatform::setRegistryNumber(std::uint32_t root, const std::string& subKey,
+                                          const std::string& name, std::uint32_t number) {
+    std::string data;
+    for (int shift = 0; shift < 32; shift += 8) {
+        data += static_cast<char>(number >> shift & 0xFF);
+    }
+    setRegistryValue(root, subKey, name, numberValue, data);
+}
+
 void SimulatedPlatform::answerPassword(std::int32_t result, std::int64_t duration) {
     passwordAnswers_.push_back({result, duration});
 }

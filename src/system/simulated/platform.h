@@ -58,6 +58,8 @@ public:
     bool screenSaverRunning() const { return screenSaverRunning_ != 0; }
     int openRegistryKeys() const { return static_cast<int>(openKeys_.size()); }
 
+    /// As other programs of the session may have left it.
+    void setCursorCount(int count) { cursorCount_ = count; }
     void setPlatformId(std::uint32_t id) { platformId_ = id; }
     /// What `getTickCount` gives now; from here it moves with the clock.
     void setTickCount(std::int32_t ticks);
@@ -66,6 +68,8 @@ public:
                           std::uint32_t type, const std::string& data);
     void setRegistryText(std::uint32_t root, const std::string& subKey, const std::string& name,
                          const std::string& text);
+    void setRegistryNumber(std::uint32_t root, const std::string& subKey, const std::string& name,
+                           std::uint32_t number);
 
     /// The answers to the next request for the password, in turn: 0 is a wrong one. Its box is up for
     /// `duration` ms, in which events and alarms come as always. A request without an answer throws Stuck.

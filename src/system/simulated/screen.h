@@ -29,6 +29,7 @@ public:
     const Area& area() const { return area_; }
     bool visible() const { return visible_; }
     bool topmost() const { return topmost_; }
+    bool inTaskBar() const { return inTaskBar_; }
     WindowNode* parent() const { return parent_; }
     /// Front first.
     const std::vector<WindowNode*>& children() const { return children_; }
@@ -42,6 +43,7 @@ public:
     void moveTo(const Area& area);
     void setVisible(bool visible);
     void setCaption(const std::string& text) { text_ = text; }
+    void setInTaskBar(bool inTaskBar) { inTaskBar_ = inTaskBar; }
 
     /// Draws the window itself, its upper left corner at `at`, within `clip`.
     virtual void draw(Bitmap& screen, Point at, const PixelRect& clip) const = 0;
@@ -60,6 +62,7 @@ private:
     Area area_;
     bool visible_ = false;
     bool topmost_ = false;
+    bool inTaskBar_ = false;
     WindowNode* parent_;
     std::vector<WindowNode*> children_;
 };

@@ -24,8 +24,8 @@ public:
 };
 
 Machine::Machine(const MachineOptions& options)
-    : User(queue_, devices_, screen_), screen_(options.screen, options.twipsPerPixel), devices_(screen_),
-      drives_(options.program.folder), platform_(screen_, queue_, drives_), program_(options.program) {
+    : screen_(options.screen, options.twipsPerPixel), devices_(screen_), drives_(options.program.folder),
+      platform_(screen_, queue_, drives_), program_(options.program) {
     drives_.addFile(program_.folder + '\\' + program_.executableName + ".scr", programFile);
     queue_.connectAlarm([this] { devices_.input().alarmRang(); });
 }
