@@ -1,0 +1,244 @@
+// Looks at a running machine's windows, registry and processes from inside it, and acts on them, for a
+// test that stands outside: reads a command a line, answers with lines and an empty one. The fields of a line
+// are divided by tabs; a byte that isn't plain printable ASCII is written %XX, both ways.
+#include <cstdint>
+#include <cstdio>
+#include <functional>
+#include <iostream>
+#include <map>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <windows.h>
+
+#include <psapi.h>
+
+namespace {
+
+using Fields = std::vector<std::string>;
+
+std::string encoded(const std::string& text) {
+    std::string result;
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (byte > ' ' && byte < 0x7F && byte != '%') {
+            result += character;
+        } else {
+            char code[4];
+            std::snprintf(code, sizeof code, "%%%02X", byte);
+            result += code;
+        }
+    }
+    return result;
+}
+
+std::string decoded(const std::string& text) {
+    std::string result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '%' && i + 2 < text.size()) {
+            result += static_cast<char>(std::stoi(text.substr(i + 1, 2), nullptr, 16));
+            i += 2;
+        } else {
+            result += text[i];
+        }
+    }
+    return result;
+}
+
+template <class... Values> void answer(const Values&... values) {
+    std::ostringstream line;
+    ((line << values << '\t'), ...);
+    std::string text = line.str();
+    text.pop_back();
+    std::cout << text << '\n';
+}
+
+HWND windowFrom(const std::string& number) {
+    return reinterpret_cast<HWND>(static_cast<std::uintptr_t>(std::stoull(number)));
+}
+
+std::uintptr_t numberOf(HWND window) { return reinterpret_cast<std::uintptr_t>(window); }
+
+// Windows
+
+/// A caption is kept by the system and read without asking the window; a child's text is asked for.
+std::string textOf(HWND window, bool child) {
+    char text[4096] = "";
+    if (child) {
+        DWORD_PTR length = 0;
+        SendMessageTimeoutA(window, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG,
+                            2000, &length);
+    } else {
+        GetWindowTextA(window, text, sizeof text);
+    }
+    return text;
+}
+
+void describe(HWND window, bool child) {
+    char className[256] = "";
+    GetClassNameA(window, className, sizeof className);
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    RECT place{};
+    GetWindowRect(window, &place);
+    answer(numberOf(window), numberOf(GetParent(window)), process, encoded(className),
+           encoded(textOf(window, child)), static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE)),
+           static_cast<DWORD>(GetWindowLongA(window, GWL_EXSTYLE)), IsWindowVisible(window) ? 1 : 0, place.left,
+           place.top, place.right, place.bottom);
+}
+
+/// Uppermost first.
+void listWindows(const Fields& /*arguments*/) {
+    EnumWindows(
+        [](HWND window, LPARAM) -> BOOL {
+            describe(window, false);
+            return TRUE;
+        },
+        0);
+}
+
+void listChildren(const Fields& arguments) {
+    EnumChildWindows(
+        windowFrom(arguments.at(1)),
+        [](HWND window, LPARAM) -> BOOL {
+            describe(window, true);
+            return TRUE;
+        },
+        0);
+}
+
+void postMessage(const Fields& arguments) {
+    PostMessageA(windowFrom(arguments.at(1)), static_cast<UINT>(std::stoul(arguments.at(2))),
+                 static_cast<WPARAM>(std::stoull(arguments.at(3))), static_cast<LPARAM>(std::stoll(arguments.at(4))));
+}
+
+/// Returns when the window's thread has taken what lay in its queue: a sent message is answered before
+/// waiting input is taken, so that the answer to the next one tells that the input has gone through.
+void settle(const Fields& arguments) {
+    for (int i = 0; i < 4; ++i) {
+        DWORD_PTR result = 0;
+        if (SendMessageTimeoutA(windowFrom(arguments.at(1)), WM_NULL, 0, 0, SMTO_ABORTIFHUNG, 10000, &result) == 0) {
+            answer("gone");
+            return;
+        }
+    }
+    answer("settled");
+}
+
+/// A grey window with a caption stands on the screen until it is released or the probe ends.
+void hold(const Fields& arguments) {
+    static HANDLE made = CreateEventA(nullptr, FALSE, FALSE, nullptr);
+    std::thread([arguments] {
+        CreateWindowExA(0, "STATIC", decoded(arguments.at(1)).c_str(), WS_POPUP | WS_VISIBLE, std::stoi(arguments.at(2)),
+                        std::stoi(arguments.at(3)), std::stoi(arguments.at(4)), std::stoi(arguments.at(5)), nullptr,
+                        nullptr, nullptr, nullptr);
+        SetEvent(made);
+        MSG message;
+        while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+            DispatchMessageA(&message);
+        }
+    }).detach();
+    WaitForSingleObject(made, INFINITE);
+}
+
+/// The held window goes.
+void release(const Fields& arguments) {
+    const std::string caption = decoded(arguments.at(1));
+    while (HWND window = FindWindowA("STATIC", caption.c_str())) {
+        PostThreadMessageA(GetWindowThreadProcessId(window, nullptr), WM_QUIT, 0, 0);
+        Sleep(10);
+    }
+}
+
+void tellPointer(const Fields& /*arguments*/) {
+    CURSORINFO info{};
+    info.cbSize = sizeof info;
+    GetCursorInfo(&info);
+    answer(info.ptScreenPos.x, info.ptScreenPos.y, (info.flags & CURSOR_SHOWING) != 0 ? 1 : 0);
+}
+
+/// The time of the last input that came from outside, by the system's tick count.
+void tellLastInput(const Fields& /*arguments*/) {
+    LASTINPUTINFO info{};
+    info.cbSize = sizeof info;
+    GetLastInputInfo(&info);
+    answer(info.dwTime);
+}
+
+// The registry of the current user
+
+void setValue(const Fields& arguments) {
+    HKEY key = nullptr;
+    if (RegCreateKeyExA(HKEY_CURRENT_USER, decoded(arguments.at(1)).c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &key,
+                        nullptr) != ERROR_SUCCESS) {
+        throw std::runtime_error("can't make the key");
+    }
+    const std::string name = decoded(arguments.at(2));
+    const std::string data = decoded(arguments.at(4));
+    if (arguments.at(3) == "number") {
+        const auto number = static_cast<DWORD>(std::stoul(data));
+        RegSetValueExA(key, name.c_str(), 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number), sizeof number);
+    } else {
+        RegSetValueExA(key, name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(data.c_str()),
+                       static_cast<DWORD>(data.size() + 1));
+    }
+    RegCloseKey(key);
+}
+
+void removeValue(const Fields& arguments) {
+    RegDeleteKeyValueA(HKEY_CURRENT_USER, decoded(arguments.at(1)).c_str(), decoded(arguments.at(2)).c_str());
+}
+
+void removeKey(const Fields& arguments) { RegDeleteTreeA(HKEY_CURRENT_USER, decoded(arguments.at(1)).c_str()); }
+
+// Processes
+
+void listModules(const Fields& arguments) {
+    const HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE,
+                                       static_cast<DWORD>(std::stoul(arguments.at(1))));
+    HMODULE modules[512];
+    DWORD size = 0;
+    if (K32EnumProcessModules(process, modules, sizeof modules, &size) == 0) {
+        throw std::runtime_error("no such process");
+    }
+    for (DWORD i = 0; i < size / sizeof(HMODULE); ++i) {
+        char path[MAX_PATH] = "";
+        K32GetModuleFileNameExA(process, modules[i], path, sizeof path);
+        answer(encoded(path));
+    }
+    CloseHandle(process);
+}
+
+Fields split(const std::string& line) {
+    Fields fields;
+    std::size_t begin = 0;
+    for (std::size_t tab = 0; (tab = line.find('\t', begin)) != std::string::npos; begin = tab + 1) {
+        fields.push_back(line.substr(begin, tab - begin));
+    }
+    fields.push_back(line.substr(begin));
+    return fields;
+}
+
+} // namespace
+
+int main() {
+    const std::map<std::string, std::function<void(const Fields&)>> commands = {
+        {"windows", listWindows}, {"children", listChildren},     {"post", postMessage},
+        {"settle", settle},       {"hold", hold},                 {"release", release},
+        {"pointer", tellPointer}, {"last input", tellLastInput},  {"set", setValue},
+        {"unset", removeValue},   {"clear", removeKey},           {"modules", listModules},
+    };
+    for (std::string line; std::getline(std::cin, line);) {
+        const Fields fields = split(line);
+        try {
+            commands.at(decoded(fields.at(0)))(fields);
+        } catch (const std::exception& problem) {
+            answer("problem", problem.what());
+        }
+        std::cout << std::endl;
+    }
+    return 0;
+}

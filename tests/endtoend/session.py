@@ -1,0 +1,204 @@
+"""A machine for the tests: an X display and a Wine prefix of its own, and a probe that runs inside it."""
+
+import collections
+import contextlib
+import importlib.machinery
+import importlib.util
+import os
+import pathlib
+import subprocess
+import time
+import urllib.parse
+
+import screen
+
+
+
+def _load_with_wine():
+    """The script that knows how to make a prefix, as a module."""
+    path = pathlib.Path(__file__).resolve().parents[2] / "tools" / "with-wine"
+    loader = importlib.machinery.SourceFileLoader("with_wine", str(path))
+    module = importlib.util.module_from_spec(importlib.util.spec_from_loader("with_wine", loader))
+    loader.exec_module(module)
+    return module
+
+
+with_wine = _load_with_wine()
+
+# Loaded machines are slow: a limit is what no run should reach, never a wait.
+LIMIT = 30  # seconds
+
+
+class NotReached(AssertionError):
+    """What was waited for didn't come."""
+
+
+def wait_until(condition, what, limit=LIMIT):
+    """Polls until the condition gives something true, which is the result. `what` may be a function."""
+    end = time.monotonic() + limit
+    while True:
+        result = condition()
+        if result:
+            return result
+        if time.monotonic() > end:
+            raise NotReached(f"after {limit} seconds: {what() if callable(what) else what}")
+        time.sleep(0.02)
+
+
+def end(process):
+    """Ends one process of ours, if it still runs."""
+    if process.poll() is None:
+        process.kill()
+    process.wait()
+    for stream in (process.stdin, process.stdout):
+        if stream:
+            stream.close()
+
+
+class Display:
+    """An Xvfb whose screen lies in a file."""
+
+    def __init__(self, folder, size):
+        os.makedirs(folder)
+        reader, writer = os.pipe()
+        # Without -noreset it would begin anew when its last client goes, in another file. setpriv ends it
+        # also when this process is killed and can't.
+        self._process = subprocess.Popen(
+            ["setpriv", "--pdeathsig", "TERM", "Xvfb", "-displayfd", str(writer), "-screen", "0",
+             f"{size[0]}x{size[1]}x24", "-fbdir", folder, "-nolisten", "tcp", "-noreset"],
+            pass_fds=[writer], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        os.close(writer)
+        with open(reader, encoding="ascii") as numbers:
+            number = numbers.readline().strip()
+        if not number:
+            raise RuntimeError("Xvfb doesn't come up")
+        self.name = f":{number}"
+        self.screen = screen.Screen(os.path.join(folder, "Xvfb_screen0"))
+
+    def close(self):
+        self.screen.close()
+        with_wine.end(self._process)
+
+
+Window = collections.namedtuple(
+    "Window", "handle parent process kind text style extended visible left top right bottom")
+
+
+class Probe:
+    """The helper program that looks at the machine from inside."""
+
+    def __init__(self, command, environment):
+        self._process = subprocess.Popen(command, env=environment, stdin=subprocess.PIPE,
+                                         stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+
+    def ask(self, *fields):
+        line = "\t".join(urllib.parse.quote(str(field), safe="", encoding="latin-1") for field in fields)
+        self._process.stdin.write(line.encode("ascii") + b"\n")
+        self._process.stdin.flush()
+        answers = []
+        while True:
+            answer = self._process.stdout.readline()
+            if not answer:
+                raise RuntimeError(f"the probe ended at {line}")
+            answer = answer.decode("ascii").rstrip("\r\n")
+            if not answer:
+                break
+            answers.append([urllib.parse.unquote(field, encoding="latin-1") for field in answer.split("\t")])
+        if answers and answers[0][0] == "problem":
+            raise RuntimeError(f"{line}: {answers[0][1]}")
+        return answers
+
+    def _windows(self, *question):
+        return [Window(*(field if name in ("kind", "text") else int(field)
+                         for name, field in zip(Window._fields, fields)))
+                for fields in self.ask(*question)]
+
+    def windows(self):
+        """The top-level windows, uppermost first."""
+        return self._windows("windows")
+
+    def children(self, window):
+        return self._windows("children", window.handle)
+
+    def settle(self, window):
+        """Returns when what lay in the queue of the window's thread has gone through; whether it still
+        is there."""
+        return self.ask("settle", window.handle) == [["settled"]]
+
+    def close(self):
+        self._process.stdin.close()
+        try:
+            self._process.wait(LIMIT)
+        except subprocess.TimeoutExpired:
+            self._process.kill()
+        self._process.stdout.close()
+        self._process.wait()
+
+
+class Session:
+    """One machine with its screen, from its start to its `close`."""
+
+    def __init__(self, template, helpers, folder, size, dpi):
+        self.width, self.height = size
+        with contextlib.ExitStack() as stack:
+            self._display = Display(folder, size)
+            stack.callback(self._display.close)
+            with_wine.ensure_template(template, self._display.name)
+            self.environment = stack.enter_context(
+                with_wine.fresh_prefix(template, dpi, self._display.name))
+            self.drive = os.path.join(self.environment["WINEPREFIX"], "drive_c")
+            self.probe = Probe(["wine", os.path.join(helpers, "probe.exe")], self.environment)
+            stack.callback(self.probe.close)
+            # A crash ends a program at once, and there is nothing to play a sound on.
+            self.set_value("Software\\Wine\\WineDbg", "ShowCrashDialog", 0)
+            self.set_value("Software\\Wine\\Drivers", "Audio", "")
+            # So that a form that doesn't cover the screen shows.
+            self.hold("backdrop", 0, 0, *size)
+            self.close = stack.pop_all().close
+
+    def hold(self, caption, left, top, width, height):
+        """Another program's window, grey, until it is released or the machine ends."""
+        self.probe.ask("hold", caption, left, top, width, height)
+
+    def release(self, caption):
+        self.probe.ask("release", caption)
+
+    def start(self, program, *arguments, **environment):
+        """Runs a program of the machine, named by its path on this one. The result's exit code is its."""
+        return subprocess.Popen(["wine", program, *arguments], env={**self.environment, **environment},
+                                cwd=os.path.dirname(program), stdin=subprocess.DEVNULL,
+                                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def windows_path(self, path):
+        return "C:\\" + os.path.relpath(path, self.drive).replace("/", "\\")
+
+    def shot(self):
+        return self._display.screen.shot()
+
+    def frame(self):
+        """A black screen, for a test to paint on what it expects."""
+        return screen.Frame(self.width, self.height)
+
+    def act(self, *arguments):
+        """Mouse and keyboard, as xdotool names them."""
+        subprocess.run(["xdotool", *map(str, arguments)], env=self.environment, check=True)
+
+    def act_on(self, window, *arguments):
+        """As `act`, and returns when the window's thread has taken what came of it; whether it still is
+        there."""
+        before = self.probe.ask("last input")
+        self.act(*arguments)
+        wait_until(lambda: self.probe.ask("last input") != before, "the input doesn't arrive")
+        return self.probe.settle(window)
+
+    def set_value(self, key, name, value):
+        """A value of the current user's registry: a text or a number; None takes it away."""
+        if value is None:
+            self.probe.ask("unset", key, name)
+        elif isinstance(value, int):
+            self.probe.ask("set", key, name, "number", value)
+        else:
+            self.probe.ask("set", key, name, "text", value)
+
+    def clear_key(self, key):
+        self.probe.ask("clear", key)
