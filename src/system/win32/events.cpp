@@ -1,0 +1,201 @@
+#include "system/win32/events.h"
+
+#include "system/win32/canvas.h"
+#include "system/win32/label.h"
+
+#include <algorithm>
+
+namespace sys::win32 {
+
+namespace {
+
+int buttonsIn(WPARAM keys) {
+    return (keys & MK_LBUTTON ? leftButton : 0) | (keys & MK_RBUTTON ? rightButton : 0) |
+           (keys & MK_MBUTTON ? middleButton : 0);
+}
+
+int shiftState() {
+    const auto held = [](int key) { return GetKeyState(key) < 0; };
+    return (held(VK_SHIFT) ? shiftKey : 0) | (held(VK_CONTROL) ? controlKey : 0) |
+           (held(VK_MENU) ? altKey : 0);
+}
+
+/// Positions are signed: a captured mouse may be left of the window, or above.
+POINT pointIn(LPARAM position) {
+    return {static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))};
+}
+
+LRESULT paintLabel(HDC dc, HWND window) {
+    const auto* label = static_cast<LabelWindow*>(NativeWindow<Window>::ownerOf(window));
+    return label ? reinterpret_cast<LRESULT>(label->prepare(dc)) : 0;
+}
+
+/// Whether the system may go on with a command of its own: while the program runs no screen saver starts,
+/// and no key wakes a menu that isn't there.
+bool isAllowed(WPARAM command) {
+    const WPARAM kind = command & 0xFFF0; // the lower bits are the system's
+    return kind != SC_SCREENSAVE && kind != SC_KEYMENU;
+}
+
+LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto* canvas = static_cast<CanvasWindow*>(NativeWindow<Canvas>::ownerOf(window));
+    if (!canvas) return DefWindowProcA(window, message, wParam, lParam);
+    Events& events = canvas->events();
+    switch (message) {
+    case WM_ERASEBKGND: return 1;
+    case WM_PAINT: canvas->repair(); return 0;
+    case WM_SIZE: canvas->resized({LOWORD(lParam), HIWORD(lParam)}); return 0;
+    case WM_CTLCOLORSTATIC:
+        return paintLabel(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
+    case WM_MOUSEMOVE: events.mouseMoved(window, wParam, lParam); return 0;
+    case WM_LBUTTONDOWN: events.mousePressed(window, leftButton, lParam, false); return 0;
+    case WM_RBUTTONDOWN: events.mousePressed(window, rightButton, lParam, false); return 0;
+    case WM_MBUTTONDOWN: events.mousePressed(window, middleButton, lParam, false); return 0;
+    case WM_LBUTTONDBLCLK: events.mousePressed(window, leftButton, lParam, true); return 0;
+    case WM_RBUTTONDBLCLK: events.mousePressed(window, rightButton, lParam, true); return 0;
+    case WM_MBUTTONDBLCLK: events.mousePressed(window, middleButton, lParam, true); return 0;
+    case WM_LBUTTONUP: events.mouseReleased(window, leftButton, wParam, lParam); return 0;
+    case WM_RBUTTONUP: events.mouseReleased(window, rightButton, wParam, lParam); return 0;
+    case WM_MBUTTONUP: events.mouseReleased(window, middleButton, wParam, lParam); return 0;
+    case WM_KEYDOWN: events.keyPressed(window, wParam); return 0;
+    case WM_SYSKEYDOWN: events.keyPressed(window, wParam); break; // the system makes Alt+F4 a request to close
+    case WM_CHAR:
+    case WM_SYSCHAR: events.characterTyped(window, wParam); return 0;
+    case WM_CLOSE: events.closeRequested(window, CloseReason::byUser); return 0;
+    case WM_QUERYENDSESSION:
+        events.closeRequested(window, CloseReason::sessionEnds);
+        return IsWindow(window) ? FALSE : TRUE;
+    case WM_SYSCOMMAND:
+        if (!isAllowed(wParam)) return 0;
+        break;
+    default: break;
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+void CALLBACK alarmProcedure(HWND window, UINT, UINT_PTR, DWORD) {
+    reinterpret_cast<Events*>(GetWindowLongPtrA(window, GWLP_USERDATA))->alarmTimerTicked();
+}
+
+void registerClass(const char* name) {
+    WNDCLASSEXA windowClass{};
+    windowClass.cbSize = sizeof windowClass;
+    windowClass.style = CS_OWNDC | CS_DBLCLKS;
+    windowClass.lpfnWndProc = windowProcedure;
+    windowClass.hInstance = GetModuleHandleA(nullptr);
+    windowClass.hCursor = LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)); // the arrow
+    windowClass.lpszClassName = name;
+    RegisterClassExA(&windowClass);
+}
+
+} // namespace
+
+std::int64_t clockNow() {
+    static const std::int64_t ticksPerSecond = [] {
+        LARGE_INTEGER frequency{};
+        QueryPerformanceFrequency(&frequency);
+        return frequency.QuadPart;
+    }();
+    LARGE_INTEGER ticks{};
+    QueryPerformanceCounter(&ticks);
+    return ticks.QuadPart / ticksPerSecond * 1000 + ticks.QuadPart % ticksPerSecond * 1000 / ticksPerSecond;
+}
+
+Events::Events(TwipsPerPixel scale)
+    : scale_(scale), alarmWindow_(CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                                  GetModuleHandleA(nullptr), nullptr)) {
+    SetWindowLongPtrA(alarmWindow_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    registerClass(formClass);
+    registerClass(pictureBoxClass);
+}
+
+Events::~Events() {
+    DestroyWindow(alarmWindow_);
+}
+
+void Events::mouseMoved(HWND window, WPARAM buttons, LPARAM position) {
+    input_->mouseMoved(mouseEvent(window, buttonsIn(buttons), position));
+}
+
+void Events::mousePressed(HWND window, MouseButton button, LPARAM position, bool twice) {
+    SetCapture(window); // so that the release is reported wherever it comes
+    const MouseEvent event = mouseEvent(window, button, position);
+    if (twice)
+        input_->mouseDoublePressed(event);
+    else
+        input_->mousePressed(event);
+}
+
+void Events::mouseReleased(HWND window, MouseButton button, WPARAM buttonsLeft, LPARAM position) {
+    if (buttonsIn(buttonsLeft) == 0 && GetCapture() == window) ReleaseCapture();
+    RECT client{};
+    GetClientRect(window, &client);
+    const bool inside = PtInRect(&client, pointIn(position)) != 0;
+    input_->mouseReleased(mouseEvent(window, button, position), inside);
+}
+
+void Events::keyPressed(HWND window, WPARAM keyCode) {
+    input_->keyPressed(toHandle(window), static_cast<int>(keyCode), shiftState());
+}
+
+void Events::characterTyped(HWND window, WPARAM character) {
+    input_->characterTyped(toHandle(window), static_cast<int>(character));
+}
+
+void Events::closeRequested(HWND window, CloseReason reason) {
+    input_->closeRequested(toHandle(window), reason);
+}
+
+MouseEvent Events::mouseEvent(HWND window, int button, LPARAM position) const {
+    const POINT inWindow = pointIn(position);
+    POINT onScreen = inWindow;
+    ClientToScreen(window, &onScreen);
+    return {toHandle(window), button, shiftState(), static_cast<float>(inWindow.x * scale_.x),
+            static_cast<float>(inWindow.y * scale_.y), {onScreen.x, onScreen.y}};
+}
+
+void Events::setAlarm(std::optional<std::int64_t> due) {
+    due_ = due;
+    if (due_)
+        startAlarmTimer();
+    else
+        KillTimer(alarmWindow_, 1);
+}
+
+void Events::startAlarmTimer() {
+    const std::int64_t left = std::clamp<std::int64_t>(*due_ - clockNow(), 0, USER_TIMER_MAXIMUM);
+    SetTimer(alarmWindow_, 1, static_cast<UINT>(left), alarmProcedure);
+}
+
+void Events::alarmTimerTicked() {
+    ringIfDue();
+    // A timer may be a little early, and then stays away for a whole further interval.
+    if (due_) startAlarmTimer();
+}
+
+void Events::ringIfDue() {
+    if (!due_ || clockNow() < *due_) return;
+    setAlarm(std::nullopt);
+    input_->alarmRang();
+}
+
+void Events::deliver() {
+    // A flood, such as that of a mouse that never rests, must not keep the caller for ever.
+    constexpr int mostAtOnce = 1000;
+    MSG message;
+    for (int left = mostAtOnce; left > 0 && PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE); --left) {
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+    ringIfDue();
+}
+
+void Events::wait() {
+    DWORD timeout = INFINITE;
+    if (due_) timeout = static_cast<DWORD>(std::clamp<std::int64_t>(*due_ - clockNow(), 0, INFINITE - 1));
+    // The timer of the alarm is too coarse to be waited for.
+    MsgWaitForMultipleObjectsEx(0, nullptr, timeout, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+    ringIfDue();
+}
+
+} // namespace sys::win32

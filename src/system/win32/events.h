@@ -1,0 +1,51 @@
+// The way of native messages to the receiver of events; waiting; the alarm.
+#pragma once
+
+#include "system/system.h"
+#include "system/win32/native.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace sys::win32 {
+
+/// Milliseconds of a clock that never goes back.
+std::int64_t clockNow();
+
+/// One for the process. All windows of `formClass` and `pictureBoxClass` belong to a `CanvasWindow`.
+class Events {
+public:
+    static constexpr const char* formClass = "TessellariumForm";
+    static constexpr const char* pictureBoxClass = "TessellariumPictureBox";
+
+    explicit Events(TwipsPerPixel scale);
+    Events(const Events&) = delete;
+    Events& operator=(const Events&) = delete;
+    ~Events();
+
+    void connect(Input& input) { input_ = &input; }
+    void setAlarm(std::optional<std::int64_t> due);
+    void deliver();
+    void wait();
+
+    // What the window procedure reports. After each the window may be gone.
+    void mouseMoved(HWND window, WPARAM buttons, LPARAM position);
+    void mousePressed(HWND window, MouseButton button, LPARAM position, bool twice);
+    void mouseReleased(HWND window, MouseButton button, WPARAM buttonsLeft, LPARAM position);
+    void keyPressed(HWND window, WPARAM keyCode);
+    void characterTyped(HWND window, WPARAM character);
+    void closeRequested(HWND window, CloseReason reason);
+    void alarmTimerTicked();
+
+private:
+    MouseEvent mouseEvent(HWND window, int button, LPARAM position) const;
+    void startAlarmTimer();
+    void ringIfDue();
+
+    TwipsPerPixel scale_;
+    Input* input_ = nullptr;
+    std::optional<std::int64_t> due_;
+    HWND alarmWindow_; // never seen; its timer rings while a loop of the system's own runs
+};
+
+} // namespace sys::win32

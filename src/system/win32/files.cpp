@@ -1,0 +1,177 @@
+#include "system/win32/files.h"
+
+#include "system/failure.h"
+#include "system/win32/native.h"
+
+#include <algorithm>
+
+namespace sys::win32 {
+
+namespace {
+
+/// What a drive letter stands for, when the path begins with one and nothing stands behind it.
+bool isOnMissingDrive(const std::string& path) {
+    if (path.size() < 2 || path[1] != ':') return false;
+    return GetDriveTypeA((path.substr(0, 2) + "\\").c_str()) == DRIVE_NO_ROOT_DIR;
+}
+
+bool isFolder(const std::string& path) {
+    const DWORD attributes = GetFileAttributesA(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+FailureCode codeOf(DWORD error) {
+    switch (error) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_INVALID_NAME: return FailureCode::fileNotFound;
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_DIRECTORY: return FailureCode::pathNotFound;
+    case ERROR_ACCESS_DENIED:
+    case ERROR_WRITE_PROTECT: return FailureCode::pathFileAccess;
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION: return FailureCode::permissionDenied;
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL: return FailureCode::diskFull;
+    case ERROR_NOT_READY:
+    case ERROR_INVALID_DRIVE:
+    case ERROR_BAD_UNIT:
+    case ERROR_BAD_NETPATH:
+    case ERROR_BAD_NET_NAME: return FailureCode::deviceUnavailable;
+    case ERROR_NOT_ENOUGH_MEMORY: return FailureCode::outOfMemory;
+    default: return FailureCode::deviceIo;
+    }
+}
+
+/// Where the same error has more than one reason, the path tells which.
+Failure failureAt(const std::string& path, DWORD error) {
+    const FailureCode code = codeOf(error);
+    if (code == FailureCode::pathNotFound && isOnMissingDrive(path))
+        return Failure(FailureCode::deviceUnavailable);
+    if (isFolder(path)) return Failure(FailureCode::pathFileAccess);
+    return Failure(code);
+}
+
+struct CloseFile {
+    void operator()(HANDLE file) const { CloseHandle(file); }
+};
+using OwnedFile = std::unique_ptr<std::remove_pointer_t<HANDLE>, CloseFile>;
+
+class OpenFile : public File {
+public:
+    explicit OpenFile(OwnedFile file) : file_(std::move(file)) {}
+
+    std::size_t read(void* buffer, std::size_t size) override {
+        std::size_t done = 0;
+        while (done < size) {
+            DWORD now = 0;
+            if (!ReadFile(file_.get(), static_cast<char*>(buffer) + done, piece(size - done), &now, nullptr))
+                throw Failure(FailureCode::deviceIo);
+            if (now == 0) break;
+            done += now;
+        }
+        return done;
+    }
+
+    void write(const void* data, std::size_t size) override {
+        std::size_t done = 0;
+        while (done < size) {
+            DWORD now = 0;
+            if (!WriteFile(file_.get(), static_cast<const char*>(data) + done, piece(size - done), &now,
+                           nullptr))
+                throw Failure(codeOf(GetLastError()));
+            if (now == 0) throw Failure(FailureCode::diskFull);
+            done += now;
+        }
+    }
+
+    void seek(std::int64_t offset) override {
+        LARGE_INTEGER position;
+        position.QuadPart = offset;
+        if (!SetFilePointerEx(file_.get(), position, nullptr, FILE_BEGIN)) throw Failure(FailureCode::deviceIo);
+    }
+
+    std::int64_t length() override {
+        LARGE_INTEGER bytes;
+        if (!GetFileSizeEx(file_.get(), &bytes)) throw Failure(FailureCode::deviceIo);
+        return bytes.QuadPart;
+    }
+
+private:
+    /// One transfer's share of what is left: its length has 32 bits.
+    static DWORD piece(std::size_t left) {
+        return static_cast<DWORD>(std::min<std::size_t>(left, 1 << 30));
+    }
+
+    OwnedFile file_;
+};
+
+struct Opening {
+    DWORD rights;
+    DWORD shared; // what others may do meanwhile
+    DWORD creation;
+};
+
+Opening openingFor(Access access) {
+    constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE;
+    switch (access) {
+    case Access::read: return {GENERIC_READ, shareAll, OPEN_EXISTING};
+    case Access::write: return {GENERIC_WRITE, FILE_SHARE_READ, CREATE_ALWAYS};
+    case Access::readWrite: return {GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, OPEN_ALWAYS};
+    // Without the right to write elsewhere, every write goes to the end.
+    case Access::append:
+        return {FILE_APPEND_DATA | FILE_READ_ATTRIBUTES | SYNCHRONIZE, FILE_SHARE_READ, OPEN_ALWAYS};
+    }
+    return {};
+}
+
+/// Null after a failure, which `GetLastError` tells.
+OwnedFile tryToOpen(const std::string& path, Access access) {
+    const Opening opening = openingFor(access);
+    const HANDLE file = CreateFileA(path.c_str(), opening.rights, opening.shared, nullptr, opening.creation,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    return OwnedFile(file == INVALID_HANDLE_VALUE ? nullptr : file);
+}
+
+struct CloseSearch {
+    void operator()(HANDLE search) const { FindClose(search); }
+};
+
+} // namespace
+
+std::unique_ptr<File> Win32Files::open(const std::string& path, Access access) {
+    OwnedFile file = tryToOpen(path, access);
+    if (!file && access == Access::readWrite && GetLastError() == ERROR_ACCESS_DENIED && exists(path))
+        file = tryToOpen(path, Access::read);
+    if (!file) throw failureAt(path, GetLastError());
+    // Not a console, a serial line or the like, where a read could wait for ever.
+    if (GetFileType(file.get()) != FILE_TYPE_DISK) throw Failure(FailureCode::pathFileAccess);
+    return std::make_unique<OpenFile>(std::move(file));
+}
+
+bool Win32Files::exists(const std::string& path) {
+    const DWORD attributes = GetFileAttributesA(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+void Win32Files::remove(const std::string& path) {
+    if (!DeleteFileA(path.c_str())) throw failureAt(path, GetLastError());
+}
+
+std::vector<std::string> Win32Files::list(const std::string& pattern) {
+    WIN32_FIND_DATAA entry;
+    const HANDLE first = FindFirstFileA(pattern.c_str(), &entry);
+    if (first == INVALID_HANDLE_VALUE) {
+        const DWORD error = GetLastError();
+        if (error == ERROR_FILE_NOT_FOUND || error == ERROR_NO_MORE_FILES) return {};
+        throw failureAt(pattern, error);
+    }
+    const std::unique_ptr<std::remove_pointer_t<HANDLE>, CloseSearch> search(first);
+    constexpr DWORD leftOut = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    std::vector<std::string> names;
+    do {
+        if ((entry.dwFileAttributes & leftOut) == 0) names.emplace_back(entry.cFileName);
+    } while (FindNextFileA(search.get(), &entry));
+    return names;
+}
+
+} // namespace sys::win32

@@ -1,0 +1,16 @@
+// Files and folders.
+#pragma once
+
+#include "system/files.h"
+
+namespace sys::win32 {
+
+class Win32Files : public Files {
+public:
+    std::unique_ptr<File> open(const std::string& path, Access access) override;
+    bool exists(const std::string& path) override;
+    void remove(const std::string& path) override;
+    std::vector<std::string> list(const std::string& pattern) override;
+};
+
+} // namespace sys::win32

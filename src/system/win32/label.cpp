@@ -1,0 +1,36 @@
+#include "system/win32/label.h"
+
+#include "system/win32/system_win32.h"
+#include "system/win32/text.h"
+
+namespace sys::win32 {
+
+LabelWindow::LabelWindow(HWND parent, const LabelStyle& style, TwipsPerPixel scale)
+    : NativeWindow(scale), style_(style), font_(createFont(style.font, scale)),
+      backBrush_(CreateSolidBrush(toNative(style.backColor))) {
+    // SS_NOTIFY: without it the mouse would go through to the window beneath.
+    constexpr DWORD look = SS_LEFTNOWORDWRAP | SS_NOPREFIX | SS_NOTIFY;
+    adopt(CreateWindowExA(0, "STATIC", "", WS_CHILD | WS_CLIPSIBLINGS | look, 0, 0, 0, 0, parent, nullptr,
+                          GetModuleHandleA(nullptr), nullptr));
+    SendMessageA(native(), WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
+}
+
+void LabelWindow::show(bool visible) {
+    if (visible)
+        SetWindowPos(native(), HWND_TOP, 0, 0, 0, 0,
+                     SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+    else
+        ShowWindow(native(), SW_HIDE);
+}
+
+HBRUSH LabelWindow::prepare(HDC dc) const {
+    SetTextColor(dc, toNative(style_.foreColor));
+    SetBkColor(dc, toNative(style_.backColor));
+    return backBrush_.get();
+}
+
+std::unique_ptr<Window> Win32System::createLabel(Window& parent, const LabelStyle& style) {
+    return std::make_unique<LabelWindow>(toNative(parent.handle()), style, twipsPerPixel());
+}
+
+} // namespace sys::win32

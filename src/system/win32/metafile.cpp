@@ -1,0 +1,118 @@
+#include "system/win32/metafile.h"
+
+#include "system/failure.h"
+#include "system/win32/metafile_records.h"
+#include "system/win32/pictures.h"
+
+#include <cstddef>
+#include <cstdlib>
+#include <memory>
+#include <utility>
+
+namespace sys::win32 {
+
+namespace {
+
+using Bytes = std::span<const std::uint8_t>;
+
+constexpr std::size_t placeableHeaderSize = 22;
+constexpr std::size_t headerSize = 18;
+
+struct DeleteMetafile {
+    void operator()(HMETAFILE metafile) const { DeleteMetaFile(metafile); }
+};
+using OwnedMetafile = std::unique_ptr<std::remove_pointer_t<HMETAFILE>, DeleteMetafile>;
+
+unsigned wordAt(Bytes bytes, std::size_t position) {
+    if (position + 2 > bytes.size()) throw Failure(FailureCode::invalidPicture);
+    return bytes[position] | static_cast<unsigned>(bytes[position + 1]) << 8;
+}
+
+int signedWordAt(Bytes bytes, std::size_t position) {
+    return static_cast<std::int16_t>(wordAt(bytes, position));
+}
+
+std::uint32_t doubleWordAt(Bytes bytes, std::size_t position) {
+    return wordAt(bytes, position) | static_cast<std::uint32_t>(wordAt(bytes, position + 2)) << 16;
+}
+
+bool isPlaceable(Bytes bytes) {
+    return bytes.size() >= placeableHeaderSize && doubleWordAt(bytes, 0) == 0x9AC6CDD7;
+}
+
+bool isPlain(Bytes bytes) {
+    return bytes.size() >= headerSize && (wordAt(bytes, 0) == 1 || wordAt(bytes, 0) == 2) &&
+           wordAt(bytes, 2) == headerSize / 2;
+}
+
+class MetafilePicture : public PaintablePicture {
+public:
+    MetafilePicture(OwnedMetafile metafile, const MetafileFrame& frame, float width, float height)
+        : metafile_(std::move(metafile)), frame_(frame), width_(width), height_(height) {}
+
+    float width() const override { return width_; }
+    float height() const override { return height_; }
+
+    void paintOn(MemoryBitmap& surface, const Block& block) const override {
+        play(surface.dc(), block.target, block.whole);
+    }
+
+    bool play(HDC dc, const PixelRect& clip, const PixelRect& whole) const {
+        const int saved = SaveDC(dc);
+        IntersectClipRect(dc, clip.left, clip.top, clip.right, clip.bottom);
+        SetMapMode(dc, MM_ANISOTROPIC);
+        SetWindowOrgEx(dc, frame_.left, frame_.top, nullptr);
+        SetWindowExtEx(dc, frame_.width, frame_.height, nullptr);
+        SetViewportOrgEx(dc, whole.left, whole.top, nullptr);
+        SetViewportExtEx(dc, whole.width(), whole.height(), nullptr);
+        const bool played = PlayMetaFile(dc, metafile_.get()) != 0;
+        RestoreDC(dc, saved);
+        return played;
+    }
+
+private:
+    OwnedMetafile metafile_;
+    MetafileFrame frame_;
+    float width_;
+    float height_;
+};
+
+} // namespace
+
+bool isMetafile(Bytes bytes) {
+    return isPlaceable(bytes) || isPlain(bytes);
+}
+
+PicturePtr decodeMetafile(Bytes bytes, TwipsPerPixel scale) {
+    const bool placeable = isPlaceable(bytes);
+    const MetafileRecords records = checkedRecords(placeable ? bytes.subspan(placeableHeaderSize) : bytes);
+    MetafileFrame frame;
+    double twipsPerUnitX = scale.x;
+    double twipsPerUnitY = scale.y;
+    if (placeable) {
+        const int left = signedWordAt(bytes, 6);
+        const int top = signedWordAt(bytes, 8);
+        frame = {left, top, signedWordAt(bytes, 10) - left, signedWordAt(bytes, 12) - top};
+        const unsigned unitsPerInch = wordAt(bytes, 14);
+        if (unitsPerInch == 0) throw Failure(FailureCode::invalidPicture);
+        twipsPerUnitX = twipsPerUnitY = 1440.0 / unitsPerInch;
+    } else if (records.window) {
+        frame = *records.window;
+    }
+    if (frame.width == 0 || frame.height == 0) throw Failure(FailureCode::invalidPicture);
+
+    OwnedMetafile metafile(
+        SetMetaFileBitsEx(static_cast<UINT>(records.playable.size()), records.playable.data()));
+    if (!metafile) throw Failure(FailureCode::invalidPicture);
+    auto picture = std::make_shared<MetafilePicture>(
+        std::move(metafile), frame, static_cast<float>(std::abs(frame.width) * twipsPerUnitX),
+        static_cast<float>(std::abs(frame.height) * twipsPerUnitY));
+    // What can't be played is to be known now, and not when it is painted.
+    constexpr PixelRect rehearsal{0, 0, 16, 16};
+    const auto stage = MemoryBitmap::make({rehearsal.width(), rehearsal.height()}, 32);
+    if (!stage) throw Failure(FailureCode::outOfMemory);
+    if (!picture->play(stage->dc(), rehearsal, rehearsal)) throw Failure(FailureCode::invalidPicture);
+    return picture;
+}
+
+} // namespace sys::win32

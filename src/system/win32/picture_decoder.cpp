@@ -1,0 +1,218 @@
+#include "system/win32/picture_decoder.h"
+
+#include "system/failure.h"
+#include "system/win32/metafile.h"
+#include "system/win32/pictures.h"
+
+#include <objbase.h>
+#include <wincodec.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+#include <utility>
+#include <vector>
+
+namespace sys::win32 {
+
+namespace {
+
+using Bytes = std::span<const std::uint8_t>;
+
+/// Above any camera's picture: only damaged files declare more, and must not exhaust the machine.
+constexpr std::uint64_t mostPixels = 64 << 20;
+
+struct ReleaseInterface {
+    void operator()(IUnknown* object) const { object->Release(); }
+};
+template <class Interface> using ComPtr = std::unique_ptr<Interface, ReleaseInterface>;
+
+void check(HRESULT result) {
+    if (SUCCEEDED(result)) return;
+    throw Failure(result == E_OUTOFMEMORY ? FailureCode::outOfMemory : FailureCode::invalidPicture);
+}
+
+/// `make` is handed the place for the interface pointer.
+template <class Interface, class Make> ComPtr<Interface> obtain(Make make) {
+    Interface* object = nullptr;
+    check(make(&object));
+    return ComPtr<Interface>(object);
+}
+
+void checkSize(std::uint64_t width, std::uint64_t height) {
+    if (width == 0 || height == 0) throw Failure(FailureCode::invalidPicture);
+    if (width * height > mostPixels) throw Failure(FailureCode::outOfMemory);
+}
+
+std::uint8_t byteAt(Bytes bytes, std::size_t position) {
+    if (position >= bytes.size()) throw Failure(FailureCode::invalidPicture);
+    return bytes[position];
+}
+
+unsigned wordAt(Bytes bytes, std::size_t position) {
+    return byteAt(bytes, position) | static_cast<unsigned>(byteAt(bytes, position + 1)) << 8;
+}
+
+/// The position behind a GIF's chain of blocks, or the end of a file that breaks off in it.
+std::size_t behindGifBlocks(Bytes bytes, std::size_t position) {
+    while (position < bytes.size() && bytes[position] != 0) position += 1U + bytes[position];
+    return std::min(position + 1, bytes.size());
+}
+
+/// The bytes of a table of colours, whose presence and length are packed into one byte.
+std::size_t gifTableLength(std::uint8_t packed) {
+    return packed & 0x80 ? std::size_t{6} << (packed & 7) : 0;
+}
+
+/// A GIF cut behind its first picture: the codec would decode all of them, at any declared size, before it
+/// tells the size of one.
+std::vector<std::uint8_t> firstPictureOfGif(Bytes bytes) {
+    std::size_t position = 13 + gifTableLength(byteAt(bytes, 10));
+    while (byteAt(bytes, position) == 0x21) position = behindGifBlocks(bytes, position + 2);
+    if (byteAt(bytes, position) != 0x2C) throw Failure(FailureCode::invalidPicture);
+    checkSize(wordAt(bytes, position + 5), wordAt(bytes, position + 7));
+    position += 10 + gifTableLength(byteAt(bytes, position + 9));
+    position = behindGifBlocks(bytes, position + 1);
+    std::vector<std::uint8_t> cut(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(position));
+    cut.push_back(0x3B);
+    return cut;
+}
+
+/// The 0-based index of the largest picture of an icon file; among equals that of most colours.
+UINT bestOfIcon(Bytes bytes) {
+    UINT best = 0;
+    std::pair<unsigned, unsigned> bestRank{0, 0};
+    const unsigned count = wordAt(bytes, 4);
+    for (UINT index = 0; index < count; ++index) {
+        const std::size_t entry = 6 + std::size_t{16} * index;
+        const unsigned side = byteAt(bytes, entry);
+        const std::pair<unsigned, unsigned> rank{side == 0 ? 256 : side, wordAt(bytes, entry + 6)};
+        if (rank <= bestRank) continue;
+        best = index;
+        bestRank = rank;
+    }
+    return best;
+}
+
+/// The coverage that a premultiplied picture has in its fourth channel; null when all of it is opaque.
+std::unique_ptr<MemoryBitmap> coverageOf(const MemoryBitmap& colors) {
+    const auto pixelCount = static_cast<std::size_t>(colors.size().width) *
+                            static_cast<std::size_t>(colors.size().height);
+    const auto alphaOf = [bits = colors.row(0)](std::size_t pixel) { return bits[pixel * 4 + 3]; };
+    std::size_t pixel = 0;
+    while (pixel < pixelCount && alphaOf(pixel) == 255) ++pixel;
+    if (pixel == pixelCount) return nullptr;
+    auto coverage = MemoryBitmap::make(colors.size(), 32);
+    if (!coverage) throw Failure(FailureCode::outOfMemory);
+    for (pixel = 0; pixel < pixelCount; ++pixel)
+        std::fill_n(coverage->row(0) + pixel * 4, 3, alphaOf(pixel));
+    return coverage;
+}
+
+bool beginsWith(Bytes bytes, std::initializer_list<std::uint8_t> signature) {
+    return bytes.size() >= signature.size() && std::equal(signature.begin(), signature.end(), bytes.begin());
+}
+
+} // namespace
+
+/// The system's imaging component, held for the whole run, as making it takes longer than a small picture.
+class ImagingCodecs {
+public:
+    ImagingCodecs() {
+        factory_ = obtain<IWICImagingFactory>([](IWICImagingFactory** factory) {
+            return CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
+                                    IID_IWICImagingFactory, reinterpret_cast<void**>(factory));
+        });
+    }
+
+    /// Without colours that show through: 24 bits a pixel.
+    std::unique_ptr<MemoryBitmap> decodeOpaque(Bytes bytes, const GUID& container) {
+        return decode(bytes, container, 0, GUID_WICPixelFormat24bppBGR, 24);
+    }
+
+    /// Premultiplied, with the coverage as the fourth byte of each pixel.
+    std::unique_ptr<MemoryBitmap> decodeTransparent(Bytes bytes, const GUID& container, UINT index) {
+        return decode(bytes, container, index, GUID_WICPixelFormat32bppPBGRA, 32);
+    }
+
+private:
+    struct Apartment {
+        Apartment() : entered(SUCCEEDED(CoInitialize(nullptr))) {}
+        Apartment(const Apartment&) = delete;
+        Apartment& operator=(const Apartment&) = delete;
+        ~Apartment() {
+            if (entered) CoUninitialize();
+        }
+        bool entered;
+    };
+
+    /// Straight into the bitmap's own memory, so that a large picture is never there twice.
+    std::unique_ptr<MemoryBitmap> decode(Bytes bytes, const GUID& container, UINT index, const GUID& format,
+                                         WORD bitsPerPixel) {
+        if (bytes.size() > std::numeric_limits<DWORD>::max()) throw Failure(FailureCode::invalidPicture);
+        const auto stream = obtain<IWICStream>([&](IWICStream** made) { return factory_->CreateStream(made); });
+        // The stream is only read, whatever its signature says.
+        check(stream->InitializeFromMemory(const_cast<BYTE*>(bytes.data()), static_cast<DWORD>(bytes.size())));
+        const auto decoder = obtain<IWICBitmapDecoder>([&](IWICBitmapDecoder** made) {
+            return factory_->CreateDecoder(container, nullptr, made);
+        });
+        check(decoder->Initialize(stream.get(), WICDecodeMetadataCacheOnDemand));
+        const auto frame = obtain<IWICBitmapFrameDecode>(
+            [&](IWICBitmapFrameDecode** made) { return decoder->GetFrame(index, made); });
+        UINT width = 0;
+        UINT height = 0;
+        check(frame->GetSize(&width, &height));
+        checkSize(width, height);
+
+        auto bitmap = MemoryBitmap::make({static_cast<int>(width), static_cast<int>(height)}, bitsPerPixel);
+        if (!bitmap) throw Failure(FailureCode::outOfMemory);
+        copyPixels(*frame, format, *bitmap);
+        return bitmap;
+    }
+
+    void copyPixels(IWICBitmapFrameDecode& frame, const GUID& format, MemoryBitmap& bitmap) {
+        const auto row = static_cast<UINT>(bitmap.bytesPerRow());
+        const auto size = static_cast<UINT>(bitmap.byteCount());
+        WICPixelFormatGUID own{};
+        check(frame.GetPixelFormat(&own));
+        if (IsEqualGUID(own, format)) {
+            check(frame.CopyPixels(nullptr, row, size, bitmap.row(0)));
+            return;
+        }
+        const auto converter = obtain<IWICFormatConverter>(
+            [&](IWICFormatConverter** made) { return factory_->CreateFormatConverter(made); });
+        check(converter->Initialize(&frame, format, WICBitmapDitherTypeNone, nullptr, 0,
+                                    WICBitmapPaletteTypeCustom));
+        check(converter->CopyPixels(nullptr, row, size, bitmap.row(0)));
+    }
+
+    Apartment apartment_; // left after the factory is gone
+    ComPtr<IWICImagingFactory> factory_;
+};
+
+PictureDecoder::PictureDecoder(TwipsPerPixel scale) : scale_(scale) {}
+PictureDecoder::~PictureDecoder() = default;
+
+PicturePtr PictureDecoder::decode(Bytes bytes) {
+    if (isMetafile(bytes)) return decodeMetafile(bytes, scale_);
+
+    if (!codecs_) codecs_ = std::make_unique<ImagingCodecs>();
+    std::unique_ptr<MemoryBitmap> colors;
+    std::unique_ptr<MemoryBitmap> coverage;
+    if (beginsWith(bytes, {0xFF, 0xD8, 0xFF})) {
+        colors = codecs_->decodeOpaque(bytes, GUID_ContainerFormatJpeg);
+    } else if (beginsWith(bytes, {'B', 'M'})) {
+        colors = codecs_->decodeOpaque(bytes, GUID_ContainerFormatBmp);
+    } else if (beginsWith(bytes, {'G', 'I', 'F', '8'})) {
+        colors = codecs_->decodeTransparent(firstPictureOfGif(bytes), GUID_ContainerFormatGif, 0);
+        coverage = coverageOf(*colors);
+    } else if (beginsWith(bytes, {0, 0, 1, 0})) {
+        colors = codecs_->decodeTransparent(bytes, GUID_ContainerFormatIco, bestOfIcon(bytes));
+        coverage = coverageOf(*colors);
+    } else {
+        throw Failure(FailureCode::invalidPicture);
+    }
+    return std::make_shared<BitmapPicture>(std::move(colors), std::move(coverage), scale_);
+}
+
+} // namespace sys::win32

@@ -1,0 +1,87 @@
+#include "system/win32/platform.h"
+
+#include "system/failure.h"
+#include "system/win32/late_library.h"
+#include "system/win32/native_window.h"
+
+namespace sys::win32 {
+
+namespace {
+
+HKEY toKey(RegistryKey key) {
+    return reinterpret_cast<HKEY>(key);
+}
+
+} // namespace
+
+WindowHandle Win32Platform::findWindow(const std::string& caption) {
+    return toHandle(FindWindowA(nullptr, caption.c_str()));
+}
+
+std::int32_t Win32Platform::pwdChangePassword(const std::string& provider, WindowHandle owner) {
+    const auto change = lateProcedure<DWORD WINAPI(LPCSTR, HWND, DWORD, DWORD)>("mpr.dll", "PwdChangePasswordA");
+    return change ? static_cast<std::int32_t>(change(provider.c_str(), toNative(owner), 0, 0)) : 0;
+}
+
+std::int32_t Win32Platform::verifyScreenSavePwd(WindowHandle owner) {
+    const auto verify = lateProcedure<BOOL WINAPI(HWND)>("password.cpl", "VerifyScreenSavePwd");
+    if (!verify) throw Failure(FailureCode::fileNotFound);
+    return verify(toNative(owner));
+}
+
+std::int32_t Win32Platform::getVersionEx(VersionRecord& record) {
+    static_assert(sizeof(VersionRecord) == sizeof(OSVERSIONINFOA));
+    // By its name, as the headers of newer systems advise against the call.
+    const auto get = lateProcedure<BOOL WINAPI(VersionRecord*)>("kernel32.dll", "GetVersionExA");
+    return get ? get(&record) : 0;
+}
+
+std::int32_t Win32Platform::regOpenKeyEx(std::uint32_t root, const std::string& subKey, std::uint32_t access,
+                                         RegistryKey& key) {
+    // The predefined keys are negative numbers of 32 bits, whatever the size of a handle.
+    const auto rootKey = toKey(static_cast<RegistryKey>(static_cast<std::int32_t>(root)));
+    HKEY opened = nullptr;
+    const LSTATUS result = RegOpenKeyExA(rootKey, subKey.c_str(), 0, access, &opened);
+    key = reinterpret_cast<RegistryKey>(opened);
+    return static_cast<std::int32_t>(result);
+}
+
+std::int32_t Win32Platform::regQueryValueEx(RegistryKey key, const std::string& name, std::uint32_t& type,
+                                            char* buffer, std::uint32_t& length) {
+    DWORD nativeType = type;
+    DWORD nativeLength = length;
+    const LSTATUS result = RegQueryValueExA(toKey(key), name.c_str(), nullptr, &nativeType,
+                                            reinterpret_cast<BYTE*>(buffer), &nativeLength);
+    type = nativeType;
+    length = nativeLength;
+    return static_cast<std::int32_t>(result);
+}
+
+std::int32_t Win32Platform::regCloseKey(RegistryKey key) {
+    return static_cast<std::int32_t>(RegCloseKey(toKey(key)));
+}
+
+std::int32_t Win32Platform::systemParametersInfo(std::uint32_t action, std::uint32_t value,
+                                                 std::int32_t& scratch, std::uint32_t flags) {
+    return SystemParametersInfoA(action, value, &scratch, flags);
+}
+
+std::int32_t Win32Platform::setWindowPos(WindowHandle window, std::intptr_t after, int x, int y, int width,
+                                         int height, std::uint32_t flags) {
+    return SetWindowPos(toNative(window), reinterpret_cast<HWND>(after), x, y, width, height, flags);
+}
+
+int Win32Platform::showCursor(bool show) {
+    return ShowCursor(show ? TRUE : FALSE);
+}
+
+std::int32_t Win32Platform::getTickCount() {
+    return static_cast<std::int32_t>(GetTickCount());
+}
+
+std::int32_t Win32Platform::sndPlaySound(const std::string& name, std::uint32_t flags) {
+    const auto play = lateProcedure<BOOL WINAPI(LPCSTR, UINT)>("winmm.dll", "sndPlaySoundA");
+    return play ? play(name.c_str(), flags) : 0;
+}
+
+} // namespace sys::win32

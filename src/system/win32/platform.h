@@ -1,0 +1,28 @@
+// The platform calls that the program makes by name.
+#pragma once
+
+#include "system/platform.h"
+
+namespace sys::win32 {
+
+class Win32Platform : public Platform {
+public:
+    WindowHandle findWindow(const std::string& caption) override;
+    std::int32_t pwdChangePassword(const std::string& provider, WindowHandle owner) override;
+    std::int32_t verifyScreenSavePwd(WindowHandle owner) override;
+    std::int32_t getVersionEx(VersionRecord& record) override;
+    std::int32_t regOpenKeyEx(std::uint32_t root, const std::string& subKey, std::uint32_t access,
+                              RegistryKey& key) override;
+    std::int32_t regQueryValueEx(RegistryKey key, const std::string& name, std::uint32_t& type, char* buffer,
+                                 std::uint32_t& length) override;
+    std::int32_t regCloseKey(RegistryKey key) override;
+    std::int32_t systemParametersInfo(std::uint32_t action, std::uint32_t value, std::int32_t& scratch,
+                                      std::uint32_t flags) override;
+    std::int32_t setWindowPos(WindowHandle window, std::intptr_t after, int x, int y, int width, int height,
+                              std::uint32_t flags) override;
+    int showCursor(bool show) override;
+    std::int32_t getTickCount() override;
+    std::int32_t sndPlaySound(const std::string& name, std::uint32_t flags) override;
+};
+
+} // namespace sys::win32

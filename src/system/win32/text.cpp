@@ -1,0 +1,30 @@
+#include "system/win32/text.h"
+
+#include "system/win32/system_win32.h"
+
+#include <cmath>
+
+namespace sys::win32 {
+
+OwnedFont createFont(const Font& font, TwipsPerPixel scale) {
+    constexpr double twipsPerPoint = 20;
+    const auto pixels = static_cast<int>(std::lround(font.points * twipsPerPoint / scale.y));
+    // A negative height is that of the letters; a positive one would be that of the line.
+    return OwnedFont(CreateFontA(-pixels, 0, 0, 0, font.bold ? FW_BOLD : FW_NORMAL, FALSE, FALSE, FALSE,
+                                 DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
+                                 DEFAULT_PITCH | FF_DONTCARE, font.name.c_str()));
+}
+
+Size Win32System::measureText(const std::string& text, const Font& font) {
+    const OwnedFont native = createFont(font, twipsPerPixel());
+    const OwnedDc dc(CreateCompatibleDC(nullptr));
+    const HGDIOBJ former = SelectObject(dc.get(), native.get());
+    RECT room{};
+    // As a label draws it.
+    DrawTextA(dc.get(), text.c_str(), static_cast<int>(text.size()), &room,
+              DT_CALCRECT | DT_NOPREFIX | DT_EXPANDTABS);
+    SelectObject(dc.get(), former);
+    return {room.right, room.bottom};
+}
+
+} // namespace sys::win32
