@@ -55,6 +55,9 @@ public:
     explicit HostFile(Handle handle) : handle_(std::move(handle)) {}
 
     std::size_t read(void* buffer, std::size_t size) override {
+        if (size == 0) {
+            return 0;
+        }
         position(position_);
         const std::size_t count = std::fread(buffer, 1, size, handle_.get());
         if (count < size && std::ferror(handle_.get()) != 0) {
@@ -65,6 +68,9 @@ public:
     }
 
     void write(const void* data, std::size_t size) override {
+        if (size == 0) {
+            return;
+        }
         position(position_);
         if (std::fwrite(data, 1, size, handle_.get()) != size) {
             failTransfer();

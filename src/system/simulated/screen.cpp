@@ -145,7 +145,8 @@ void Screen::countPresented(std::int64_t pixels) {
 WindowHandle Screen::attach(WindowNode& window) {
     const WindowHandle handle = std::exchange(nextHandle_, nextHandle_ + 2);
     windows_.emplace(handle, &window);
-    insert(window, true);
+    // A new form comes in front, a new child behind its siblings, as the real system has it.
+    insert(window, isTopLevel(window.kind_));
     return handle;
 }
 

@@ -1,0 +1,205 @@
+#include "system/failure.h"
+#include "system/simulated/machine.h"
+#include "unit/system/simulated/recording_input.h"
+
+#include <gmock/gmock.h>
+
+#include <limits>
+
+namespace {
+
+using sys::simulated::currentUserRoot;
+using sys::simulated::Machine;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class SimulatedCalls : public testing::Test {
+protected:
+    SimulatedCalls() { machine.connect(input); }
+
+    RecordingInput input;
+    Machine machine;
+    sys::simulated::SimulatedPlatform& platform = machine.platform();
+};
+
+TEST_F(SimulatedCalls, EachCall_IsRecordedWithItsArguments) {
+    std::int32_t scratch = 0;
+    sys::VersionRecord version{.size = 148};
+    sys::RegistryKey key = 0;
+    platform.findWindow("Some Form");
+    platform.pwdChangePassword("SCRSAVE", 12);
+    platform.getVersionEx(version);
+    platform.regOpenKeyEx(currentUserRoot, "a\\b", 1, key);
+    platform.regCloseKey(9);
+    platform.systemParametersInfo(97, 1, scratch, 0);
+    platform.setWindowPos(3, -1, 0, 0, 0, 0, 3);
+    platform.showCursor(false);
+    platform.sndPlaySound("0", 1);
+    platform.getTickCount();
+    EXPECT_THAT(platform.calls(),
+                ElementsAre("findWindow(\"Some Form\")", "pwdChangePassword(\"SCRSAVE\", 12)",
+                            "getVersionEx(148)", "regOpenKeyEx(2147483649, \"a\\b\", 1)", "regCloseKey(9)",
+                            "systemParametersInfo(97, 1, 0)", "setWindowPos(3, -1, 0, 0, 0, 0, 3)",
+                            "showCursor(0)", "sndPlaySound(\"0\", 1)"));
+    platform.forgetCalls();
+    EXPECT_THAT(platform.calls(), IsEmpty());
+}
+
+TEST_F(SimulatedCalls, FindWindow_FindsFormsOfThisAndOtherPrograms) {
+    EXPECT_EQ(platform.findWindow("Show"), 0U);
+    const auto other = machine.addForeignWindow("Show");
+    EXPECT_EQ(platform.findWindow("SHOW"), other);
+    machine.removeForeignWindow(other);
+    EXPECT_EQ(platform.findWindow("Show"), 0U);
+    auto form = machine.createForm({"Show", {}});
+    EXPECT_EQ(platform.findWindow("Show"), form->handle()) << "hidden though it is";
+    const auto label = machine.createLabel(*form, {{"Arial"}, {}, {}});
+    label->setText("Inside");
+    EXPECT_EQ(platform.findWindow("Inside"), 0U) << "only top-level windows";
+    form->setText("Other");
+    EXPECT_EQ(platform.findWindow("Other"), form->handle());
+    form.reset();
+    EXPECT_EQ(platform.findWindow("Other"), 0U);
+}
+
+TEST_F(SimulatedCalls, Cursor_ShowsFromZeroOn) {
+    EXPECT_EQ(platform.showCursor(false), -1);
+    EXPECT_EQ(platform.showCursor(false), -2);
+    EXPECT_EQ(platform.showCursor(true), -1);
+    EXPECT_EQ(platform.cursorCount(), -1);
+    platform.setCursorCount(5);
+    EXPECT_EQ(platform.showCursor(true), 6);
+}
+
+TEST_F(SimulatedCalls, Version_IsOfTheNtFamilyUnlessToldOtherwise) {
+    sys::VersionRecord version{.size = 148};
+    EXPECT_EQ(platform.getVersionEx(version), 1);
+    EXPECT_EQ(version.platformId, 2U);
+    platform.setPlatformId(1);
+    platform.getVersionEx(version);
+    EXPECT_EQ(version.platformId, 1U);
+    EXPECT_EQ(version.major, 4U);
+    version.size = 100;
+    EXPECT_EQ(platform.getVersionEx(version), 0);
+}
+
+TEST_F(SimulatedCalls, TickCount_MovesWithTheClockAndTurnsNegative) {
+    const std::int32_t before = platform.getTickCount();
+    machine.advance(25);
+    EXPECT_EQ(platform.getTickCount(), before + 25);
+    platform.setTickCount(std::numeric_limits<std::int32_t>::max() - 1);
+    machine.advance(1);
+    EXPECT_EQ(platform.getTickCount(), std::numeric_limits<std::int32_t>::max());
+    machine.advance(1);
+    EXPECT_EQ(platform.getTickCount(), std::numeric_limits<std::int32_t>::min());
+    platform.setTickCount(-1);
+    machine.advance(1);
+    EXPECT_EQ(platform.getTickCount(), 0);
+}
+
+TEST_F(SimulatedCalls, Registry_GivesTheBytesAsStored) {
+    platform.setRegistryText(currentUserRoot, "Control Panel\\Desktop", "Use", "12");
+    sys::RegistryKey key = 0;
+    EXPECT_EQ(platform.regOpenKeyEx(currentUserRoot, "Control Panel\\None", 1, key), 2);
+    EXPECT_EQ(platform.regOpenKeyEx(0x80000002, "Control Panel\\Desktop", 1, key), 2);
+    ASSERT_EQ(platform.regOpenKeyEx(currentUserRoot, "control panel\\desktop", 1, key), 0);
+    EXPECT_EQ(platform.openRegistryKeys(), 1);
+    std::uint32_t type = 0;
+    char buffer[8] = "       ";
+    std::uint32_t length = sizeof buffer;
+    EXPECT_EQ(platform.regQueryValueEx(key, "USE", type, buffer, length), 0);
+    EXPECT_EQ(type, 1U);
+    EXPECT_EQ(length, 3U) << "the terminating zero counts";
+    EXPECT_STREQ(buffer, "12");
+    length = 2;
+    EXPECT_EQ(platform.regQueryValueEx(key, "Use", type, buffer, length), 234);
+    EXPECT_EQ(length, 3U);
+    length = 0;
+    EXPECT_EQ(platform.regQueryValueEx(key, "Use", type, nullptr, length), 0);
+    EXPECT_EQ(length, 3U);
+    EXPECT_EQ(platform.regQueryValueEx(key, "Other", type, buffer, length), 2);
+    EXPECT_EQ(platform.regCloseKey(key), 0);
+    EXPECT_EQ(platform.openRegistryKeys(), 0);
+    EXPECT_EQ(platform.regQueryValueEx(key, "Use", type, buffer, length), 6);
+    EXPECT_EQ(platform.regCloseKey(key), 6);
+}
+
+TEST_F(SimulatedCalls, RegistryNumber_HasFourBytesLowestFirst) {
+    platform.setRegistryNumber(currentUserRoot, "Desktop", "Use", 0x01020384);
+    sys::RegistryKey key = 0;
+    platform.regOpenKeyEx(currentUserRoot, "Desktop", 1, key);
+    std::uint32_t type = 0;
+    char buffer[8] = {};
+    std::uint32_t length = sizeof buffer;
+    EXPECT_EQ(platform.regQueryValueEx(key, "Use", type, buffer, length), 0);
+    EXPECT_EQ(type, 4U);
+    EXPECT_EQ(std::string(buffer, length), "\x84\x03\x02\x01");
+}
+
+TEST_F(SimulatedCalls, ScreenSaverRunning_GivesTheStateBefore) {
+    std::int32_t scratch = 7;
+    EXPECT_EQ(platform.systemParametersInfo(97, 1, scratch, 0), 1);
+    EXPECT_EQ(scratch, 0);
+    EXPECT_TRUE(platform.screenSaverRunning());
+    platform.systemParametersInfo(97, 0, scratch, 0);
+    EXPECT_EQ(scratch, 1);
+    EXPECT_FALSE(platform.screenSaverRunning());
+    EXPECT_EQ(platform.systemParametersInfo(4711, 1, scratch, 0), 0);
+}
+
+TEST_F(SimulatedCalls, Password_IsAnsweredInTurnAfterItsTime) {
+    const auto form = machine.createForm({"Form", {}});
+    form->place({0, 0, 300, 300});
+    form->show(true);
+    platform.answerPassword(0, 5000);
+    platform.answerPassword(1);
+    machine.setAlarm(machine.now() + 4000);
+    machine.user(4500).press(112);
+    const std::int64_t before = machine.now();
+    EXPECT_EQ(platform.verifyScreenSavePwd(form->handle()), 0);
+    EXPECT_EQ(machine.now(), before + 5000);
+    EXPECT_THAT(input.events, ElementsAre("alarm", "key 112"));
+    EXPECT_EQ(platform.verifyScreenSavePwd(form->handle()), 1);
+    EXPECT_THROW(platform.verifyScreenSavePwd(form->handle()), sys::simulated::Stuck);
+}
+
+TEST_F(SimulatedCalls, MissingPasswordLibrary_IsAFileThatIsNotFound) {
+    platform.answerPassword(1);
+    platform.removePasswordLibrary();
+    try {
+        platform.verifyScreenSavePwd(1);
+        FAIL();
+    } catch (const Failure& failure) {
+        EXPECT_EQ(failure.number(), 53);
+    }
+}
+
+TEST_F(SimulatedCalls, PasswordChange_GivesTheResultThatIsSet) {
+    EXPECT_EQ(platform.pwdChangePassword("SCRSAVE", 1), 0);
+    platform.setPasswordChangeResult(5);
+    EXPECT_EQ(platform.pwdChangePassword("SCRSAVE", 1), 5);
+}
+
+TEST_F(SimulatedCalls, Sound_PlaysUntilAnotherCutsItOff) {
+    machine.files().addFile("C:\\a.wav", "RIFF");
+    EXPECT_EQ(platform.sndPlaySound("C:\\a.wav", 1), 1);
+    EXPECT_EQ(platform.playingSound(), "C:\\a.wav");
+    EXPECT_EQ(platform.sndPlaySound("C:\\b.wav", 1 | 0x10), 0) << "told not to cut off";
+    EXPECT_EQ(platform.playingSound(), "C:\\a.wav");
+    EXPECT_EQ(platform.sndPlaySound("0", 1), 1) << "the default sound";
+    EXPECT_EQ(platform.playingSound(), std::nullopt);
+    EXPECT_EQ(platform.sndPlaySound("C:\\none.wav", 1 | 2), 0) << "and no default";
+    EXPECT_EQ(platform.sndPlaySound("", 1), 1);
+}
+
+TEST_F(SimulatedCalls, Settings_AreKeptByNamesInAnyCase) {
+    auto& settings = machine.settings();
+    EXPECT_EQ(settings.read("App", "Settings", "Key"), std::nullopt);
+    settings.write("App", "Settings", "Key", "value");
+    EXPECT_EQ(settings.read("APP", "settings", "KEY"), "value");
+    EXPECT_EQ(settings.read("App", "Other", "Key"), std::nullopt);
+    settings.write("app", "Settings", "key", "");
+    EXPECT_EQ(settings.read("App", "Settings", "Key"), "");
+}
+
+} // namespace

@@ -1,0 +1,48 @@
+// A receiver of a machine's events that writes them down.
+#pragma once
+
+#include "system/windows.h"
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+class RecordingInput final : public sys::Input {
+public:
+    std::vector<std::string> events;
+    /// Runs with every event after it was written down, as a program's handler does.
+    std::function<void(const std::string& event)> handler;
+    sys::MouseEvent lastMouse;
+
+    std::vector<std::string> take() { return std::exchange(events, {}); }
+
+    void mouseMoved(const sys::MouseEvent& event) override { addMouse("move", event); }
+    void mousePressed(const sys::MouseEvent& event) override { addMouse("press", event); }
+    void mouseDoublePressed(const sys::MouseEvent& event) override { addMouse("double press", event); }
+    void mouseReleased(const sys::MouseEvent& event, bool inside) override {
+        addMouse(inside ? "release" : "release outside", event);
+    }
+    void keyPressed(sys::WindowHandle, int keyCode, int shift) override {
+        add("key " + std::to_string(keyCode) + (shift != 0 ? " shift " + std::to_string(shift) : ""));
+    }
+    void characterTyped(sys::WindowHandle, int character) override {
+        add("character " + std::to_string(character));
+    }
+    void closeRequested(sys::WindowHandle, sys::CloseReason reason) override {
+        add("close " + std::to_string(static_cast<int>(reason)));
+    }
+    void alarmRang() override { add("alarm"); }
+
+private:
+    void add(std::string event) {
+        events.push_back(event);
+        if (handler) {
+            handler(event);
+        }
+    }
+    void addMouse(const std::string& name, const sys::MouseEvent& event) {
+        lastMouse = event;
+        add(name + " " + std::to_string(event.button));
+    }
+};
