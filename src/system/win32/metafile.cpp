@@ -2,6 +2,7 @@
 
 #include "system/failure.h"
 #include "system/win32/metafile_records.h"
+#include "system/win32/picture_bytes.h"
 #include "system/win32/pictures.h"
 
 #include <cstddef>
@@ -13,8 +14,6 @@ namespace sys::win32 {
 
 namespace {
 
-using Bytes = std::span<const std::uint8_t>;
-
 constexpr std::size_t placeableHeaderSize = 22;
 constexpr std::size_t headerSize = 18;
 
@@ -22,19 +21,6 @@ struct DeleteMetafile {
     void operator()(HMETAFILE metafile) const { DeleteMetaFile(metafile); }
 };
 using OwnedMetafile = std::unique_ptr<std::remove_pointer_t<HMETAFILE>, DeleteMetafile>;
-
-unsigned wordAt(Bytes bytes, std::size_t position) {
-    if (position + 2 > bytes.size()) throw Failure(FailureCode::invalidPicture);
-    return bytes[position] | static_cast<unsigned>(bytes[position + 1]) << 8;
-}
-
-int signedWordAt(Bytes bytes, std::size_t position) {
-    return static_cast<std::int16_t>(wordAt(bytes, position));
-}
-
-std::uint32_t doubleWordAt(Bytes bytes, std::size_t position) {
-    return wordAt(bytes, position) | static_cast<std::uint32_t>(wordAt(bytes, position + 2)) << 16;
-}
 
 bool isPlaceable(Bytes bytes) {
     return bytes.size() >= placeableHeaderSize && doubleWordAt(bytes, 0) == 0x9AC6CDD7;
@@ -94,16 +80,16 @@ PicturePtr decodeMetafile(Bytes bytes, TwipsPerPixel scale) {
         const int top = signedWordAt(bytes, 8);
         frame = {left, top, signedWordAt(bytes, 10) - left, signedWordAt(bytes, 12) - top};
         const unsigned unitsPerInch = wordAt(bytes, 14);
-        if (unitsPerInch == 0) throw Failure(FailureCode::invalidPicture);
+        demand(unitsPerInch != 0);
         twipsPerUnitX = twipsPerUnitY = 1440.0 / unitsPerInch;
     } else if (records.window) {
         frame = *records.window;
     }
-    if (frame.width == 0 || frame.height == 0) throw Failure(FailureCode::invalidPicture);
+    demand(frame.width != 0 && frame.height != 0);
 
     OwnedMetafile metafile(
         SetMetaFileBitsEx(static_cast<UINT>(records.playable.size()), records.playable.data()));
-    if (!metafile) throw Failure(FailureCode::invalidPicture);
+    demand(metafile != nullptr);
     auto picture = std::make_shared<MetafilePicture>(
         std::move(metafile), frame, static_cast<float>(std::abs(frame.width) * twipsPerUnitX),
         static_cast<float>(std::abs(frame.height) * twipsPerUnitY));
@@ -111,7 +97,7 @@ PicturePtr decodeMetafile(Bytes bytes, TwipsPerPixel scale) {
     constexpr PixelRect rehearsal{0, 0, 16, 16};
     const auto stage = MemoryBitmap::make({rehearsal.width(), rehearsal.height()}, 32);
     if (!stage) throw Failure(FailureCode::outOfMemory);
-    if (!picture->play(stage->dc(), rehearsal, rehearsal)) throw Failure(FailureCode::invalidPicture);
+    demand(picture->play(stage->dc(), rehearsal, rehearsal));
     return picture;
 }
 

@@ -1,34 +1,19 @@
 #include "system/win32/metafile_records.h"
 
-#include "system/failure.h"
+#include "system/win32/dib.h"
 #include "system/win32/native.h"
+#include "system/win32/picture_bytes.h"
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdlib>
 
 namespace sys::win32 {
 
 namespace {
 
-using Bytes = std::span<const std::uint8_t>;
-
 constexpr std::size_t headerSize = 18;
 constexpr std::size_t wordsBeforeParameters = 3; // 32 bits of length, in words, and 16 of function
 constexpr std::size_t brushTransferSize = 18;    // of the parameters, where there is no bitmap
-
-void demand(bool condition) {
-    if (!condition) throw Failure(FailureCode::invalidPicture);
-}
-
-unsigned wordAt(Bytes bytes, std::size_t position) {
-    demand(position + 2 <= bytes.size());
-    return bytes[position] | static_cast<unsigned>(bytes[position + 1]) << 8;
-}
-
-std::uint32_t doubleWordAt(Bytes bytes, std::size_t position) {
-    return wordAt(bytes, position) | static_cast<std::uint32_t>(wordAt(bytes, position + 2)) << 16;
-}
 
 void setWord(std::vector<std::uint8_t>& bytes, std::size_t position, std::size_t value) {
     bytes[position] = static_cast<std::uint8_t>(value);
@@ -49,28 +34,9 @@ void checkPolygons(Bytes parameters) {
     demand(2 + polygons * 2 + points * 4 <= parameters.size());
 }
 
-/// A bitmap with its own header and colours.
 void checkDib(Bytes dib) {
-    const std::uint64_t dibHeaderSize = doubleWordAt(dib, 0);
-    demand(dibHeaderSize == sizeof(BITMAPCOREHEADER) || dibHeaderSize >= sizeof(BITMAPINFOHEADER));
-    const bool core = dibHeaderSize == sizeof(BITMAPCOREHEADER);
-    const auto signedAt = [&](std::size_t position) {
-        return static_cast<std::int64_t>(static_cast<std::int32_t>(doubleWordAt(dib, position)));
-    };
-    const auto width = core ? static_cast<std::int64_t>(wordAt(dib, 4)) : signedAt(4);
-    const auto height = core ? static_cast<std::int64_t>(wordAt(dib, 6)) : std::abs(signedAt(8));
-    const unsigned bits = wordAt(dib, core ? 10 : 14);
-    demand(width > 0 && bits <= 32);
-
-    const std::uint32_t compression = core ? BI_RGB : doubleWordAt(dib, 16);
-    const std::uint64_t named = core ? 0 : doubleWordAt(dib, 32);
-    const std::uint64_t colors = bits <= 8 && named == 0 ? std::uint64_t{1} << bits : named;
-    const std::uint64_t masks = compression == BI_BITFIELDS ? 12 : 0;
-    const std::uint64_t before = dibHeaderSize + masks + colors * (core ? 3 : 4);
-    const std::uint64_t row = (static_cast<std::uint64_t>(width) * bits + 31) / 32 * 4;
-    const bool packed = compression != BI_RGB && compression != BI_BITFIELDS;
-    const std::uint64_t pixels = packed ? doubleWordAt(dib, 20) : row * static_cast<std::uint64_t>(height);
-    demand(before <= dib.size() && pixels <= dib.size() - before);
+    const DibLayout layout = layoutOfDib(dib);
+    demand(layout.pixelBytes <= dib.size() - layout.pixelsAt);
 }
 
 class Walk {
@@ -125,13 +91,13 @@ private:
             useObject(wordAt(parameters, 2));
             break;
         case META_POLYPOLYGON: checkPolygons(parameters); break;
-        case META_SETDIBTODEV: checkDib(behind(parameters, 9)); break;
-        case META_STRETCHDIB: checkDib(behind(parameters, 11)); break;
+        case META_SETDIBTODEV: checkDib(bytesFrom(parameters, 18)); break;
+        case META_STRETCHDIB: checkDib(bytesFrom(parameters, 22)); break;
         case META_DIBBITBLT:
-            if (parameters.size() != brushTransferSize) checkDib(behind(parameters, 8));
+            if (parameters.size() != brushTransferSize) checkDib(bytesFrom(parameters, 16));
             break;
-        case META_DIBSTRETCHBLT: checkDib(behind(parameters, 10)); break;
-        case META_DIBCREATEPATTERNBRUSH: checkDib(behind(parameters, 2)); break;
+        case META_DIBSTRETCHBLT: checkDib(bytesFrom(parameters, 20)); break;
+        case META_DIBCREATEPATTERNBRUSH: checkDib(bytesFrom(parameters, 4)); break;
         // Bitmaps in a device's own layout: no writer of this century makes them, and their sizes can't
         // be relied on.
         case META_BITBLT:
@@ -141,29 +107,24 @@ private:
         }
     }
 
-    static Bytes behind(Bytes parameters, std::size_t words) {
-        demand(words * 2 <= parameters.size());
-        return parameters.subspan(words * 2);
-    }
-
     void setOrigin(Bytes parameters) {
         if (originSet_) return;
         originSet_ = true;
-        window_.top = static_cast<std::int16_t>(wordAt(parameters, 0));
-        window_.left = static_cast<std::int16_t>(wordAt(parameters, 2));
+        window_.top = signedWordAt(parameters, 0);
+        window_.left = signedWordAt(parameters, 2);
     }
 
     void setExtent(Bytes parameters) {
         if (extentSet_) return;
         extentSet_ = true;
-        window_.height = static_cast<std::int16_t>(wordAt(parameters, 0));
-        window_.width = static_cast<std::int16_t>(wordAt(parameters, 2));
+        window_.height = signedWordAt(parameters, 0);
+        window_.width = signedWordAt(parameters, 2);
     }
 
     /// May only take back what the metafile itself has saved, or it would undo the caller's clipping.
     void restore(Bytes parameters) {
-        saved_ += static_cast<std::int16_t>(wordAt(parameters, 0));
-        demand(wordAt(parameters, 0) >= 0x8000 && saved_ >= 0);
+        saved_ += signedWordAt(parameters, 0);
+        demand(signedWordAt(parameters, 0) < 0 && saved_ >= 0);
     }
 
     void useObject(unsigned index) { objects_ = std::max<std::size_t>(objects_, std::min(index + 1, 0xFFFFU)); }

@@ -1,7 +1,8 @@
 #include "system/win32/picture_decoder.h"
 
-#include "system/failure.h"
+#include "system/win32/dib.h"
 #include "system/win32/metafile.h"
+#include "system/win32/picture_bytes.h"
 #include "system/win32/pictures.h"
 
 #include <objbase.h>
@@ -16,11 +17,6 @@
 namespace sys::win32 {
 
 namespace {
-
-using Bytes = std::span<const std::uint8_t>;
-
-/// Above any camera's picture: only damaged files declare more, and must not exhaust the machine.
-constexpr std::uint64_t mostPixels = 64 << 20;
 
 struct ReleaseInterface {
     void operator()(IUnknown* object) const { object->Release(); }
@@ -39,20 +35,6 @@ template <class Interface, class Make> ComPtr<Interface> obtain(Make make) {
     return ComPtr<Interface>(object);
 }
 
-void checkSize(std::uint64_t width, std::uint64_t height) {
-    if (width == 0 || height == 0) throw Failure(FailureCode::invalidPicture);
-    if (width * height > mostPixels) throw Failure(FailureCode::outOfMemory);
-}
-
-std::uint8_t byteAt(Bytes bytes, std::size_t position) {
-    if (position >= bytes.size()) throw Failure(FailureCode::invalidPicture);
-    return bytes[position];
-}
-
-unsigned wordAt(Bytes bytes, std::size_t position) {
-    return byteAt(bytes, position) | static_cast<unsigned>(byteAt(bytes, position + 1)) << 8;
-}
-
 /// The position behind a GIF's chain of blocks, or the end of a file that breaks off in it.
 std::size_t behindGifBlocks(Bytes bytes, std::size_t position) {
     while (position < bytes.size() && bytes[position] != 0) position += 1U + bytes[position];
@@ -69,7 +51,7 @@ std::size_t gifTableLength(std::uint8_t packed) {
 std::vector<std::uint8_t> firstPictureOfGif(Bytes bytes) {
     std::size_t position = 13 + gifTableLength(byteAt(bytes, 10));
     while (byteAt(bytes, position) == 0x21) position = behindGifBlocks(bytes, position + 2);
-    if (byteAt(bytes, position) != 0x2C) throw Failure(FailureCode::invalidPicture);
+    demand(byteAt(bytes, position) == 0x2C);
     checkSize(wordAt(bytes, position + 5), wordAt(bytes, position + 7));
     position += 10 + gifTableLength(byteAt(bytes, position + 9));
     position = behindGifBlocks(bytes, position + 1);
@@ -149,7 +131,7 @@ private:
     /// Straight into the bitmap's own memory, so that a large picture is never there twice.
     std::unique_ptr<MemoryBitmap> decode(Bytes bytes, const GUID& container, UINT index, const GUID& format,
                                          WORD bitsPerPixel) {
-        if (bytes.size() > std::numeric_limits<DWORD>::max()) throw Failure(FailureCode::invalidPicture);
+        demand(bytes.size() <= std::numeric_limits<DWORD>::max());
         const auto stream = obtain<IWICStream>([&](IWICStream** made) { return factory_->CreateStream(made); });
         // The stream is only read, whatever its signature says.
         check(stream->InitializeFromMemory(const_cast<BYTE*>(bytes.data()), static_cast<DWORD>(bytes.size())));
@@ -193,21 +175,25 @@ private:
 PictureDecoder::PictureDecoder(TwipsPerPixel scale) : scale_(scale) {}
 PictureDecoder::~PictureDecoder() = default;
 
+ImagingCodecs& PictureDecoder::codecs() {
+    if (!codecs_) codecs_ = std::make_unique<ImagingCodecs>();
+    return *codecs_;
+}
+
 PicturePtr PictureDecoder::decode(Bytes bytes) {
     if (isMetafile(bytes)) return decodeMetafile(bytes, scale_);
 
-    if (!codecs_) codecs_ = std::make_unique<ImagingCodecs>();
     std::unique_ptr<MemoryBitmap> colors;
     std::unique_ptr<MemoryBitmap> coverage;
-    if (beginsWith(bytes, {0xFF, 0xD8, 0xFF})) {
-        colors = codecs_->decodeOpaque(bytes, GUID_ContainerFormatJpeg);
-    } else if (beginsWith(bytes, {'B', 'M'})) {
-        colors = codecs_->decodeOpaque(bytes, GUID_ContainerFormatBmp);
+    if (beginsWith(bytes, {'B', 'M'})) {
+        colors = decodeBmp(bytes);
+    } else if (beginsWith(bytes, {0xFF, 0xD8, 0xFF})) {
+        colors = codecs().decodeOpaque(bytes, GUID_ContainerFormatJpeg);
     } else if (beginsWith(bytes, {'G', 'I', 'F', '8'})) {
-        colors = codecs_->decodeTransparent(firstPictureOfGif(bytes), GUID_ContainerFormatGif, 0);
+        colors = codecs().decodeTransparent(firstPictureOfGif(bytes), GUID_ContainerFormatGif, 0);
         coverage = coverageOf(*colors);
     } else if (beginsWith(bytes, {0, 0, 1, 0})) {
-        colors = codecs_->decodeTransparent(bytes, GUID_ContainerFormatIco, bestOfIcon(bytes));
+        colors = codecs().decodeTransparent(bytes, GUID_ContainerFormatIco, bestOfIcon(bytes));
         coverage = coverageOf(*colors);
     } else {
         throw Failure(FailureCode::invalidPicture);

@@ -20,6 +20,8 @@ public:
     PicturePtr decode(std::span<const std::uint8_t> bytes);
 
 private:
+    ImagingCodecs& codecs();
+
     TwipsPerPixel scale_;
     std::unique_ptr<ImagingCodecs> codecs_; // made at first need
 };
