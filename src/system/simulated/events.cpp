@@ -12,9 +12,6 @@ constexpr int keyOfUnknownCharacter = 231; // the code of characters that no key
 
 constexpr int noCharacter = 0;
 
-/// A label takes the mouse to itself.
-bool reports(const WindowNode& window) { return window.kind() != WindowKind::label; }
-
 bool isLetter(int code) { return code >= 'A' && code <= 'Z'; }
 
 /// What a key with the code of its character makes; 0 if it makes none.
@@ -128,7 +125,7 @@ Devices::Devices(Screen& screen)
 void Devices::movePointer(Point to, int shift) {
     pointer_ = {std::clamp(to.x, 0, std::max(0, screen_.size().width - 1)),
                 std::clamp(to.y, 0, std::max(0, screen_.size().height - 1))};
-    if (const WindowNode* window = target(); window != nullptr && reports(*window)) {
+    if (const WindowNode* window = target(); window != nullptr) {
         input_->mouseMoved(eventFor(*window, buttonsDown_, shift));
     }
 }
@@ -142,9 +139,6 @@ void Devices::pressButton(MouseButton button, int shift, Press press) {
     if (pressed_ == 0) {
         pressed_ = window->id();
         screen_.activate(*window);
-    }
-    if (!reports(*window)) {
-        return;
     }
     const MouseEvent event = eventFor(*window, button, shift);
     if (press == Press::second) {
@@ -161,7 +155,7 @@ void Devices::releaseButton(MouseButton button, int shift) {
     if (buttonsDown_ == 0) {
         pressed_ = 0;
     }
-    if (window != nullptr && reports(*window)) {
+    if (window != nullptr) {
         input_->mouseReleased(eventFor(*window, button, shift), inside);
     }
 }

@@ -63,7 +63,7 @@ std::int32_t SimulatedPlatform::verifyScreenSavePwd(WindowHandle owner) {
     }
     const PasswordAnswer answer = passwordAnswers_.front();
     passwordAnswers_.pop_front();
-    queue_.advance(answer.duration);
+    queue_.advanceAlarms(answer.duration);
     return answer.result;
 }
 

@@ -72,7 +72,8 @@ public:
                            std::uint32_t number);
 
     /// The answers to the next request for the password, in turn: 0 is a wrong one. Its box is up for
-    /// `duration` ms, in which events and alarms come as always. A request without an answer throws Stuck.
+    /// `duration` ms, in which alarms come and all other events wait. A request without an answer throws
+    /// Stuck.
     void answerPassword(std::int32_t result, std::int64_t duration = 0);
     /// Requests for the password then fail with 53.
     void removePasswordLibrary() { passwordLibraryMissing_ = true; }

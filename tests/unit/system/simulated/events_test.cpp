@@ -318,7 +318,7 @@ TEST_F(SimulatedEvents, Click_MeetsTheForemostChild) {
     EXPECT_EQ(input.lastMouse.window, back->handle());
 }
 
-TEST_F(SimulatedEvents, Label_TakesTheMouseAndReportsNothing) {
+TEST_F(SimulatedEvents, Label_TakesTheMouseFromWhatIsBeneath) {
     const auto box = machine.createPictureBox(*form, {});
     box->place({0, 0, 1500, 1500});
     const auto label = machine.createLabel(*form, {{"Arial"}, {}, {}});
@@ -329,7 +329,8 @@ TEST_F(SimulatedEvents, Label_TakesTheMouseAndReportsNothing) {
     EXPECT_EQ(machine.windowAt({5, 5}), label->handle()) << "showing brings it to the front";
     machine.user().click(sys::Point{5, 5});
     machine.runUntilIdle();
-    EXPECT_THAT(input.events, IsEmpty());
+    EXPECT_THAT(input.events, ElementsAre("move 0", "press 1", "release 1"));
+    EXPECT_EQ(input.lastMouse.window, label->handle());
 }
 
 TEST_F(SimulatedEvents, Window_MayGoInsideItsOwnEvent) {

@@ -158,7 +158,7 @@ TEST_F(SimulatedCalls, Password_IsAnsweredInTurnAfterItsTime) {
     const std::int64_t before = machine.now();
     EXPECT_EQ(platform.verifyScreenSavePwd(form->handle()), 0);
     EXPECT_EQ(machine.now(), before + 5000);
-    EXPECT_THAT(input.events, ElementsAre("alarm", "key 112"));
+    EXPECT_THAT(input.events, ElementsAre("alarm")) << "keys are the box's meanwhile";
     EXPECT_EQ(platform.verifyScreenSavePwd(form->handle()), 1);
     EXPECT_THROW(platform.verifyScreenSavePwd(form->handle()), sys::simulated::Stuck);
 }
