@@ -42,10 +42,22 @@ if(MINGW_COMPILER)
         add_test(NAME contract.under_wine
             COMMAND "${PROJECT_SOURCE_DIR}/tools/with-wine" --template "${PROJECT_BINARY_DIR}/wine_template"
                     wine "${PROJECT_BINARY_DIR}/win32/contract_tests.exe")
-        set_tests_properties(contract.under_wine PROPERTIES LABELS "contract;wine" TIMEOUT 300)
+        set_tests_properties(contract.under_wine PROPERTIES LABELS "contract;wine" RUN_SERIAL ON TIMEOUT 300)
+    endif()
+    if(EXISTS "${PROJECT_SOURCE_DIR}/tests/endtoend/run")
+        add_test(NAME endtoend
+            COMMAND "${PROJECT_SOURCE_DIR}/tests/endtoend/run" --product "${PROJECT_BINARY_DIR}/Tessellarium.scr"
+                    --template "${PROJECT_BINARY_DIR}/wine_template")
+        set_tests_properties(endtoend PROPERTIES LABELS "endtoend;wine" RUN_SERIAL ON TIMEOUT 900)
     endif()
 else()
     message(STATUS "No x86_64-w64-mingw32-g++-posix: only the native parts are built, not Tessellarium.scr")
+endif()
+
+# What a user is given.
+add_custom_target(product DEPENDS tessellarium-inspect)
+if(TARGET windows)
+    add_dependencies(product windows)
 endif()
 
 find_program(FUZZ_COMPILER clang++)
