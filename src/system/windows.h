@@ -62,7 +62,8 @@ struct FormStyle {
     bool inTaskBar = true;
 };
 
-/// A text in front of its sibling windows: showing it brings it to the top. It takes the mouse to itself.
+/// A text in front of its sibling windows: showing it brings it to the top. It reports the mouse as every
+/// window does, so that what lies beneath it gets nothing.
 struct LabelStyle {
     Font font;
     Color foreColor;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cassert>
+#include <cstdlib>
 #include <new>
 #include <utility>
 
@@ -30,6 +31,14 @@ Application& Application::current() {
 }
 
 int Application::run(const std::function<void()>& entry) {
+    start(entry);
+    while (anyFormLoaded()) {
+        pass();
+    }
+    return 0;
+}
+
+void Application::start(const std::function<void()>& entry) {
     try {
         entry();
     } catch (const Failure& failure) {
@@ -37,12 +46,17 @@ int Application::run(const std::function<void()>& entry) {
     } catch (const std::bad_alloc&) {
         reportFailure(Failure(FailureCode::outOfMemory));
     }
-    while (loadedForms_ > 0) {
-        presentChanged();
-        system_.waitForEvents();
-        system_.deliverEvents();
-    }
-    return 0;
+}
+
+void Application::pass() {
+    presentChanged();
+    system_.waitForEvents();
+    system_.deliverEvents();
+}
+
+void Application::end(int exitCode) {
+    system_.endProcess(exitCode);
+    std::abort(); // NOTE: never reached; the compiler doesn't take a virtual function's word for that.
 }
 
 void Application::yield() {
@@ -54,7 +68,7 @@ void Application::reportFailure(const Failure& failure) {
     if (failuresShown_) {
         system_.messageBox(failure.description(), title_);
     }
-    system_.endProcess(1);
+    end(1);
 }
 
 void Application::markChanged(Canvas& canvas) {

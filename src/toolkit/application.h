@@ -31,11 +31,20 @@ public:
     /// Runs `entry`, then the event loop for as long as a form is loaded; returns the exit code.
     int run(const std::function<void()>& entry);
 
+    /// Runs the program's entry; what it lets out becomes the default report.
+    void start(const std::function<void()>& entry);
+    /// One pass of the main loop: shows what was painted, sleeps until an event waits, delivers.
+    void pass();
+    bool anyFormLoaded() const { return loadedForms_ > 0; }
+
     /// One pass of the event loop: shows what was painted and delivers the events that wait.
     void yield();
 
+    /// Brings to the screen what was painted since it was last done.
+    void presentChanged();
+
     /// Ends the process at once, from anywhere.
-    [[noreturn]] void end() { system_.endProcess(0); }
+    [[noreturn]] void end(int exitCode = 0);
 
     /// What happens to a failure that no one caught: the process ends with a code that is not 0, after a
     /// message box with the description if `showFailures` was called.
@@ -65,7 +74,6 @@ private:
     friend class Form;
     void markChanged(Canvas& canvas);
     void forgetChanged(const Canvas& canvas) { std::erase(changed_, &canvas); }
-    void presentChanged();
     void formLoaded() { ++loadedForms_; }
     void formUnloaded() { --loadedForms_; }
 

@@ -1,0 +1,14 @@
+// The commands of the inspection tool. Each returns the exit code, and fails with `WrongCall` for a call
+// that it can't take and with `Failure` where the program itself would end.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace tools {
+
+int inspectPath(const std::vector<std::string>& words);
+int inspectPlaylist(const std::vector<std::string>& words);
+int inspectShow(const std::vector<std::string>& words);
+
+} // namespace tools

@@ -1,0 +1,56 @@
+#include "startup/shared_state.h"
+#include "tools/arguments.h"
+#include "tools/commands.h"
+#include "tools/json.h"
+#include "tools/program_run.h"
+
+#include <iostream>
+
+namespace tools {
+
+namespace {
+
+std::string entry(const ItemTexts& texts, std::int16_t item) {
+    return item <= lastItem ? jsonText(texts[static_cast<std::size_t>(item)]) : "";
+}
+
+void print(const Json& object) { std::cout << object.dump() << '\n'; }
+
+} // namespace
+
+int inspectPlaylist(const std::vector<std::string>& words) {
+    const Arguments arguments(words, {"--drive"});
+    ProgramRun run({}, {});
+    run.takeDrives(arguments.all("--drive"));
+    run.takeSettings(arguments.plain());
+    run.startShow();
+
+    const toolkit::ListBox& names = run.form().lstImageNames;
+    print({{"SoundMode", shared.SoundMode},
+           {"SoundLast", shared.SoundLast},
+           {"ImagePath", jsonText(shared.ImagePath)},
+           {"count", names.listCount()}});
+    for (std::int16_t item = 0; item < names.listCount(); ++item) {
+        Json object{{"name", jsonText(names.list(item))},
+                    {"comment", entry(shared.ImageComments, item)},
+                    {"dissolve", entry(shared.ImageDissolves, item)}};
+        if (shared.SoundMode != soundList) {
+            object["sound"] = entry(shared.ImageSounds, item);
+        }
+        print(object);
+    }
+    // Without an item, only a failure leaves a text.
+    if (names.listCount() == 0 && !shared.ImageComments[0].empty()) {
+        print({{"comment", jsonText(shared.ImageComments[0])}});
+    }
+    if (shared.SoundMode == soundList) {
+        Json sounds = Json::array();
+        for (std::int16_t index = 0; index <= shared.SoundLast; ++index) {
+            sounds.push_back(entry(shared.ImageSounds, index));
+        }
+        print({{"soundlist", sounds}});
+    }
+    return 0;
+}
+
+} // namespace tools

@@ -1,0 +1,177 @@
+#include "startup/shared_state.h"
+#include "tools/arguments.h"
+#include "tools/commands.h"
+#include "tools/json.h"
+#include "tools/program_run.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <iostream>
+#include <vector>
+
+namespace tools {
+
+namespace {
+
+/// Prints what a show does. The line of a step comes first although the transition is chosen in its
+/// midst, so the lines of a step are held until it is over.
+class ShowPrinter : public toolkit::Observer, public ShowObserver {
+public:
+    explicit ShowPrinter(MainForm& form) : form_(form) {}
+
+    void moved(const toolkit::Element& element) override {
+        if (&element == &form_.Picture1) {
+            add({{"op", "place"},
+                 {"on", element.name()},
+                 {"left", jsonNumber(element.left())},
+                 {"top", jsonNumber(element.top())},
+                 {"width", jsonNumber(element.width())},
+                 {"height", jsonNumber(element.height())}});
+        }
+    }
+
+    void visibleAssigned(const toolkit::Element& element, bool changed) override {
+        if (&element == &form_.Label1) {
+            if (element.visible()) {
+                add({{"op", "comment"},
+                     {"text", jsonText(form_.Label1.caption())},
+                     {"left", jsonNumber(element.left())},
+                     {"top", jsonNumber(element.top())}});
+            }
+        } else if (changed) {
+            add({{"op", "visible"}, {"on", element.name()}, {"value", element.visible()}});
+        }
+    }
+
+    void painted(const toolkit::Element& element, const toolkit::PaintCall& call, const void* picture) override {
+        add({{"op", "paint"},
+             {"on", element.name()},
+             {"picture", pictureName(picture)},
+             {"x1", jsonNumber(call.x1)},
+             {"y1", jsonNumber(call.y1)},
+             {"w1", jsonNumber(call.width1)},
+             {"h1", jsonNumber(call.height1)},
+             {"x2", jsonNumber(call.x2)},
+             {"y2", jsonNumber(call.y2)},
+             {"w2", jsonNumber(call.width2)},
+             {"h2", jsonNumber(call.height2)}});
+    }
+
+    void mediaPlayed(const std::string& fileName) override {
+        add({{"op", "sound"}, {"player", "media"}, {"file", jsonText(fileName)}});
+    }
+    void plainSoundPlayed(const std::string& file) override {
+        add({{"op", "sound"}, {"player", "plain"}, {"file", jsonText(file)}});
+    }
+    void held() override { add({{"op", "held"}}); }
+    void stepBegun() override {
+        begun_ = true;
+        stepPosition_ = lines_.size();
+        transition_.clear();
+    }
+    void transitionChosen(const std::string& name) override { transition_ = name; }
+    void paused(std::int16_t divisor) override { add({{"op", "pause"}, {"divisor", divisor}}); }
+    void failed(const Failure& failure) override {
+        add({{"op", "failure"}, {"code", failure.number()}, {"description", failure.description()}});
+    }
+
+    /// Prints what has happened since the last time.
+    void flush() {
+        if (begun_) {
+            const toolkit::ListBox& names = form_.lstImageNames;
+            const bool listed = shared.ImageIndex >= 0 && shared.ImageIndex < names.listCount();
+            lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(stepPosition_),
+                          Json{{"op", "step"},
+                               {"index", shared.ImageIndex},
+                               {"name", listed ? jsonText(names.list(shared.ImageIndex)) : ""},
+                               {"transition", jsonText(transition_)}});
+        }
+        for (const Json& line : lines_) {
+            std::cout << line.dump() << '\n';
+        }
+        lines_.clear();
+        begun_ = false;
+    }
+
+private:
+    void add(Json line) { lines_.push_back(std::move(line)); }
+
+    std::string pictureName(const void* picture) const {
+        if (picture == form_.Image2.picture().get()) {
+            return "banner";
+        }
+        return picture == form_.pctBlank.picture().get() ? "blank" : "image";
+    }
+
+    MainForm& form_;
+    std::vector<Json> lines_;
+    bool begun_ = false;
+    std::size_t stepPosition_ = 0;
+    std::string transition_;
+};
+
+sys::Size screenFrom(const std::string& text) {
+    const std::vector<std::string> sides = split(text, 'x');
+    if (sides.size() != 2) {
+        throw WrongCall("--screen takes WIDTHxHEIGHT in pixels");
+    }
+    return {wholeNumberFrom(sides[0], "--screen", 1), wholeNumberFrom(sides[1], "--screen", 1)};
+}
+
+sys::TwipsPerPixel scaleFrom(const Arguments& arguments) {
+    if (!arguments.has("--twips")) {
+        return {};
+    }
+    const double twips = numberFrom(arguments.one("--twips"), "--twips", 0.1);
+    return {twips, twips};
+}
+
+std::vector<float> drawsFrom(const Arguments& arguments) {
+    std::vector<float> draws;
+    if (arguments.has("--random")) {
+        for (const std::string& draw : split(arguments.one("--random"), ',')) {
+            draws.push_back(static_cast<float>(numberFrom(draw, "--random", 0)));
+        }
+    }
+    return draws;
+}
+
+std::string framePath(const std::string& folder, int step) {
+    std::string number = std::to_string(step);
+    number.insert(0, number.size() < 4 ? 4 - number.size() : 0, '0');
+    return folder + "/" + number + ".png";
+}
+
+} // namespace
+
+int inspectShow(const std::vector<std::string>& words) {
+    const Arguments arguments(words,
+                              {"--drive", "--steps", "--screen", "--twips", "--random", "--frames"});
+    const int steps = wholeNumberFrom(arguments.one("--steps"), "--steps", 0);
+    ProgramRun run(screenFrom(arguments.one("--screen")), scaleFrom(arguments));
+    run.takeDrives(arguments.all("--drive"));
+    run.takeSettings(arguments.plain());
+    run.application().random().setDraws(drawsFrom(arguments));
+    if (arguments.has("--frames")) {
+        std::filesystem::create_directories(arguments.one("--frames"));
+    }
+    run.startShow();
+    ShowPrinter printer(run.form());
+    run.application().setObserver(&printer);
+    run.form().observer = &printer;
+    for (int step = 1; step <= steps; ++step) {
+        const bool ticked = run.runToNextTick();
+        printer.flush();
+        if (!ticked) {
+            std::cout << Json{{"op", "stopped"}}.dump() << '\n';
+            break;
+        }
+        if (arguments.has("--frames")) {
+            run.machine().writePng(framePath(arguments.one("--frames"), step));
+        }
+    }
+    run.application().setObserver(nullptr);
+    return 0;
+}
+
+} // namespace tools
