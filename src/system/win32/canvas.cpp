@@ -14,9 +14,7 @@ PixelRect common(const PixelRect& a, const PixelRect& b) {
             std::min(a.bottom, b.bottom)};
 }
 
-PixelRect fromOrigin(Size size) {
-    return {0, 0, size.width, size.height};
-}
+PixelRect fromOrigin(Size size) { return {0, 0, size.width, size.height}; }
 
 } // namespace
 
@@ -47,16 +45,19 @@ void CanvasWindow::paint(const Picture& picture, const Area& target, const Area&
     const auto& paintablePicture = static_cast<const PaintablePicture&>(picture);
     const Block block = paintablePicture.blockOf(target, source, scale());
     const PixelRect visible = common(block.target, fromOrigin(size_));
-    if (block.source.empty() || visible.empty()) return;
+    if (block.source.empty() || visible.empty())
+        return;
     MemoryBitmap* bitmap = paintable();
-    if (!bitmap) return;
+    if (!bitmap)
+        return;
     paintablePicture.paintOn(*bitmap, block);
     markChanged(visible);
 }
 
 void CanvasWindow::present() {
     const PixelRect area = common(std::exchange(changed_, {}), fromOrigin(size_));
-    if (area.empty()) return;
+    if (area.empty())
+        return;
     const HDC dc = GetDC(native());
     copyTo(dc, area);
     ReleaseDC(native(), dc);
@@ -71,9 +72,11 @@ void CanvasWindow::repair() {
 }
 
 void CanvasWindow::resized(Size size) {
-    if (size == size_) return;
+    if (size == size_)
+        return;
     size_ = size;
-    if (blank_ || !surface_) return;
+    if (blank_ || !surface_)
+        return;
     const std::unique_ptr<MemoryBitmap> former = std::move(surface_);
     blank_ = true;
     if (MemoryBitmap* bitmap = paintable())
@@ -81,12 +84,15 @@ void CanvasWindow::resized(Size size) {
 }
 
 MemoryBitmap* CanvasWindow::paintable() {
-    if (!blank_) return surface_.get();
+    if (!blank_)
+        return surface_.get();
     if (!surface_ || surface_->size() != size_) {
         surface_.reset(); // first, so that both never take memory at once
-        if (!fromOrigin(size_).empty()) surface_ = MemoryBitmap::make(size_, 32);
+        if (!fromOrigin(size_).empty())
+            surface_ = MemoryBitmap::make(size_, 32);
     }
-    if (!surface_) return nullptr;
+    if (!surface_)
+        return nullptr;
     fill(surface_->dc(), fromOrigin(size_));
     blank_ = false;
     return surface_.get();

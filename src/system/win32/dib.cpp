@@ -9,9 +9,7 @@ namespace {
 
 constexpr std::size_t fileHeaderSize = 14;
 
-bool isPacked(std::uint32_t compression) {
-    return compression == BI_RLE8 || compression == BI_RLE4;
-}
+bool isPacked(std::uint32_t compression) { return compression == BI_RLE8 || compression == BI_RLE4; }
 
 /// The oldest header: sizes of 16 bits, colours of three bytes.
 DibLayout layoutOfCoreDib(Bytes dib) {
@@ -30,7 +28,8 @@ DibLayout layoutOfInfoDib(Bytes dib) {
     const std::size_t headerSize = doubleWordAt(dib, 0);
     demand(headerSize >= sizeof(BITMAPINFOHEADER) && headerSize <= dib.size());
     const int width = signedDoubleWordAt(dib, 4);
-    const std::int64_t height = std::abs(static_cast<std::int64_t>(signedDoubleWordAt(dib, 8))); // < 0: top-down
+    const std::int64_t height =
+        std::abs(static_cast<std::int64_t>(signedDoubleWordAt(dib, 8))); // < 0: top-down
     const unsigned bits = wordAt(dib, 14);
     const std::uint32_t compression = doubleWordAt(dib, 16);
     demand(width > 0);
@@ -66,7 +65,8 @@ std::unique_ptr<MemoryBitmap> decodeBmp(Bytes bytes) {
     demand(layout.pixelBytes <= pixels.size());
 
     auto bitmap = MemoryBitmap::make(layout.size, 24);
-    if (!bitmap) throw Failure(FailureCode::outOfMemory);
+    if (!bitmap)
+        throw Failure(FailureCode::outOfMemory);
     const auto [width, height] = layout.size;
     demand(StretchDIBits(bitmap->dc(), 0, 0, width, height, 0, 0, width, height, pixels.data(),
                          reinterpret_cast<const BITMAPINFO*>(header.data()), DIB_RGB_COLORS, SRCCOPY) > 0);

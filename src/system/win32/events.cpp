@@ -39,14 +39,14 @@ bool isAllowed(WPARAM command) {
 
 LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* canvas = static_cast<CanvasWindow*>(NativeWindow<Canvas>::ownerOf(window));
-    if (!canvas) return DefWindowProcA(window, message, wParam, lParam);
+    if (!canvas)
+        return DefWindowProcA(window, message, wParam, lParam);
     Events& events = canvas->events();
     switch (message) {
     case WM_ERASEBKGND: return 1;
     case WM_PAINT: canvas->repair(); return 0;
     case WM_SIZE: canvas->resized({LOWORD(lParam), HIWORD(lParam)}); return 0;
-    case WM_CTLCOLORSTATIC:
-        return paintLabel(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
+    case WM_CTLCOLORSTATIC: return paintLabel(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
     case WM_MOUSEMOVE: events.mouseMoved(window, wParam, lParam); return 0;
     case WM_LBUTTONDOWN: events.mousePressed(window, leftButton, lParam, false); return 0;
     case WM_RBUTTONDOWN: events.mousePressed(window, rightButton, lParam, false); return 0;
@@ -58,7 +58,9 @@ LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     case WM_RBUTTONUP: events.mouseReleased(window, rightButton, wParam, lParam); return 0;
     case WM_MBUTTONUP: events.mouseReleased(window, middleButton, wParam, lParam); return 0;
     case WM_KEYDOWN: events.keyPressed(window, wParam); return 0;
-    case WM_SYSKEYDOWN: events.keyPressed(window, wParam); break; // the system makes Alt+F4 a request to close
+    case WM_SYSKEYDOWN:
+        events.keyPressed(window, wParam);
+        break; // the system makes Alt+F4 a request to close
     case WM_CHAR:
     case WM_SYSCHAR: events.characterTyped(window, wParam); return 0;
     case WM_CLOSE: events.closeRequested(window, CloseReason::byUser); return 0;
@@ -66,7 +68,8 @@ LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
         events.closeRequested(window, CloseReason::sessionEnds);
         return IsWindow(window) ? FALSE : TRUE;
     case WM_SYSCOMMAND:
-        if (!isAllowed(wParam)) return 0;
+        if (!isAllowed(wParam))
+            return 0;
         break;
     default: break;
     }
@@ -109,9 +112,7 @@ Events::Events(TwipsPerPixel scale)
     registerClass(pictureBoxClass);
 }
 
-Events::~Events() {
-    DestroyWindow(alarmWindow_);
-}
+Events::~Events() { DestroyWindow(alarmWindow_); }
 
 void Events::mouseMoved(HWND window, WPARAM buttons, LPARAM position) {
     input_->mouseMoved(mouseEvent(window, buttonsIn(buttons), position));
@@ -127,7 +128,8 @@ void Events::mousePressed(HWND window, MouseButton button, LPARAM position, bool
 }
 
 void Events::mouseReleased(HWND window, MouseButton button, WPARAM buttonsLeft, LPARAM position) {
-    if (buttonsIn(buttonsLeft) == 0 && GetCapture() == window) ReleaseCapture();
+    if (buttonsIn(buttonsLeft) == 0 && GetCapture() == window)
+        ReleaseCapture();
     RECT client{};
     GetClientRect(window, &client);
     const bool inside = PtInRect(&client, pointIn(position)) != 0;
@@ -150,8 +152,12 @@ MouseEvent Events::mouseEvent(HWND window, int button, LPARAM position) const {
     const POINT inWindow = pointIn(position);
     POINT onScreen = inWindow;
     ClientToScreen(window, &onScreen);
-    return {toHandle(window), button, shiftState(), static_cast<float>(inWindow.x * scale_.x),
-            static_cast<float>(inWindow.y * scale_.y), {onScreen.x, onScreen.y}};
+    return {toHandle(window),
+            button,
+            shiftState(),
+            static_cast<float>(inWindow.x * scale_.x),
+            static_cast<float>(inWindow.y * scale_.y),
+            {onScreen.x, onScreen.y}};
 }
 
 void Events::setAlarm(std::optional<std::int64_t> due) {
@@ -170,11 +176,13 @@ void Events::startAlarmTimer() {
 void Events::alarmTimerTicked() {
     ringIfDue();
     // A timer may be a little early, and then stays away for a whole further interval.
-    if (due_) startAlarmTimer();
+    if (due_)
+        startAlarmTimer();
 }
 
 void Events::ringIfDue() {
-    if (!due_ || clockNow() < *due_) return;
+    if (!due_ || clockNow() < *due_)
+        return;
     setAlarm(std::nullopt);
     input_->alarmRang();
 }
@@ -192,7 +200,8 @@ void Events::deliver() {
 
 void Events::wait() {
     DWORD timeout = INFINITE;
-    if (due_) timeout = static_cast<DWORD>(std::clamp<std::int64_t>(*due_ - clockNow(), 0, INFINITE - 1));
+    if (due_)
+        timeout = static_cast<DWORD>(std::clamp<std::int64_t>(*due_ - clockNow(), 0, INFINITE - 1));
     // The timer of the alarm is too coarse to be waited for.
     MsgWaitForMultipleObjectsEx(0, nullptr, timeout, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     ringIfDue();

@@ -11,7 +11,8 @@ namespace {
 
 /// What a drive letter stands for, when the path begins with one and nothing stands behind it.
 bool isOnMissingDrive(const std::string& path) {
-    if (path.size() < 2 || path[1] != ':') return false;
+    if (path.size() < 2 || path[1] != ':')
+        return false;
     return GetDriveTypeA((path.substr(0, 2) + "\\").c_str()) == DRIVE_NO_ROOT_DIR;
 }
 
@@ -47,7 +48,8 @@ Failure failureAt(const std::string& path, DWORD error) {
     const FailureCode code = codeOf(error);
     if (code == FailureCode::pathNotFound && isOnMissingDrive(path))
         return Failure(FailureCode::deviceUnavailable);
-    if (isFolder(path)) return Failure(FailureCode::pathFileAccess);
+    if (isFolder(path))
+        return Failure(FailureCode::pathFileAccess);
     return Failure(code);
 }
 
@@ -66,7 +68,8 @@ public:
             DWORD now = 0;
             if (!ReadFile(file_.get(), static_cast<char*>(buffer) + done, piece(size - done), &now, nullptr))
                 throw Failure(FailureCode::deviceIo);
-            if (now == 0) break;
+            if (now == 0)
+                break;
             done += now;
         }
         return done;
@@ -79,7 +82,8 @@ public:
             if (!WriteFile(file_.get(), static_cast<const char*>(data) + done, piece(size - done), &now,
                            nullptr))
                 throw Failure(codeOf(GetLastError()));
-            if (now == 0) throw Failure(FailureCode::diskFull);
+            if (now == 0)
+                throw Failure(FailureCode::diskFull);
             done += now;
         }
     }
@@ -87,20 +91,20 @@ public:
     void seek(std::int64_t offset) override {
         LARGE_INTEGER position;
         position.QuadPart = offset;
-        if (!SetFilePointerEx(file_.get(), position, nullptr, FILE_BEGIN)) throw Failure(FailureCode::deviceIo);
+        if (!SetFilePointerEx(file_.get(), position, nullptr, FILE_BEGIN))
+            throw Failure(FailureCode::deviceIo);
     }
 
     std::int64_t length() override {
         LARGE_INTEGER bytes;
-        if (!GetFileSizeEx(file_.get(), &bytes)) throw Failure(FailureCode::deviceIo);
+        if (!GetFileSizeEx(file_.get(), &bytes))
+            throw Failure(FailureCode::deviceIo);
         return bytes.QuadPart;
     }
 
 private:
     /// One transfer's share of what is left: its length has 32 bits.
-    static DWORD piece(std::size_t left) {
-        return static_cast<DWORD>(std::min<std::size_t>(left, 1 << 30));
-    }
+    static DWORD piece(std::size_t left) { return static_cast<DWORD>(std::min<std::size_t>(left, 1 << 30)); }
 
     OwnedFile file_;
 };
@@ -142,9 +146,11 @@ std::unique_ptr<File> Win32Files::open(const std::string& path, Access access) {
     OwnedFile file = tryToOpen(path, access);
     if (!file && access == Access::readWrite && GetLastError() == ERROR_ACCESS_DENIED && exists(path))
         file = tryToOpen(path, Access::read);
-    if (!file) throw failureAt(path, GetLastError());
+    if (!file)
+        throw failureAt(path, GetLastError());
     // Not a console, a serial line or the like, where a read could wait for ever.
-    if (GetFileType(file.get()) != FILE_TYPE_DISK) throw Failure(FailureCode::pathFileAccess);
+    if (GetFileType(file.get()) != FILE_TYPE_DISK)
+        throw Failure(FailureCode::pathFileAccess);
     return std::make_unique<OpenFile>(std::move(file));
 }
 
@@ -154,7 +160,8 @@ bool Win32Files::exists(const std::string& path) {
 }
 
 void Win32Files::remove(const std::string& path) {
-    if (!DeleteFileA(path.c_str())) throw failureAt(path, GetLastError());
+    if (!DeleteFileA(path.c_str()))
+        throw failureAt(path, GetLastError());
 }
 
 std::vector<std::string> Win32Files::list(const std::string& pattern) {
@@ -162,14 +169,16 @@ std::vector<std::string> Win32Files::list(const std::string& pattern) {
     const HANDLE first = FindFirstFileA(pattern.c_str(), &entry);
     if (first == INVALID_HANDLE_VALUE) {
         const DWORD error = GetLastError();
-        if (error == ERROR_FILE_NOT_FOUND || error == ERROR_NO_MORE_FILES) return {};
+        if (error == ERROR_FILE_NOT_FOUND || error == ERROR_NO_MORE_FILES)
+            return {};
         throw failureAt(pattern, error);
     }
     const std::unique_ptr<std::remove_pointer_t<HANDLE>, CloseSearch> search(first);
     constexpr DWORD leftOut = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
     std::vector<std::string> names;
     do {
-        if ((entry.dwFileAttributes & leftOut) == 0) names.emplace_back(entry.cFileName);
+        if ((entry.dwFileAttributes & leftOut) == 0)
+            names.emplace_back(entry.cFileName);
     } while (FindNextFileA(search.get(), &entry));
     return names;
 }

@@ -18,7 +18,8 @@ public:
 
     void show(bool visible) override {
         ShowWindow(native(), visible ? SW_SHOW : SW_HIDE);
-        if (!visible) return;
+        if (!visible)
+            return;
         SetForegroundWindow(native());
         SetFocus(native());
     }

@@ -16,8 +16,9 @@ LabelWindow::LabelWindow(HWND parent, const LabelStyle& style, TwipsPerPixel sca
 }
 
 void LabelWindow::show(bool visible) {
+    // Above siblings that the program has made topmost themselves: HWND_TOP would stay below these.
     if (visible)
-        SetWindowPos(native(), HWND_TOP, 0, 0, 0, 0,
+        SetWindowPos(native(), HWND_TOPMOST, 0, 0, 0, 0,
                      SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
     else
         ShowWindow(native(), SW_HIDE);

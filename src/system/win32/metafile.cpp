@@ -65,9 +65,7 @@ private:
 
 } // namespace
 
-bool isMetafile(Bytes bytes) {
-    return isPlaceable(bytes) || isPlain(bytes);
-}
+bool isMetafile(Bytes bytes) { return isPlaceable(bytes) || isPlain(bytes); }
 
 PicturePtr decodeMetafile(Bytes bytes, TwipsPerPixel scale) {
     const bool placeable = isPlaceable(bytes);
@@ -96,7 +94,8 @@ PicturePtr decodeMetafile(Bytes bytes, TwipsPerPixel scale) {
     // What can't be played is to be known now, and not when it is painted.
     constexpr PixelRect rehearsal{0, 0, 16, 16};
     const auto stage = MemoryBitmap::make({rehearsal.width(), rehearsal.height()}, 32);
-    if (!stage) throw Failure(FailureCode::outOfMemory);
+    if (!stage)
+        throw Failure(FailureCode::outOfMemory);
     demand(picture->play(stage->dc(), rehearsal, rehearsal));
     return picture;
 }

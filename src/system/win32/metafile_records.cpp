@@ -45,7 +45,8 @@ public:
 
     MetafileRecords run() {
         std::size_t position = headerSize;
-        while (step(position)) {}
+        while (step(position)) {
+        }
         // Counts of 16 bits that lead a record beyond its end stay within what stands behind.
         constexpr std::size_t beyondAnyCount = 1 << 19;
         MetafileRecords records;
@@ -56,7 +57,8 @@ public:
         setDoubleWord(records.playable, 6, records.playable.size() / 2);
         setWord(records.playable, 10, objects_);
         setDoubleWord(records.playable, 12, longest_);
-        if (extentSet_) records.window = window_;
+        if (extentSet_)
+            records.window = window_;
         return records;
     }
 
@@ -94,7 +96,8 @@ private:
         case META_SETDIBTODEV: checkDib(bytesFrom(parameters, 18)); break;
         case META_STRETCHDIB: checkDib(bytesFrom(parameters, 22)); break;
         case META_DIBBITBLT:
-            if (parameters.size() != brushTransferSize) checkDib(bytesFrom(parameters, 16));
+            if (parameters.size() != brushTransferSize)
+                checkDib(bytesFrom(parameters, 16));
             break;
         case META_DIBSTRETCHBLT: checkDib(bytesFrom(parameters, 20)); break;
         case META_DIBCREATEPATTERNBRUSH: checkDib(bytesFrom(parameters, 4)); break;
@@ -108,14 +111,16 @@ private:
     }
 
     void setOrigin(Bytes parameters) {
-        if (originSet_) return;
+        if (originSet_)
+            return;
         originSet_ = true;
         window_.top = signedWordAt(parameters, 0);
         window_.left = signedWordAt(parameters, 2);
     }
 
     void setExtent(Bytes parameters) {
-        if (extentSet_) return;
+        if (extentSet_)
+            return;
         extentSet_ = true;
         window_.height = signedWordAt(parameters, 0);
         window_.width = signedWordAt(parameters, 2);
@@ -127,7 +132,9 @@ private:
         demand(signedWordAt(parameters, 0) < 0 && saved_ >= 0);
     }
 
-    void useObject(unsigned index) { objects_ = std::max<std::size_t>(objects_, std::min(index + 1, 0xFFFFU)); }
+    void useObject(unsigned index) {
+        objects_ = std::max<std::size_t>(objects_, std::min(index + 1, 0xFFFFU));
+    }
 
     Bytes bytes_;
     std::size_t objects_;     // the table of objects has to hold every index that is used
@@ -140,8 +147,6 @@ private:
 
 } // namespace
 
-MetafileRecords checkedRecords(Bytes bytes) {
-    return Walk(bytes).run();
-}
+MetafileRecords checkedRecords(Bytes bytes) { return Walk(bytes).run(); }
 
 } // namespace sys::win32

@@ -9,17 +9,11 @@
 
 namespace sys::win32 {
 
-inline WindowHandle toHandle(HWND window) {
-    return reinterpret_cast<WindowHandle>(window);
-}
+inline WindowHandle toHandle(HWND window) { return reinterpret_cast<WindowHandle>(window); }
 
-inline HWND toNative(WindowHandle handle) {
-    return reinterpret_cast<HWND>(handle);
-}
+inline HWND toNative(WindowHandle handle) { return reinterpret_cast<HWND>(handle); }
 
-inline COLORREF toNative(Color color) {
-    return RGB(color.red, color.green, color.blue);
-}
+inline COLORREF toNative(Color color) { return RGB(color.red, color.green, color.blue); }
 
 /// Owns a native window, which keeps a pointer to its owner as its user data.
 template <class Interface> class NativeWindow : public Interface {
@@ -28,7 +22,8 @@ public:
     NativeWindow& operator=(const NativeWindow&) = delete;
     ~NativeWindow() override {
         // A window goes with its parent, and its handle may be another window's by now.
-        if (ownerOf(native_) != this) return;
+        if (ownerOf(native_) != this)
+            return;
         // Messages may still come, down to those of the destruction itself.
         SetWindowLongPtrA(native_, GWLP_USERDATA, 0);
         DestroyWindow(native_);

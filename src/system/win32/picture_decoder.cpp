@@ -24,7 +24,8 @@ struct ReleaseInterface {
 template <class Interface> using ComPtr = std::unique_ptr<Interface, ReleaseInterface>;
 
 void check(HRESULT result) {
-    if (SUCCEEDED(result)) return;
+    if (SUCCEEDED(result))
+        return;
     throw Failure(result == E_OUTOFMEMORY ? FailureCode::outOfMemory : FailureCode::invalidPicture);
 }
 
@@ -37,20 +38,20 @@ template <class Interface, class Make> ComPtr<Interface> obtain(Make make) {
 
 /// The position behind a GIF's chain of blocks, or the end of a file that breaks off in it.
 std::size_t behindGifBlocks(Bytes bytes, std::size_t position) {
-    while (position < bytes.size() && bytes[position] != 0) position += 1U + bytes[position];
+    while (position < bytes.size() && bytes[position] != 0)
+        position += 1U + bytes[position];
     return std::min(position + 1, bytes.size());
 }
 
 /// The bytes of a table of colours, whose presence and length are packed into one byte.
-std::size_t gifTableLength(std::uint8_t packed) {
-    return packed & 0x80 ? std::size_t{6} << (packed & 7) : 0;
-}
+std::size_t gifTableLength(std::uint8_t packed) { return packed & 0x80 ? std::size_t{6} << (packed & 7) : 0; }
 
 /// A GIF cut behind its first picture: the codec would decode all of them, at any declared size, before it
 /// tells the size of one.
 std::vector<std::uint8_t> firstPictureOfGif(Bytes bytes) {
     std::size_t position = 13 + gifTableLength(byteAt(bytes, 10));
-    while (byteAt(bytes, position) == 0x21) position = behindGifBlocks(bytes, position + 2);
+    while (byteAt(bytes, position) == 0x21)
+        position = behindGifBlocks(bytes, position + 2);
     demand(byteAt(bytes, position) == 0x2C);
     checkSize(wordAt(bytes, position + 5), wordAt(bytes, position + 7));
     position += 10 + gifTableLength(byteAt(bytes, position + 9));
@@ -69,7 +70,8 @@ UINT bestOfIcon(Bytes bytes) {
         const std::size_t entry = 6 + std::size_t{16} * index;
         const unsigned side = byteAt(bytes, entry);
         const std::pair<unsigned, unsigned> rank{side == 0 ? 256 : side, wordAt(bytes, entry + 6)};
-        if (rank <= bestRank) continue;
+        if (rank <= bestRank)
+            continue;
         best = index;
         bestRank = rank;
     }
@@ -78,14 +80,17 @@ UINT bestOfIcon(Bytes bytes) {
 
 /// The coverage that a premultiplied picture has in its fourth channel; null when all of it is opaque.
 std::unique_ptr<MemoryBitmap> coverageOf(const MemoryBitmap& colors) {
-    const auto pixelCount = static_cast<std::size_t>(colors.size().width) *
-                            static_cast<std::size_t>(colors.size().height);
+    const auto pixelCount =
+        static_cast<std::size_t>(colors.size().width) * static_cast<std::size_t>(colors.size().height);
     const auto alphaOf = [bits = colors.row(0)](std::size_t pixel) { return bits[pixel * 4 + 3]; };
     std::size_t pixel = 0;
-    while (pixel < pixelCount && alphaOf(pixel) == 255) ++pixel;
-    if (pixel == pixelCount) return nullptr;
+    while (pixel < pixelCount && alphaOf(pixel) == 255)
+        ++pixel;
+    if (pixel == pixelCount)
+        return nullptr;
     auto coverage = MemoryBitmap::make(colors.size(), 32);
-    if (!coverage) throw Failure(FailureCode::outOfMemory);
+    if (!coverage)
+        throw Failure(FailureCode::outOfMemory);
     for (pixel = 0; pixel < pixelCount; ++pixel)
         std::fill_n(coverage->row(0) + pixel * 4, 3, alphaOf(pixel));
     return coverage;
@@ -123,7 +128,8 @@ private:
         Apartment(const Apartment&) = delete;
         Apartment& operator=(const Apartment&) = delete;
         ~Apartment() {
-            if (entered) CoUninitialize();
+            if (entered)
+                CoUninitialize();
         }
         bool entered;
     };
@@ -132,12 +138,13 @@ private:
     std::unique_ptr<MemoryBitmap> decode(Bytes bytes, const GUID& container, UINT index, const GUID& format,
                                          WORD bitsPerPixel) {
         demand(bytes.size() <= std::numeric_limits<DWORD>::max());
-        const auto stream = obtain<IWICStream>([&](IWICStream** made) { return factory_->CreateStream(made); });
+        const auto stream =
+            obtain<IWICStream>([&](IWICStream** made) { return factory_->CreateStream(made); });
         // The stream is only read, whatever its signature says.
-        check(stream->InitializeFromMemory(const_cast<BYTE*>(bytes.data()), static_cast<DWORD>(bytes.size())));
-        const auto decoder = obtain<IWICBitmapDecoder>([&](IWICBitmapDecoder** made) {
-            return factory_->CreateDecoder(container, nullptr, made);
-        });
+        check(
+            stream->InitializeFromMemory(const_cast<BYTE*>(bytes.data()), static_cast<DWORD>(bytes.size())));
+        const auto decoder = obtain<IWICBitmapDecoder>(
+            [&](IWICBitmapDecoder** made) { return factory_->CreateDecoder(container, nullptr, made); });
         check(decoder->Initialize(stream.get(), WICDecodeMetadataCacheOnDemand));
         const auto frame = obtain<IWICBitmapFrameDecode>(
             [&](IWICBitmapFrameDecode** made) { return decoder->GetFrame(index, made); });
@@ -147,7 +154,8 @@ private:
         checkSize(width, height);
 
         auto bitmap = MemoryBitmap::make({static_cast<int>(width), static_cast<int>(height)}, bitsPerPixel);
-        if (!bitmap) throw Failure(FailureCode::outOfMemory);
+        if (!bitmap)
+            throw Failure(FailureCode::outOfMemory);
         copyPixels(*frame, format, *bitmap);
         return bitmap;
     }
@@ -176,12 +184,14 @@ PictureDecoder::PictureDecoder(TwipsPerPixel scale) : scale_(scale) {}
 PictureDecoder::~PictureDecoder() = default;
 
 ImagingCodecs& PictureDecoder::codecs() {
-    if (!codecs_) codecs_ = std::make_unique<ImagingCodecs>();
+    if (!codecs_)
+        codecs_ = std::make_unique<ImagingCodecs>();
     return *codecs_;
 }
 
 PicturePtr PictureDecoder::decode(Bytes bytes) {
-    if (isMetafile(bytes)) return decodeMetafile(bytes, scale_);
+    if (isMetafile(bytes))
+        return decodeMetafile(bytes, scale_);
 
     std::unique_ptr<MemoryBitmap> colors;
     std::unique_ptr<MemoryBitmap> coverage;

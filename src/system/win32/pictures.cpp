@@ -34,7 +34,8 @@ void copy(const MemoryBitmap& from, const PixelRect& source, HDC to, const Pixel
 }
 
 void blendPixel(std::uint8_t* onto, const std::uint8_t* color, std::uint8_t coverage) {
-    if (coverage == 0) return;
+    if (coverage == 0)
+        return;
     for (std::size_t channel = 0; channel < 3; ++channel) {
         const int shownThrough = (onto[channel] * (255 - coverage) + 127) / 255;
         onto[channel] = static_cast<std::uint8_t>(std::min(color[channel] + shownThrough, 255));
@@ -64,7 +65,8 @@ Block PaintablePicture::blockOf(const Area& target, const Area& source, TwipsPer
     const PixelRect onto = toPixels(target, scale);
     const PixelRect picture = toPixels({0, 0, width(), height()}, scale);
     Block block;
-    if (from.empty() || onto.empty()) return block;
+    if (from.empty() || onto.empty())
+        return block;
 
     PixelRect& there = block.source;
     there = {std::max(from.left, 0), std::max(from.top, 0), std::min(from.right, picture.right),
@@ -89,13 +91,9 @@ BitmapPicture::BitmapPicture(std::unique_ptr<MemoryBitmap> colors, std::unique_p
                              TwipsPerPixel scale)
     : colors_(std::move(colors)), coverage_(std::move(coverage)), scale_(scale) {}
 
-float BitmapPicture::width() const {
-    return static_cast<float>(colors_->size().width * scale_.x);
-}
+float BitmapPicture::width() const { return static_cast<float>(colors_->size().width * scale_.x); }
 
-float BitmapPicture::height() const {
-    return static_cast<float>(colors_->size().height * scale_.y);
-}
+float BitmapPicture::height() const { return static_cast<float>(colors_->size().height * scale_.y); }
 
 void BitmapPicture::paintOn(MemoryBitmap& surface, const Block& block) const {
     if (coverage_)
@@ -110,15 +108,16 @@ void BitmapPicture::blend(MemoryBitmap& surface, const Block& block) const {
                          std::min(target.right, surface.size().width),
                          std::min(target.bottom, surface.size().height)};
     if (target.width() == block.source.width() && target.height() == block.source.height()) {
-        blendUnstretched(surface, area, *colors_, *coverage_,
-                         {block.source.left + area.left - target.left,
-                          block.source.top + area.top - target.top});
+        blendUnstretched(
+            surface, area, *colors_, *coverage_,
+            {block.source.left + area.left - target.left, block.source.top + area.top - target.top});
         return;
     }
     const Size size{area.width(), area.height()};
     const auto colors = MemoryBitmap::make(size, 32);
     const auto coverage = MemoryBitmap::make(size, 32);
-    if (!colors || !coverage) return;
+    if (!colors || !coverage)
+        return;
     const PixelRect shifted{target.left - area.left, target.top - area.top, target.right - area.left,
                             target.bottom - area.top};
     copy(*colors_, block.source, colors->dc(), shifted);

@@ -8,9 +8,7 @@ namespace sys::win32 {
 
 namespace {
 
-HKEY toKey(RegistryKey key) {
-    return reinterpret_cast<HKEY>(key);
-}
+HKEY toKey(RegistryKey key) { return reinterpret_cast<HKEY>(key); }
 
 } // namespace
 
@@ -19,13 +17,15 @@ WindowHandle Win32Platform::findWindow(const std::string& caption) {
 }
 
 std::int32_t Win32Platform::pwdChangePassword(const std::string& provider, WindowHandle owner) {
-    const auto change = lateProcedure<DWORD WINAPI(LPCSTR, HWND, DWORD, DWORD)>("mpr.dll", "PwdChangePasswordA");
+    const auto change =
+        lateProcedure<DWORD WINAPI(LPCSTR, HWND, DWORD, DWORD)>("mpr.dll", "PwdChangePasswordA");
     return change ? static_cast<std::int32_t>(change(provider.c_str(), toNative(owner), 0, 0)) : 0;
 }
 
 std::int32_t Win32Platform::verifyScreenSavePwd(WindowHandle owner) {
     const auto verify = lateProcedure<BOOL WINAPI(HWND)>("password.cpl", "VerifyScreenSavePwd");
-    if (!verify) throw Failure(FailureCode::fileNotFound);
+    if (!verify)
+        throw Failure(FailureCode::fileNotFound);
     return verify(toNative(owner));
 }
 
@@ -71,13 +71,9 @@ std::int32_t Win32Platform::setWindowPos(WindowHandle window, std::intptr_t afte
     return SetWindowPos(toNative(window), reinterpret_cast<HWND>(after), x, y, width, height, flags);
 }
 
-int Win32Platform::showCursor(bool show) {
-    return ShowCursor(show ? TRUE : FALSE);
-}
+int Win32Platform::showCursor(bool show) { return ShowCursor(show ? TRUE : FALSE); }
 
-std::int32_t Win32Platform::getTickCount() {
-    return static_cast<std::int32_t>(GetTickCount());
-}
+std::int32_t Win32Platform::getTickCount() { return static_cast<std::int32_t>(GetTickCount()); }
 
 std::int32_t Win32Platform::sndPlaySound(const std::string& name, std::uint32_t flags) {
     const auto play = lateProcedure<BOOL WINAPI(LPCSTR, UINT)>("winmm.dll", "sndPlaySoundA");

@@ -35,7 +35,8 @@ std::optional<std::string> RegistrySettings::read(const std::string& application
     if (RegQueryValueExA(opened, key.c_str(), nullptr, &type, reinterpret_cast<BYTE*>(value.data()),
                          &length) != ERROR_SUCCESS)
         return std::nullopt;
-    if (type != REG_SZ && type != REG_EXPAND_SZ) return std::nullopt;
+    if (type != REG_SZ && type != REG_EXPAND_SZ)
+        return std::nullopt;
     value.resize(length);
     // The zero at the end is stored as a part of the value, or left out.
     value.resize(std::min(value.find('\0'), value.size()));

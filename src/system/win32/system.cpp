@@ -23,7 +23,8 @@ TwipsPerPixel scaleOfScreen() {
 std::string programPath() {
     std::string path(MAX_PATH, '\0');
     DWORD length = 0;
-    while ((length = GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()))) == path.size())
+    while ((length = GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()))) ==
+           path.size())
         path.resize(path.size() * 2); // it was cut
     path.resize(length);
     return path;
@@ -33,7 +34,8 @@ std::string programPath() {
 std::string tailOf(const std::string& commandLine) {
     const bool quoted = commandLine.starts_with('"');
     const std::size_t nameEnd = quoted ? commandLine.find('"', 1) : commandLine.find_first_of(" \t");
-    if (nameEnd == std::string::npos) return {};
+    if (nameEnd == std::string::npos)
+        return {};
     const std::size_t tail = commandLine.find_first_not_of(" \t", nameEnd + (quoted ? 1 : 0));
     return tail == std::string::npos ? std::string() : commandLine.substr(tail);
 }
@@ -52,9 +54,7 @@ Win32System::Win32System() {
 
 Win32System::~Win32System() = default;
 
-void Win32System::connect(Input& input) {
-    events_->connect(input);
-}
+void Win32System::connect(Input& input) { events_->connect(input); }
 
 ProgramIdentity Win32System::identity() {
     const std::string path = programPath();
@@ -65,9 +65,7 @@ ProgramIdentity Win32System::identity() {
             tailOf(GetCommandLineA())};
 }
 
-Size Win32System::screenSize() {
-    return {GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
-}
+Size Win32System::screenSize() { return {GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)}; }
 
 Point Win32System::pointerPosition() {
     POINT position{};
@@ -75,17 +73,13 @@ Point Win32System::pointerPosition() {
     return {position.x, position.y};
 }
 
-PicturePtr Win32System::decodePicture(std::span<const std::uint8_t> bytes) {
-    return decoder_->decode(bytes);
-}
+PicturePtr Win32System::decodePicture(std::span<const std::uint8_t> bytes) { return decoder_->decode(bytes); }
 
 void Win32System::messageBox(const std::string& text, const std::string& title) {
     MessageBoxA(GetActiveWindow(), text.c_str(), title.c_str(), MB_OK | MB_TASKMODAL);
 }
 
-std::int64_t Win32System::now() {
-    return clockNow();
-}
+std::int64_t Win32System::now() { return clockNow(); }
 
 double Win32System::secondsSinceMidnight() {
     SYSTEMTIME time{};
@@ -93,20 +87,12 @@ double Win32System::secondsSinceMidnight() {
     return time.wHour * 3600 + time.wMinute * 60 + time.wSecond + time.wMilliseconds / 1000.0;
 }
 
-void Win32System::setAlarm(std::optional<std::int64_t> due) {
-    events_->setAlarm(due);
-}
+void Win32System::setAlarm(std::optional<std::int64_t> due) { events_->setAlarm(due); }
 
-void Win32System::deliverEvents() {
-    events_->deliver();
-}
+void Win32System::deliverEvents() { events_->deliver(); }
 
-void Win32System::waitForEvents() {
-    events_->wait();
-}
+void Win32System::waitForEvents() { events_->wait(); }
 
-void Win32System::endProcess(int exitCode) {
-    ExitProcess(static_cast<UINT>(exitCode));
-}
+void Win32System::endProcess(int exitCode) { ExitProcess(static_cast<UINT>(exitCode)); }
 
 } // namespace sys::win32
