@@ -45,7 +45,8 @@ void MainForm::LoadFiles() {
 void MainForm::listFolder() {
     static constexpr std::array patterns = {"*.gif", "*.jpe", "*.jpg", "*.bmp", "*.wmf", "*.jpeg"};
     for (const char* pattern : patterns) {
-        for (const std::string& name : Application::current().system().files().list(shared.ImagePath + pattern)) {
+        for (const std::string& name :
+             Application::current().system().files().list(shared.ImagePath + pattern)) {
             lstImageNames.addItem(shared.ImagePath + name);
         }
     }

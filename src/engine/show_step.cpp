@@ -200,18 +200,12 @@ void MainForm::runTransition(const std::string& TransitionName) {
     };
     static constexpr auto plain = [](MainForm& form) { form.NormalDisplay(); };
     static constexpr std::array transitions = {
-        Transition{"Random Blocks", plain},
-        Transition{"Top To Bottom", plain},
-        Transition{"Bottom To Top", plain},
-        Transition{"Top/Bottom To Center", plain},
-        Transition{"Random Horizontal", plain},
-        Transition{"Left To Right", plain},
-        Transition{"Right To Left", plain},
-        Transition{"Left/Right To Center", plain},
-        Transition{"Random Vertical", plain},
-        Transition{"Slide Bottom To Center", plain},
-        Transition{"Slide Top To Center", plain},
-        Transition{"Slide Right To Center", plain},
+        Transition{"Random Blocks", plain},        Transition{"Top To Bottom", plain},
+        Transition{"Bottom To Top", plain},        Transition{"Top/Bottom To Center", plain},
+        Transition{"Random Horizontal", plain},    Transition{"Left To Right", plain},
+        Transition{"Right To Left", plain},        Transition{"Left/Right To Center", plain},
+        Transition{"Random Vertical", plain},      Transition{"Slide Bottom To Center", plain},
+        Transition{"Slide Top To Center", plain},  Transition{"Slide Right To Center", plain},
         Transition{"Slide Left To Center", plain},
     };
     const auto* const found = std::ranges::find(transitions, TransitionName, &Transition::name);
@@ -225,12 +219,9 @@ void MainForm::runTransition(const std::string& TransitionName) {
 void MainForm::NormalDisplay() {
     WriteLog("S: MainForm NormalDisplay");
     Picture1.setVisible(true);
-    Picture1.PaintPicture(Image1.picture(), {.x1 = 0,
-                                             .y1 = 0,
-                                             .width1 = Picture1.width(),
-                                             .height1 = Picture1.height(),
-                                             .x2 = 0.0F,
-                                             .y2 = 0.0F});
+    Picture1.PaintPicture(
+        Image1.picture(),
+        {.x1 = 0, .y1 = 0, .width1 = Picture1.width(), .height1 = Picture1.height(), .x2 = 0.0F, .y2 = 0.0F});
     Picture1.refresh();
     WriteLog("E: MainForm NormalDisplay");
 }

@@ -52,8 +52,7 @@ MainForm::MainForm()
                      .backColor = black,
                      .autoSize = true}),
       Label2(*this, {.control = {.name = "Label2", .visible = false}}),
-      lstImageNames(*this, {.name = "lstImageNames"}),
-      MediaPlayer1(*this, {.name = "MediaPlayer1"}),
+      lstImageNames(*this, {.name = "lstImageNames"}), MediaPlayer1(*this, {.name = "MediaPlayer1"}),
       Timer1(*this, {.interval = 600, .enabled = false}),
       Timer2(*this, {.interval = 1000, .enabled = false}) {
     bindHandlers();

@@ -10,7 +10,7 @@ namespace toolkit {
 
 namespace {
 Application* currentApplication = nullptr;
-}
+} // namespace
 
 Application::Application(sys::System& system, std::string title)
     : system_(system), title_(std::move(title)), input_(*this, system.pointerPosition()), timers_(system),

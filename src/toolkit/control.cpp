@@ -55,16 +55,13 @@ void Element::assume(const sys::Area& area, bool visible) {
     visible_ = visible;
 }
 
-Control::Control(Form& form, const Design& design)
-    : Element(design.name), Component(form), design_(design) {
+Control::Control(Form& form, const Design& design) : Element(design.name), Component(form), design_(design) {
     Control::load();
 }
 
 Control::~Control() { closeWindow(); }
 
-void Control::load() {
-    assume({design_.left, design_.top, design_.width, design_.height}, design_.visible);
-}
+void Control::load() { assume({design_.left, design_.top, design_.width, design_.height}, design_.visible); }
 
 void Control::unload() { closeWindow(); }
 
@@ -76,8 +73,6 @@ void Control::formShown() {
     }
 }
 
-std::unique_ptr<sys::Window> HiddenControl::makeWindow() {
-    throw Failure(FailureCode::invalidPropertyValue);
-}
+std::unique_ptr<sys::Window> HiddenControl::makeWindow() { throw Failure(FailureCode::invalidPropertyValue); }
 
 } // namespace toolkit

@@ -59,10 +59,10 @@ public:
 
     Event<> click;
     Event<> dblClick;
-    Event<std::int16_t, std::int16_t> keyDown;                     // key code, shift state
-    Event<std::int16_t> keyPress;                                  // character
-    Event<std::int16_t, std::int16_t, float, float> mouseDown;     // button, shift state, x, y in twips
-    Event<std::int16_t, std::int16_t, float, float> mouseMove;     // the same
+    Event<std::int16_t, std::int16_t> keyDown;                 // key code, shift state
+    Event<std::int16_t> keyPress;                              // character
+    Event<std::int16_t, std::int16_t, float, float> mouseDown; // button, shift state, x, y in twips
+    Event<std::int16_t, std::int16_t, float, float> mouseMove; // the same
 
 protected:
     explicit Element(std::string name) : name_(std::move(name)) {}

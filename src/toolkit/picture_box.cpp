@@ -7,7 +7,8 @@
 namespace toolkit {
 
 PictureBox::PictureBox(Form& form, const PictureBoxDesign& design)
-    : Control(form, design.control), Canvas(static_cast<Element&>(*this), design.backColor), design_(design) {}
+    : Control(form, design.control), Canvas(static_cast<Element&>(*this), design.backColor), design_(design) {
+}
 
 void PictureBox::load() {
     Control::load();

@@ -7,7 +7,7 @@
 
 namespace sys {
 class System;
-}
+} // namespace sys
 
 namespace toolkit {
 

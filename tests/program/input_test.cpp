@@ -64,7 +64,8 @@ protected:
     /// A password is asked, outside the NT family.
     void usePassword() {
         program.machine.platform().setPlatformId(1);
-        program.machine.platform().setRegistryText(currentUser, "Control Panel\\Desktop", "ScreenSaveUsePassword", "1");
+        program.machine.platform().setRegistryText(currentUser, "Control Panel\\Desktop",
+                                                   "ScreenSaveUsePassword", "1");
     }
     /// Every request is refused.
     void refusePasswords() {
@@ -310,7 +311,8 @@ TEST_F(ShowInput, PasswordBox_DoesNotStopTheSteps) {
 }
 
 TEST_F(ShowInput, PasswordOnNt_IsNeverAsked) {
-    program.machine.platform().setRegistryText(currentUser, "Control Panel\\Desktop", "ScreenSaveUsePassword", "1");
+    program.machine.platform().setRegistryText(currentUser, "Control Panel\\Desktop", "ScreenSaveUsePassword",
+                                               "1");
     start();
     press('A');
     EXPECT_TRUE(program.ended());
@@ -347,7 +349,8 @@ TEST_F(ShowInput, PlayerKeyPress_ADigit_IsAFormKeyPress) {
 
 TEST_F(ShowInput, PlayerKeyPress_AnyOtherCharacter_FailsAsATypeMismatch) {
     start();
-    for (const std::int16_t character : {std::int16_t{'A'}, std::int16_t{' '}, std::int16_t{'-'}, std::int16_t{13}}) {
+    for (const std::int16_t character :
+         {std::int16_t{'A'}, std::int16_t{' '}, std::int16_t{'-'}, std::int16_t{13}}) {
         try {
             program.form().MediaPlayer1.keyPress.raise(character);
             ADD_FAILURE() << character;

@@ -16,8 +16,8 @@ std::vector<std::uint8_t> bytes(const std::string& text) { return {text.begin(),
 std::int16_t modeOf(const std::string& content) {
     Program program;
     program.machine.files().addFile(program.machine.identity().folder + "\\" +
-                                program.machine.identity().executableName + ".scr",
-                            bytes(content));
+                                        program.machine.identity().executableName + ".scr",
+                                    bytes(content));
     program.start("/x");
     return shared.RunMode;
 }

@@ -265,8 +265,8 @@ TEST(Registry, NumberValue_KeepsOnlyThreeDigits) {
         std::uint32_t number;
         const char* text;
     };
-    for (const Case& each : {Case{0, "000"}, Case{1, "001"}, Case{123, "123"}, Case{12345, "123"},
-                             Case{0x80000000, "214"}}) {
+    for (const Case& each :
+         {Case{0, "000"}, Case{1, "001"}, Case{123, "123"}, Case{12345, "123"}, Case{0x80000000, "214"}}) {
         Program program;
         program.setRegistryNumber(currentUser, "K", "n", each.number);
         program.start("/x");

@@ -244,7 +244,8 @@ TEST_F(ShowStep, UnreadablePictures_TakeTheFailurePath) {
     program.machine.files().failOpening("C:\\t\\locked.bmp", FailureCode::permissionDenied);
     program.machine.files().failTransfers("C:\\t\\broken.bmp");
     program.machine.files().addFolder("C:\\t\\folder.bmp");
-    show({"IMAGE=locked.bmp", "IMAGE=broken.bmp", "IMAGE=folder.bmp", "IMAGE=C:\\none\\a.bmp", "IMAGE=X:\\a.bmp"});
+    show({"IMAGE=locked.bmp", "IMAGE=broken.bmp", "IMAGE=folder.bmp", "IMAGE=C:\\none\\a.bmp",
+          "IMAGE=X:\\a.bmp"});
     for (int step = 0; step < 4; ++step) {
         program.step();
     }
@@ -435,7 +436,8 @@ TEST_F(ShowStep, SoundMode1_PlaysTheItemsSoundPlainly) {
     show({"SOUNDSYNC=1", "IMAGE=a.bmp", "SOUND=a.wav", "IMAGE=a.bmp"});
     EXPECT_THAT(program.machine.platform().calls(), Contains("sndPlaySound(\"C:\\t\\a.wav\", 1)"));
     program.step();
-    EXPECT_THAT(program.machine.platform().calls(), Contains("sndPlaySound(\"\", 1)")) << "an item without one";
+    EXPECT_THAT(program.machine.platform().calls(), Contains("sndPlaySound(\"\", 1)"))
+        << "an item without one";
 }
 
 TEST_F(ShowStep, SoundMode2_GivesTheSoundToThePlayer) {

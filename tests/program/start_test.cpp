@@ -55,7 +55,8 @@ TEST(Start, PasswordSwitch_CallsTheSystemWithTheHandle) {
         const char* commandLine;
         const char* call;
     };
-    for (const Case& each : {Case{"/a 1234", "1234"}, Case{"/A   77x", "77"}, Case{"/a:1234", "0"}, Case{"/a", "0"}}) {
+    for (const Case& each :
+         {Case{"/a 1234", "1234"}, Case{"/A   77x", "77"}, Case{"/a:1234", "0"}, Case{"/a", "0"}}) {
         Program program;
         program.start(each.commandLine);
         EXPECT_THAT(program.machine.platform().calls(),
@@ -120,11 +121,11 @@ TEST(Start, DissolveNames_AreFilled) {
     program.start("/x");
     EXPECT_EQ(shared.DissolveLast, 14);
     const std::vector<std::string> names(shared.DissolveNames.begin(), shared.DissolveNames.begin() + 15);
-    EXPECT_THAT(names, ElementsAre("Random", "Normal", "Random Blocks", "Top To Bottom", "Bottom To Top",
-                                   "Top/Bottom To Center", "Random Horizontal", "Left To Right",
-                                   "Right To Left", "Left/Right To Center", "Random Vertical",
-                                   "Slide Bottom To Center", "Slide Top To Center", "Slide Right To Center",
-                                   "Slide Left To Center"));
+    EXPECT_THAT(names,
+                ElementsAre("Random", "Normal", "Random Blocks", "Top To Bottom", "Bottom To Top",
+                            "Top/Bottom To Center", "Random Horizontal", "Left To Right", "Right To Left",
+                            "Left/Right To Center", "Random Vertical", "Slide Bottom To Center",
+                            "Slide Top To Center", "Slide Right To Center", "Slide Left To Center"));
     EXPECT_EQ(shared.DissolveNames[15], "");
 }
 
@@ -152,20 +153,20 @@ TEST(Settings, Numbers_AreClampedWhereTheyHaveARange) {
         const std::int16_t SharedState::*variable;
         int value;
     };
-    for (const Case& each : {Case{"MouseSensitivity", "5", &SharedState::MouseSensitivity, 10},
-                             Case{"MouseSensitivity", "501", &SharedState::MouseSensitivity, 500},
-                             Case{"Blocks", "0", &SharedState::Blocks, 10},
-                             Case{"Blocks", "51", &SharedState::Blocks, 50},
-                             Case{"DissolveDelay", "-1", &SharedState::DissolveDelay, 0},
-                             Case{"DissolveDelay", "201", &SharedState::DissolveDelay, 200},
-                             Case{"ImageInterval", "0", &SharedState::ImageInterval, 1},
-                             Case{"ImageInterval", "121", &SharedState::ImageInterval, 120},
-                             Case{"ImageInterval", "2.5", &SharedState::ImageInterval, 2},
-                             Case{"ImageInterval", "3.5", &SharedState::ImageInterval, 4},
-                             Case{"ImageInterval", "12abc", &SharedState::ImageInterval, 12},
-                             Case{"ImageInterval", "abc", &SharedState::ImageInterval, 1},
-                             Case{"FullScreen", "-7", &SharedState::FullScreen, -7},
-                             Case{"IgnoreMouse", "300", &SharedState::IgnoreMouse, 300}}) {
+    for (const Case& each :
+         {Case{"MouseSensitivity", "5", &SharedState::MouseSensitivity, 10},
+          Case{"MouseSensitivity", "501", &SharedState::MouseSensitivity, 500},
+          Case{"Blocks", "0", &SharedState::Blocks, 10}, Case{"Blocks", "51", &SharedState::Blocks, 50},
+          Case{"DissolveDelay", "-1", &SharedState::DissolveDelay, 0},
+          Case{"DissolveDelay", "201", &SharedState::DissolveDelay, 200},
+          Case{"ImageInterval", "0", &SharedState::ImageInterval, 1},
+          Case{"ImageInterval", "121", &SharedState::ImageInterval, 120},
+          Case{"ImageInterval", "2.5", &SharedState::ImageInterval, 2},
+          Case{"ImageInterval", "3.5", &SharedState::ImageInterval, 4},
+          Case{"ImageInterval", "12abc", &SharedState::ImageInterval, 12},
+          Case{"ImageInterval", "abc", &SharedState::ImageInterval, 1},
+          Case{"FullScreen", "-7", &SharedState::FullScreen, -7},
+          Case{"IgnoreMouse", "300", &SharedState::IgnoreMouse, 300}}) {
         Program program;
         program.setting(each.key, each.stored);
         program.start("/x");

@@ -37,8 +37,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Parts{"images/sub\\photo.jpg", "images/sub\\", "photo.jpg", "jpg", ""},
                     Parts{"images\\sub/photo.jpg", "images\\sub/", "photo.jpg", "jpg", ""},
                     Parts{"C:\\old.dir\\readme", "C:\\old.dir\\", "readme", "dir\\readme", ""},
-                    Parts{"archive.tar.gz", "", "archive.tar.gz", "gz", ""}, Parts{"name.", "", "name.", "", ""},
-                    Parts{".profile", "", ".profile", "profile", ""},
+                    Parts{"archive.tar.gz", "", "archive.tar.gz", "gz", ""},
+                    Parts{"name.", "", "name.", "", ""}, Parts{".profile", "", ".profile", "profile", ""},
                     Parts{"a:b:c", "a:", "b:c", "", ""}, // the first colon counts
                     Parts{"scheme://host/a/b.gif", "scheme://host/a/", "b.gif", "gif", "a/b.gif"},
                     Parts{"scheme://host", "scheme://", "host", "", ""},
