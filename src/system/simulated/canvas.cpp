@@ -28,7 +28,7 @@ Bitmap resizedTo(Size size, const Bitmap& former, Pixel backColor) {
     return bitmap;
 }
 
-bool within(const PixelRect& inner, const PixelRect& outer) { return intersection(inner, outer) == inner; }
+bool covers(const PixelRect& outer, const PixelRect& inner) { return intersection(inner, outer) == inner; }
 
 PixelRect bounding(const PixelRect& a, const PixelRect& b) {
     return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
@@ -117,10 +117,10 @@ void CanvasWindow::prepare() {
 void CanvasWindow::mark(const PixelRect& rect) {
     const PixelRect inside = intersection(rect, painted_.bounds());
     if (inside.empty() ||
-        std::ranges::any_of(changed_, [&](const PixelRect& other) { return within(inside, other); })) {
+        std::ranges::any_of(changed_, [&](const PixelRect& other) { return covers(other, inside); })) {
         return;
     }
-    std::erase_if(changed_, [&](const PixelRect& other) { return within(other, inside); });
+    std::erase_if(changed_, [&](const PixelRect& other) { return covers(inside, other); });
     changed_.push_back(inside);
     if (changed_.size() > mostChanges) {
         PixelRect all = inside;

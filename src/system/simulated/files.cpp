@@ -192,18 +192,18 @@ void Drives::remove(const std::string& path) {
     }
 }
 
-std::vector<std::string> Drives::list(const std::string& wanted) {
-    const std::string pattern = upToZero(wanted);
-    const auto divider = std::find_if(pattern.rbegin(), pattern.rend(),
+std::vector<std::string> Drives::list(const std::string& pattern) {
+    const std::string wanted = upToZero(pattern);
+    const auto divider = std::find_if(wanted.rbegin(), wanted.rend(),
                                       [](char letter) { return isDivider(letter) || letter == ':'; });
-    const auto split = static_cast<std::size_t>(pattern.rend() - divider);
-    const Place folder = place(split == 0 ? "." : pattern.substr(0, split));
+    const auto split = static_cast<std::size_t>(wanted.rend() - divider);
+    const Place folder = place(split == 0 ? "." : wanted.substr(0, split));
     Volume& on = volume(folder);
     refuseMarked(folder);
     if (!isFolder(on, folder.path)) {
         throw Failure(FailureCode::pathNotFound);
     }
-    const std::string_view names = std::string_view(pattern).substr(split);
+    const std::string_view names = std::string_view(wanted).substr(split);
     std::vector<std::string> found;
     for (const Entry& entry : on.drive->entries(folder.path)) {
         Place at = folder;

@@ -1,14 +1,16 @@
 #include "system/simulated/machine.h"
 #include "system/simulated/text.h"
 
+#include <utility>
+
 namespace sys::simulated {
 
 namespace {
 
 class LabelWindow final : public NativeWindow<sys::Window> {
 public:
-    LabelWindow(Screen& screen, WindowNode* parent, const LabelStyle& style)
-        : NativeWindow(screen, WindowKind::label, parent, ""), style_(style) {}
+    LabelWindow(Screen& screen, WindowNode* parent, LabelStyle style)
+        : NativeWindow(screen, WindowKind::label, parent, ""), style_(std::move(style)) {}
 
     void draw(Bitmap& target, Point at, const PixelRect& clip) const override {
         target.fill(clip, opaque(style_.backColor));

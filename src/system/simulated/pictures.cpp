@@ -4,6 +4,7 @@
 
 #include <gd.h>
 
+#include <array>
 #include <cstdio>
 #include <limits>
 #include <memory>
@@ -122,10 +123,10 @@ std::optional<Claim> bmpClaim(Bytes bytes) {
     return Claim{width, height < 0 ? -static_cast<std::int64_t>(height) : height}; // negative: top row first
 }
 
-constexpr Format formats[] = {
-    {isJpeg, jpegClaim, decodeJpeg},
-    {isGif, gifClaim, gdImageCreateFromGifPtr},
-    {isBmp, bmpClaim, gdImageCreateFromBmpPtr},
+constexpr std::array formats = {
+    Format{isJpeg, jpegClaim, decodeJpeg},
+    Format{isGif, gifClaim, gdImageCreateFromGifPtr},
+    Format{isBmp, bmpClaim, gdImageCreateFromBmpPtr},
 };
 
 std::uint8_t channel(int value) { return static_cast<std::uint8_t>(value); }
@@ -167,7 +168,7 @@ PicturePtr decodePicture(Bytes bytes, TwipsPerPixel scale) {
     const auto* format =
         std::ranges::find_if(formats, [&](const Format& candidate) { return candidate.recognises(bytes); });
     const bool tooLong = bytes.size() > static_cast<std::size_t>(std::numeric_limits<int>::max());
-    if (format == std::end(formats) || tooLong) {
+    if (format == formats.end() || tooLong) {
         throw Failure(FailureCode::invalidPicture);
     }
     const auto claim = format->claim(bytes);

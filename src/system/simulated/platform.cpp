@@ -3,8 +3,7 @@
 #include "system/failure.h"
 #include "system/simulated/names.h"
 
-#include <cstring>
-#include <type_traits>
+#include <algorithm>
 
 namespace sys::simulated {
 
@@ -114,7 +113,7 @@ std::int32_t SimulatedPlatform::regQueryValueEx(RegistryKey key, const std::stri
     if (room < length) {
         return moreData;
     }
-    std::memcpy(buffer, data.data(), data.size());
+    std::ranges::copy(data, buffer);
     return success;
 }
 
@@ -134,15 +133,15 @@ std::int32_t SimulatedPlatform::systemParametersInfo(std::uint32_t action, std::
     return 1;
 }
 
-std::int32_t SimulatedPlatform::setWindowPos(WindowHandle handle, std::intptr_t after, int x, int y,
+std::int32_t SimulatedPlatform::setWindowPos(WindowHandle window, std::intptr_t after, int x, int y,
                                              int width, int height, std::uint32_t flags) {
-    record("setWindowPos", handle, after, x, y, width, height, flags);
-    WindowNode* window = screen_.find(handle);
-    if (window == nullptr) {
+    record("setWindowPos", window, after, x, y, width, height, flags);
+    WindowNode* node = screen_.find(window);
+    if (node == nullptr) {
         return 0;
     }
     const TwipsPerPixel scale = screen_.scale();
-    Area area = window->area();
+    Area area = node->area();
     if ((flags & keepPosition) == 0) {
         area.left = static_cast<float>(x * scale.x);
         area.top = static_cast<float>(y * scale.y);
@@ -151,18 +150,18 @@ std::int32_t SimulatedPlatform::setWindowPos(WindowHandle handle, std::intptr_t 
         area.width = static_cast<float>(width * scale.x);
         area.height = static_cast<float>(height * scale.y);
     }
-    window->moveTo(area);
+    node->moveTo(area);
     if ((flags & keepOrder) == 0) {
         switch (after) {
-        case topmost: screen_.setTopmost(*window, true); break;
-        case notTopmost: screen_.setTopmost(*window, false); break;
-        case top: screen_.raise(*window); break;
-        case bottom: screen_.lower(*window); break;
+        case topmost: screen_.setTopmost(*node, true); break;
+        case notTopmost: screen_.setTopmost(*node, false); break;
+        case top: screen_.raise(*node); break;
+        case bottom: screen_.lower(*node); break;
         default: return 0;
         }
     }
     if ((flags & (show | hide)) != 0) {
-        window->setVisible((flags & show) != 0);
+        node->setVisible((flags & show) != 0);
     }
     return 1;
 }

@@ -117,9 +117,8 @@ void Screen::setTopmost(WindowNode& window, bool topmost) {
 
 Bitmap Screen::compose() const {
     Bitmap picture(size_, desktop);
-    for (auto window = topLevel_.rbegin(); window != topLevel_.rend(); ++window) {
-        composeWindow(picture, **window, {}, picture.bounds());
-    }
+    std::for_each(topLevel_.rbegin(), topLevel_.rend(),
+                  [&](const WindowNode* window) { composeWindow(picture, *window, {}, picture.bounds()); });
     return picture;
 }
 
@@ -132,9 +131,8 @@ void Screen::composeWindow(Bitmap& picture, const WindowNode& window, Point orig
     }
     const Point corner{rect.left, rect.top};
     window.draw(picture, corner, inside);
-    for (auto child = window.children().rbegin(); child != window.children().rend(); ++child) {
-        composeWindow(picture, **child, corner, inside);
-    }
+    std::for_each(window.children().rbegin(), window.children().rend(),
+                  [&](const WindowNode* child) { composeWindow(picture, *child, corner, inside); });
 }
 
 void Screen::countPresented(std::int64_t pixels) {

@@ -3,6 +3,9 @@
 
 #include <gmock/gmock.h>
 
+#include <exception>
+#include <type_traits>
+
 namespace {
 
 using sys::simulated::Machine;
@@ -73,7 +76,7 @@ TEST_F(SimulatedEvents, Handler_ThatLooksAtTheQueue_GetsTheNextEventInside) {
     input.handler = [&](const std::string& event) {
         if (event == "key 112") {
             machine.deliverEvents();
-            input.events.push_back("end of 112");
+            input.events.emplace_back("end of 112");
         }
     };
     machine.user().press(112);
@@ -166,28 +169,23 @@ TEST_F(SimulatedEvents, AlarmThatIsAlwaysDue_FailsInsteadOfHanging) {
 
 TEST_F(SimulatedEvents, PassLimit_UnwindsTheLookAfterIt) {
     machine.setPassLimit(3);
-    int passes = 0;
+    EXPECT_NO_THROW(machine.deliverEvents());
+    EXPECT_NO_THROW(machine.deliverEvents());
+    EXPECT_NO_THROW(machine.deliverEvents());
     try {
-        while (passes < 100) {
-            machine.deliverEvents();
-            ++passes;
-        }
+        machine.deliverEvents();
         FAIL();
     } catch (const sys::simulated::ProcessEnded& end) {
         EXPECT_TRUE(end.unwound());
     }
-    EXPECT_EQ(passes, 3);
     machine.setPassLimit(std::nullopt);
     EXPECT_NO_THROW(machine.deliverEvents());
 }
 
 TEST_F(SimulatedEvents, EndProcess_ThrowsWhatNoHandlerOfAProgramCatches) {
+    static_assert(!std::is_base_of_v<std::exception, sys::simulated::ProcessEnded>);
     try {
-        try {
-            machine.endProcess(7);
-        } catch (const std::exception&) {
-            FAIL();
-        }
+        machine.endProcess(7);
     } catch (const sys::simulated::ProcessEnded& end) {
         EXPECT_EQ(end.exitCode(), 7);
         EXPECT_FALSE(end.unwound());

@@ -13,6 +13,7 @@ namespace {
 using sys::Access;
 using sys::simulated::Drives;
 using sys::simulated::patternFinds;
+using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -60,6 +61,11 @@ protected:
     int openCode(const std::string& path, Access access = Access::read) {
         return codeOf([&] { drives.open(path, access); });
     }
+    /// The codes for reading, writing, reading and writing, appending.
+    std::vector<int> openCodes(const std::string& path) {
+        return {openCode(path, Access::read), openCode(path, Access::write),
+                openCode(path, Access::readWrite), openCode(path, Access::append)};
+    }
     int removeCode(const std::string& path) {
         return codeOf([&] { drives.remove(path); });
     }
@@ -94,14 +100,12 @@ TEST_P(EveryDrive, Paths_AreResolvedBeforeAnythingIsLookedUp) {
 }
 
 TEST_P(EveryDrive, MissingFile_FailsByWhetherItsFolderExists) {
-    for (const Access access : {Access::read, Access::write, Access::readWrite, Access::append}) {
-        EXPECT_EQ(openCode("C:\\None\\Sea.jpg", access), 76);
-        EXPECT_EQ(openCode("C:\\Pics\\Sea.jpg\\x.jpg", access), 76) << "a file is no folder";
-        EXPECT_EQ(openCode("C:\\Pics\\a*.jpg", access), 53);
-        EXPECT_EQ(openCode("C:\\Pics\\a:b", access), 53);
-        EXPECT_EQ(openCode("\\\\server\\share\\x", access), 76);
-        EXPECT_EQ(openCode("", access), 75);
-    }
+    EXPECT_THAT(openCodes("C:\\None\\Sea.jpg"), Each(76));
+    EXPECT_THAT(openCodes("C:\\Pics\\Sea.jpg\\x.jpg"), Each(76)) << "a file is no folder";
+    EXPECT_THAT(openCodes("C:\\Pics\\a*.jpg"), Each(53));
+    EXPECT_THAT(openCodes("C:\\Pics\\a:b"), Each(53));
+    EXPECT_THAT(openCodes("\\\\server\\share\\x"), Each(76));
+    EXPECT_THAT(openCodes(""), Each(75));
     EXPECT_EQ(openCode("C:\\Pics\\Lake.jpg"), 53);
     EXPECT_EQ(removeCode("C:\\Pics\\Lake.jpg"), 53);
     EXPECT_EQ(removeCode("C:\\None\\Lake.jpg"), 76);
@@ -110,12 +114,10 @@ TEST_P(EveryDrive, MissingFile_FailsByWhetherItsFolderExists) {
 }
 
 TEST_P(EveryDrive, Folder_IsNoFile) {
-    for (const Access access : {Access::read, Access::write, Access::readWrite, Access::append}) {
-        EXPECT_EQ(openCode("C:\\Pics", access), 75);
-        EXPECT_EQ(openCode("C:\\Pics\\", access), 75);
-        EXPECT_EQ(openCode("C:\\", access), 75);
-        EXPECT_EQ(openCode("C:\\None\\", access), 76);
-    }
+    EXPECT_THAT(openCodes("C:\\Pics"), Each(75));
+    EXPECT_THAT(openCodes("C:\\Pics\\"), Each(75));
+    EXPECT_THAT(openCodes("C:\\"), Each(75));
+    EXPECT_THAT(openCodes("C:\\None\\"), Each(76));
     EXPECT_FALSE(drives.exists("C:\\Pics"));
     EXPECT_EQ(removeCode("C:\\Pics\\Sub"), 75);
 }
@@ -136,16 +138,16 @@ TEST_P(EveryDrive, MissingDrive_IsADeviceThatIsUnavailable) {
 TEST_P(EveryDrive, Reading_GivesWhatIsThereFromThePosition) {
     const auto file = drives.open("Sea.jpg", Access::read);
     EXPECT_EQ(file->length(), 3);
-    char bytes[8] = {};
-    EXPECT_EQ(file->read(bytes, 2), 2U);
-    EXPECT_EQ(file->read(bytes, 8), 1U);
+    std::string bytes(8, ' ');
+    EXPECT_EQ(file->read(bytes.data(), 2), 2U);
+    EXPECT_EQ(file->read(bytes.data(), 8), 1U);
     EXPECT_EQ(bytes[0], 'a');
-    EXPECT_EQ(file->read(bytes, 8), 0U);
+    EXPECT_EQ(file->read(bytes.data(), 8), 0U);
     file->seek(1);
-    EXPECT_EQ(file->read(bytes, 8), 2U);
-    EXPECT_EQ(std::string(bytes, 2), "ea");
+    EXPECT_EQ(file->read(bytes.data(), 8), 2U);
+    EXPECT_EQ(bytes.substr(0, 2), "ea");
     file->seek(100);
-    EXPECT_EQ(file->read(bytes, 8), 0U);
+    EXPECT_EQ(file->read(bytes.data(), 8), 0U);
     EXPECT_EQ(codeOf([&] { file->write("x", 1); }), 75);
 }
 

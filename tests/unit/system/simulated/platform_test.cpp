@@ -105,22 +105,22 @@ TEST_F(SimulatedCalls, Registry_GivesTheBytesAsStored) {
     ASSERT_EQ(platform.regOpenKeyEx(currentUserRoot, "control panel\\desktop", 1, key), 0);
     EXPECT_EQ(platform.openRegistryKeys(), 1);
     std::uint32_t type = 0;
-    char buffer[8] = "       ";
-    std::uint32_t length = sizeof buffer;
-    EXPECT_EQ(platform.regQueryValueEx(key, "USE", type, buffer, length), 0);
+    std::string buffer(8, ' ');
+    auto length = static_cast<std::uint32_t>(buffer.size());
+    EXPECT_EQ(platform.regQueryValueEx(key, "USE", type, buffer.data(), length), 0);
     EXPECT_EQ(type, 1U);
     EXPECT_EQ(length, 3U) << "the terminating zero counts";
-    EXPECT_STREQ(buffer, "12");
+    EXPECT_STREQ(buffer.c_str(), "12");
     length = 2;
-    EXPECT_EQ(platform.regQueryValueEx(key, "Use", type, buffer, length), 234);
+    EXPECT_EQ(platform.regQueryValueEx(key, "Use", type, buffer.data(), length), 234);
     EXPECT_EQ(length, 3U);
     length = 0;
     EXPECT_EQ(platform.regQueryValueEx(key, "Use", type, nullptr, length), 0);
     EXPECT_EQ(length, 3U);
-    EXPECT_EQ(platform.regQueryValueEx(key, "Other", type, buffer, length), 2);
+    EXPECT_EQ(platform.regQueryValueEx(key, "Other", type, buffer.data(), length), 2);
     EXPECT_EQ(platform.regCloseKey(key), 0);
     EXPECT_EQ(platform.openRegistryKeys(), 0);
-    EXPECT_EQ(platform.regQueryValueEx(key, "Use", type, buffer, length), 6);
+    EXPECT_EQ(platform.regQueryValueEx(key, "Use", type, buffer.data(), length), 6);
     EXPECT_EQ(platform.regCloseKey(key), 6);
 }
 
@@ -129,11 +129,11 @@ TEST_F(SimulatedCalls, RegistryNumber_HasFourBytesLowestFirst) {
     sys::RegistryKey key = 0;
     platform.regOpenKeyEx(currentUserRoot, "Desktop", 1, key);
     std::uint32_t type = 0;
-    char buffer[8] = {};
-    std::uint32_t length = sizeof buffer;
-    EXPECT_EQ(platform.regQueryValueEx(key, "Use", type, buffer, length), 0);
+    std::string buffer(8, ' ');
+    auto length = static_cast<std::uint32_t>(buffer.size());
+    EXPECT_EQ(platform.regQueryValueEx(key, "Use", type, buffer.data(), length), 0);
     EXPECT_EQ(type, 4U);
-    EXPECT_EQ(std::string(buffer, length), "\x84\x03\x02\x01");
+    EXPECT_EQ(buffer.substr(0, length), "\x84\x03\x02\x01");
 }
 
 TEST_F(SimulatedCalls, ScreenSaverRunning_GivesTheStateBefore) {

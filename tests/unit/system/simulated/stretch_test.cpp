@@ -7,7 +7,6 @@
 
 namespace {
 
-using sys::PixelRect;
 using sys::simulated::Bitmap;
 using sys::simulated::Pixel;
 using sys::simulated::stretch;
