@@ -184,11 +184,21 @@ class EndToEndCase(unittest.TestCase):
         self.machine.act("key", "space")
         show.wait_for_end()
 
+    def check_silent(self, show, code=0):
+        """The program ends by itself, and never has a window to see."""
+        before = {window.handle for window in self.probe.windows() if window.visible}
+        while show.running():
+            windows = [window for window in self.probe.windows()
+                       if window.visible and window.handle not in before]
+            self.assertEqual(windows, [])
+        show.wait_for_end(code)
+
     def comment(self, show):
         """The window of the text at the bottom left, or nothing when there is none."""
         form = show.wait_for_form()
+        left = int(5 * self.dpi / 1440 + 0.5)  # 5 twips
         return next((child for child in self.probe.children(form)
-                     if child.visible and child.text and child.left == 0 and child.bottom == form.bottom), None)
+                     if child.visible and child.text and child.left == left and child.bottom == form.bottom), None)
 
     def wait_for_text(self, show, wanted):
         """The comment, once `wanted` holds of its text."""

@@ -121,15 +121,12 @@ class Frame(Shot):
         """Nothing if the shot shows this, else where it first doesn't."""
         wanted, seen = self, shot
         if self._ignored or self._tolerant:
-            wanted = Shot(self.width, self.height, bytearray(self.data))
             seen = Shot(shot.width, shot.height, bytearray(shot.data))
             for left, top, right, bottom in self._ignored:
-                blank = bytes((right - left) * 4)
                 for y in range(top, bottom):
-                    wanted.put_row(y, left, blank)
-                    seen.put_row(y, left, blank)
+                    seen.put_row(y, left, wanted.row(y, left, right))
             for left, top, right, bottom, colour, tolerance in self._tolerant:
-                self._settle(wanted, seen, (left, top, right, bottom), colour, tolerance)
+                self._settle(seen, (left, top, right, bottom), colour, tolerance)
         if wanted.data == seen.data:
             return None
         for y in range(self.height):
@@ -139,12 +136,11 @@ class Frame(Shot):
                 return f"at {x}, {y} stands {seen.pixel(x, y)} and not {wanted.pixel(x, y)}"
         return None
 
-    @staticmethod
-    def _settle(wanted, seen, box, colour, tolerance):
+    def _settle(self, seen, box, colour, tolerance):
         """Where the shot's rows lie within the tolerance they are taken for the wanted ones."""
         left, top, right, bottom = box
         for y in range(top, bottom):
             row = seen.row(y, left, right)
             if all(min(row[offset::4]) >= value - tolerance and max(row[offset::4]) <= value + tolerance
                    for offset, value in enumerate(reversed(colour))):
-                seen.put_row(y, left, wanted.row(y, left, right))
+                seen.put_row(y, left, self.row(y, left, right))

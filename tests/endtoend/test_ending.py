@@ -58,7 +58,7 @@ class EndingTest(EndToEndCase):
         show = self.start_with_pointer(*middle, MouseSensitivity="10")
         for i in range(9):
             # Over the picture and beside it, over the form: they add up.
-            self.machine.act_on(show.form, "mousemove", middle[0] + 250 * (i % 2), middle[1] + i)
+            self.machine.act_on(show.form, "mousemove", middle[0] + 250 * (i % 2), middle[1] + i + 1)
         # A window that comes or goes beneath the pointer isn't a move.
         self.assertEqual(len(show.watch(self.frames, 4)), 4)
         self.assertTrue(show.running())

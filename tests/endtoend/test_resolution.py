@@ -28,5 +28,4 @@ class ResolutionTest(EndToEndCase):
         show.wait_for_frame(self.machine.frame().paint(picture, 0, top, self.machine.width, 64, 5))
         comment = self.wait_for_comment(show, "Overflow")
         show.wait_for_frame(self.banner_frame(comment))
-        self.assertEqual((comment.left, comment.bottom), (0, self.machine.height))
         self.end_by_key(show)

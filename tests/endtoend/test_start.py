@@ -49,15 +49,6 @@ class SwitchTest(EndToEndCase):
             with self.subTest(switch):
                 self.check_silent(self.start(switch))
 
-    def check_silent(self, show, code=0):
-        """Ends by itself, and never had a window to see."""
-        before = {window.handle for window in self.probe.windows() if window.visible}
-        while show.running():
-            windows = [window for window in self.probe.windows()
-                       if window.visible and window.handle not in before]
-            self.assertEqual(windows, [])
-        show.wait_for_end(code)
-
     def test_a_second_show_ends_silently(self):
         picture = self.add("a.bmp", quarters(300, 200))
         first = self.start(AllImages="1")
@@ -113,8 +104,5 @@ class LogTest(EndToEndCase):
     def test_a_log_that_cannot_be_deleted_ends_the_show_silently(self):
         self.put_log()
         os.chmod(self.log, stat.S_IRUSR)
-        show = self.start("/s")
-        while show.running():
-            self.assertEqual(show.forms(), [])
-        show.wait_for_end("failure")
+        self.check_silent(self.start("/s"), "failure")
         self.assertTrue(os.path.exists(self.log))

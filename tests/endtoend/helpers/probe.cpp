@@ -82,12 +82,14 @@ void describe(HWND window, bool child) {
     GetClassNameA(window, className, sizeof className);
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);
+    // Before its place, which may follow from it.
+    const std::string text = textOf(window, child);
     RECT place{};
     GetWindowRect(window, &place);
-    answer(numberOf(window), numberOf(GetParent(window)), process, encoded(className),
-           encoded(textOf(window, child)), static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE)),
-           static_cast<DWORD>(GetWindowLongA(window, GWL_EXSTYLE)), IsWindowVisible(window) ? 1 : 0, place.left,
-           place.top, place.right, place.bottom);
+    answer(numberOf(window), numberOf(GetParent(window)), process, encoded(className), encoded(text),
+           static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE)),
+           static_cast<DWORD>(GetWindowLongA(window, GWL_EXSTYLE)), IsWindowVisible(window) ? 1 : 0,
+           place.left, place.top, place.right, place.bottom);
 }
 
 /// Uppermost first.
@@ -112,7 +114,8 @@ void listChildren(const Fields& arguments) {
 
 void postMessage(const Fields& arguments) {
     PostMessageA(windowFrom(arguments.at(1)), static_cast<UINT>(std::stoul(arguments.at(2))),
-                 static_cast<WPARAM>(std::stoull(arguments.at(3))), static_cast<LPARAM>(std::stoll(arguments.at(4))));
+                 static_cast<WPARAM>(std::stoull(arguments.at(3))),
+                 static_cast<LPARAM>(std::stoll(arguments.at(4))));
 }
 
 /// Returns when the window's thread has taken what lay in its queue: a sent message is answered before
@@ -120,7 +123,8 @@ void postMessage(const Fields& arguments) {
 void settle(const Fields& arguments) {
     for (int i = 0; i < 4; ++i) {
         DWORD_PTR result = 0;
-        if (SendMessageTimeoutA(windowFrom(arguments.at(1)), WM_NULL, 0, 0, SMTO_ABORTIFHUNG, 10000, &result) == 0) {
+        if (SendMessageTimeoutA(windowFrom(arguments.at(1)), WM_NULL, 0, 0, SMTO_ABORTIFHUNG, 10000,
+                                &result) == 0) {
             answer("gone");
             return;
         }
@@ -132,9 +136,9 @@ void settle(const Fields& arguments) {
 void hold(const Fields& arguments) {
     static HANDLE made = CreateEventA(nullptr, FALSE, FALSE, nullptr);
     std::thread([arguments] {
-        CreateWindowExA(0, "STATIC", decoded(arguments.at(1)).c_str(), WS_POPUP | WS_VISIBLE, std::stoi(arguments.at(2)),
-                        std::stoi(arguments.at(3)), std::stoi(arguments.at(4)), std::stoi(arguments.at(5)), nullptr,
-                        nullptr, nullptr, nullptr);
+        CreateWindowExA(0, "STATIC", decoded(arguments.at(1)).c_str(), WS_POPUP | WS_VISIBLE,
+                        std::stoi(arguments.at(2)), std::stoi(arguments.at(3)), std::stoi(arguments.at(4)),
+                        std::stoi(arguments.at(5)), nullptr, nullptr, nullptr, nullptr);
         SetEvent(made);
         MSG message;
         while (GetMessageA(&message, nullptr, 0, 0) > 0) {
@@ -172,15 +176,16 @@ void tellLastInput(const Fields& /*arguments*/) {
 
 void setValue(const Fields& arguments) {
     HKEY key = nullptr;
-    if (RegCreateKeyExA(HKEY_CURRENT_USER, decoded(arguments.at(1)).c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &key,
-                        nullptr) != ERROR_SUCCESS) {
+    if (RegCreateKeyExA(HKEY_CURRENT_USER, decoded(arguments.at(1)).c_str(), 0, nullptr, 0, KEY_WRITE,
+                        nullptr, &key, nullptr) != ERROR_SUCCESS) {
         throw std::runtime_error("can't make the key");
     }
     const std::string name = decoded(arguments.at(2));
     const std::string data = decoded(arguments.at(4));
     if (arguments.at(3) == "number") {
         const auto number = static_cast<DWORD>(std::stoul(data));
-        RegSetValueExA(key, name.c_str(), 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number), sizeof number);
+        RegSetValueExA(key, name.c_str(), 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number),
+                       sizeof number);
     } else {
         RegSetValueExA(key, name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(data.c_str()),
                        static_cast<DWORD>(data.size() + 1));
@@ -192,7 +197,9 @@ void removeValue(const Fields& arguments) {
     RegDeleteKeyValueA(HKEY_CURRENT_USER, decoded(arguments.at(1)).c_str(), decoded(arguments.at(2)).c_str());
 }
 
-void removeKey(const Fields& arguments) { RegDeleteTreeA(HKEY_CURRENT_USER, decoded(arguments.at(1)).c_str()); }
+void removeKey(const Fields& arguments) {
+    RegDeleteTreeA(HKEY_CURRENT_USER, decoded(arguments.at(1)).c_str());
+}
 
 // Processes
 
@@ -226,10 +233,12 @@ Fields split(const std::string& line) {
 
 int main() {
     const std::map<std::string, std::function<void(const Fields&)>> commands = {
-        {"windows", listWindows}, {"children", listChildren},     {"post", postMessage},
-        {"settle", settle},       {"hold", hold},                 {"release", release},
-        {"pointer", tellPointer}, {"last input", tellLastInput},  {"set", setValue},
-        {"unset", removeValue},   {"clear", removeKey},           {"modules", listModules},
+        {"windows", listWindows}, {"children", listChildren},
+        {"post", postMessage},    {"settle", settle},
+        {"hold", hold},           {"release", release},
+        {"pointer", tellPointer}, {"last input", tellLastInput},
+        {"set", setValue},        {"unset", removeValue},
+        {"clear", removeKey},     {"modules", listModules},
     };
     for (std::string line; std::getline(std::cin, line);) {
         const Fields fields = split(line);
