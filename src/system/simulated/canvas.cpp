@@ -28,7 +28,7 @@ Bitmap resizedTo(Size size, const Bitmap& former, Pixel backColor) {
     return bitmap;
 }
 
-bool covers(const PixelRect& outer, const PixelRect& inner) { return intersection(inner, outer) == inner; }
+bool covers(const PixelRect& rect, const PixelRect& part) { return intersection(rect, part) == part; }
 
 PixelRect bounding(const PixelRect& a, const PixelRect& b) {
     return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),

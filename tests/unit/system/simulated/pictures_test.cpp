@@ -5,8 +5,11 @@
 #include <gd.h>
 #include <gmock/gmock.h>
 
-#include <cstdlib>
+#include <algorithm>
+#include <array>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -142,20 +145,39 @@ TEST(Pictures, GifFrameBeyondItsScreen_Fails) {
     EXPECT_EQ(codeOf(picture), 481);
 }
 
-TEST(Pictures, DamagedFiles_GiveAPictureOrFailWithoutAWord) {
-    testing::internal::CaptureStderr();
-    testing::internal::CaptureStdout();
-    for (const Bytes& whole : {bmpFile(twoColours()), gif(true), jpeg({16, 16})}) {
-        for (std::size_t position = 0; position < whole.size(); ++position) {
-            const auto here = static_cast<std::ptrdiff_t>(position);
-            EXPECT_THAT(codeOf({whole.begin(), whole.begin() + here}), AnyOf(0, 481)) << position;
-            Bytes damaged = whole;
-            damaged[position] = static_cast<std::uint8_t>(~damaged[position]);
-            EXPECT_THAT(codeOf(damaged), AnyOf(0, 481, 7)) << position;
-        }
+class DamagedPictures : public testing::TestWithParam<Bytes> {
+protected:
+    DamagedPictures() {
+        testing::internal::CaptureStderr();
+        testing::internal::CaptureStdout();
     }
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    ~DamagedPictures() override {
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+        EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+    }
+};
+
+std::string formatName(const testing::TestParamInfo<Bytes>& info) {
+    constexpr std::array names{"Bmp", "Gif", "Jpeg"};
+    return names.at(info.index);
+}
+
+INSTANTIATE_TEST_SUITE_P(Pictures, DamagedPictures,
+                         testing::Values(bmpFile(twoColours()), gif(true), jpeg({16, 16})), formatName);
+
+TEST_P(DamagedPictures, BrokenOffAnywhere_IsAPictureOrFailsWithoutAWord) {
+    const Bytes& whole = GetParam();
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        EXPECT_THAT(codeOf({whole.data(), whole.data() + length}), AnyOf(0, 481)) << length;
+    }
+}
+
+TEST_P(DamagedPictures, AnyByteTurned_IsAPictureOrFailsWithoutAWord) {
+    for (std::size_t position = 0; position < GetParam().size(); ++position) {
+        Bytes damaged = GetParam();
+        damaged[position] = static_cast<std::uint8_t>(~damaged[position]);
+        EXPECT_THAT(codeOf(damaged), AnyOf(0, 481, 7)) << position;
+    }
 }
 
 } // namespace
