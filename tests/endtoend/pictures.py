@@ -97,7 +97,8 @@ class Bitmap:
     def __init__(self, path):
         size = subprocess.run(["identify", "-format", "%w %h", path], check=True, capture_output=True).stdout
         self.width, self.height = map(int, size.split())
-        data = subprocess.run(["convert", path, "-depth", "8", "bgr:-"], check=True, capture_output=True).stdout
+        data = subprocess.run(["convert", path, "-depth", "8", "bgr:-"], check=True,
+                              capture_output=True).stdout
         self.pixels = bytearray(self.width * self.height * 4)
         for channel in range(3):
             self.pixels[channel::4] = data[channel::3]

@@ -113,9 +113,14 @@ class Frame(Shot):
         picture.draw(self, left, top, width or picture.width, height or picture.height, blur)
         return self
 
+    def stretch(self, picture, blur):
+        """A test picture that fills the screen."""
+        return self.paint(picture, 0, 0, self.width, self.height, blur)
+
     def centre(self, picture):
-        """A test picture in its own size in the middle."""
-        return self.paint(picture, (self.width - picture.width) // 2, (self.height - picture.height) // 2)
+        """A test picture in its own size in the middle; half a pixel goes to the right, and down."""
+        return self.paint(picture, (self.width - picture.width + 1) // 2,
+                          (self.height - picture.height + 1) // 2)
 
     def difference(self, shot):
         """Nothing if the shot shows this, else where it first doesn't."""

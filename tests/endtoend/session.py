@@ -175,10 +175,6 @@ class Session:
     def shot(self):
         return self._display.screen.shot()
 
-    def frame(self):
-        """A black screen, for a test to paint on what it expects."""
-        return screen.Frame(self.width, self.height)
-
     def act(self, *arguments):
         """Mouse and keyboard, as xdotool names them."""
         subprocess.run(["xdotool", *map(str, arguments)], env=self.environment, check=True)

@@ -20,7 +20,8 @@ class BrokenTemplateTest(EndToEndCase):
         self.check_failure(self.start(ImageListFile="missing.txt"), "File not found")
 
     def test_a_template_in_a_missing_folder(self):
-        self.check_failure(self.start(ImagePath="C:\\no such folder", ImageListFile="show.txt"), "Path not found")
+        show = self.start(ImagePath="C:\\no such folder", ImageListFile="show.txt")
+        self.check_failure(show, "Path not found")
 
     def test_no_template(self):
         self.check_failure(self.start(), "Path/File access error")
@@ -39,7 +40,7 @@ class BrokenPictureTest(EndToEndCase):
         picture = self.add("good.bmp", quarters(400, 300))
         show = self.start_template("IMAGE=good.bmp", "IMAGE=" + name, "its comment isn't shown")
         comment = self.wait_for_comment(show, description)
-        frames = {"good": self.machine.frame().centre(picture), "banner": self.banner_frame(comment)}
+        frames = {"good": self.frame().centre(picture), "banner": self.banner_frame(comment)}
         seen = show.watch(frames, 3)
         self.assertIn(seen, (["good", "banner", "good"], ["banner", "good", "banner"]))
         self.end_by_key(show)
@@ -66,7 +67,7 @@ class BrokenPictureTest(EndToEndCase):
         bad = ["empty.gif", "random.jpg", "text.bmp", "cut.jpg", "cut.gif", "cut.bmp", "cut.wmf"]
         show = self.start_template(*(f"IMAGE={name}" for name in bad + ["good.bmp"]))
         comment = self.wait_for_comment(show, "Invalid picture")
-        frames = {"banner": self.banner_frame(comment), "good": self.machine.frame().centre(good)}
+        frames = {"banner": self.banner_frame(comment), "good": self.frame().centre(good)}
         self.assertEqual(show.watch(frames, 3), ["banner", "good", "banner"])
         self.end_by_key(show)
 
@@ -80,7 +81,7 @@ class BrokenPictureTest(EndToEndCase):
             self.write(names[-1], whole[:len(whole) * 2 // 3])
         good = self.add("good.bmp", quarters(400, 300))
         show = self.start_template(*(f"IMAGE={name}" for name in names + ["good.bmp"]))
-        show.wait_for_frame(self.machine.frame().centre(good))
+        show.wait_for_frame(self.frame().centre(good))
         self.end_by_key(show)
 
     def test_a_picture_wider_than_the_limit(self):
@@ -95,5 +96,5 @@ class BrokenPictureTest(EndToEndCase):
         picture = self.add("wide.bmp", quarters(2184, 100))
         show = self.start_template("IMAGE=wide.bmp")
         top = (self.machine.height - 100) // 2
-        show.wait_for_frame(self.machine.frame().paint(picture, 0, top, self.machine.width, 100, 3))
+        show.wait_for_frame(self.frame().paint(picture, 0, top, self.machine.width, 100, 3))
         self.end_by_key(show)

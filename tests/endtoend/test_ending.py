@@ -10,7 +10,7 @@ class EndingTest(EndToEndCase):
     def setUp(self):
         super().setUp()
         # The pointer stands now over a picture and now beside one.
-        self.frames = {name: self.machine.frame().centre(self.add(name, quarters(*size)))
+        self.frames = {name: self.frame().centre(self.add(name, quarters(*size)))
                        for name, size in {"small.bmp": (100, 100), "large.gif": (600, 400)}.items()}
 
     def start_folder(self, **settings):
@@ -88,7 +88,7 @@ class CommentTest(EndToEndCase):
 
     def setUp(self):
         super().setUp()
-        self.frame = self.machine.frame().centre(self.add("a.bmp", quarters(300, 200)))
+        self.frame = self.frame().centre(self.add("a.bmp", quarters(300, 200)))
         self.show = self.start_template("IMAGE=a.bmp", "A comment to point at", MouseSensitivity="10")
         self.form = self.show.wait_for_form()
         self.text = self.wait_for_comment(self.show, "A comment to point at")

@@ -5,7 +5,12 @@ import time
 
 from case import EndToEndCase
 from pictures import Picture, quarters
+from screen import BLACK
 from session import wait_until
+
+
+def greys(width, height):
+    return Picture(width, height, tuple((level,) * 3 for level in (240, 190, 140, 90)))
 
 
 class FolderTest(EndToEndCase):
@@ -19,7 +24,7 @@ class FolderTest(EndToEndCase):
         self.write("picture.txt", b"not one of them")
         os.mkdir(os.path.join(self.pictures, "folder.gif"))
         show = self.start_folder()
-        seen = show.watch({name: self.machine.frame().centre(picture) for name, picture in added.items()}, 8)
+        seen = show.watch({name: self.frame().centre(picture) for name, picture in added.items()}, 8)
         # "*.jpe" finds the .jpeg too, by its short name; the file system orders the two.
         self.assertEqual(sorted(seen[1:3]), ["a.jpeg", "e.jpe"])
         self.assertEqual(seen[:1] + seen[3:], ["f.gif", "d.jpg", "c.bmp", "b.wmf", "a.jpeg", "f.gif"])
@@ -31,8 +36,9 @@ class FolderTest(EndToEndCase):
         for name, size in sizes.items():
             picture = self.add(name, quarters(*size))
             # A metafile stays sharp however large; a bitmap of few pixels gets wide seams.
-            blur = 2 if name.endswith(".wmf") else 2 + self.machine.width // size[0] + self.machine.height // size[1]
-            frames[name] = self.machine.frame().paint(picture, 0, 0, self.machine.width, self.machine.height, blur)
+            widest = max(self.machine.width / size[0], self.machine.height / size[1])
+            blur = 2 if name.endswith(".wmf") else 2 + round(widest)
+            frames[name] = self.frame().stretch(picture, blur)
         show = self.start_folder(FullScreen="1")
         self.assertEqual(show.watch(frames, 4), ["a.gif", "b.jpg", "c.bmp", "d.wmf"])
         self.end_by_key(show)
@@ -44,9 +50,9 @@ class FolderTest(EndToEndCase):
         self.add("b.bmp", tall)
         self.add("c.wmf", large)
         show = self.start_folder()
-        frames = {"wide": self.machine.frame().paint(wide, 0, (height - 300) // 2, width, 300, 3),
-                  "tall": self.machine.frame().paint(tall, (width - 300) // 2, 0, 300, height, 3),
-                  "large": self.machine.frame().paint(large, 0, 0, width, height, 3)}
+        frames = {"wide": self.frame().paint(wide, 0, (height - 300) // 2, width, 300, 3),
+                  "tall": self.frame().paint(tall, (width - 300) // 2, 0, 300, height, 3),
+                  "large": self.frame().stretch(large, 3)}
         self.assertEqual(show.watch(frames, 4), ["wide", "tall", "large", "wide"])
         self.end_by_key(show)
 
@@ -54,7 +60,7 @@ class FolderTest(EndToEndCase):
         picture = self.add("a.bmp", quarters(200, 200))
         begun = time.monotonic()
         show = self.start_folder(ImageInterval="2")
-        frames = {"black": self.machine.frame(), "picture": self.machine.frame().centre(picture)}
+        frames = {"black": self.frame(), "picture": self.frame().centre(picture)}
         self.assertEqual(show.watch(frames, 2), ["black", "picture"])
         self.assertGreaterEqual(time.monotonic() - begun, 2)
         self.end_by_key(show)
@@ -64,10 +70,31 @@ class FolderTest(EndToEndCase):
         picture = quarters(320, 320)
         clear = picture.colours[1]
         self.add("b.gif", picture, "-transparent", "rgb(%d,%d,%d)" % clear)
-        shown = Picture(320, 320, tuple((0, 0, 0) if colour == clear else colour for colour in picture.colours))
+        shown = Picture(320, 320, tuple(BLACK if colour == clear else colour for colour in picture.colours))
         show = self.start_folder()
-        frames = {"before": self.machine.frame().centre(before), "transparent": self.machine.frame().centre(shown)}
-        self.assertEqual(show.watch(frames, 3), ["before", "transparent", "before"])
+        frames = {"before": self.frame().centre(before), "clear": self.frame().centre(shown)}
+        self.assertEqual(show.watch(frames, 3), ["before", "clear", "before"])
+        self.end_by_key(show)
+
+    def test_the_kinds_of_each_format(self):
+        kinds = {"a interlaced.gif": (quarters(320, 200), ["-interlace", "GIF"]),
+                 "b grey.gif": (greys(300, 200), ["-colorspace", "Gray"]),
+                 "c progressive.jpg": (quarters(160, 320), ["-interlace", "JPEG"]),
+                 "d 24 bits.bmp": (quarters(301, 100), ["-type", "TrueColor"]),
+                 "e 4 bits.bmp": (quarters(300, 101), ["-type", "Palette"]),
+                 "f 1 bit.bmp": (Picture(200, 200, ((255,) * 3, (0,) * 3, (0,) * 3, (255,) * 3)),
+                                 ["-monochrome"]),
+                 "g packed.bmp": (quarters(200, 240), ["-type", "Palette", "-compress", "RLE"])}
+        frames = {name: self.frame().centre(self.add(name, picture, *options))
+                  for name, (picture, options) in sorted(kinds.items())}
+        show = self.start_template(*(f"IMAGE={name}" for name in frames))
+        self.assertEqual(show.watch(frames, len(frames)), list(frames))
+        self.end_by_key(show)
+
+    def test_a_jpeg_without_colours(self):
+        picture = self.add("grey.jpg", greys(320, 160), "-colorspace", "Gray")
+        show = self.start_folder()
+        show.wait_for_frame(self.frame().centre(picture))
         self.end_by_key(show)
 
     def test_random_positions_lie_within_the_screen(self):
@@ -81,7 +108,7 @@ class FolderTest(EndToEndCase):
             offset = shot.data.find(first_pixel)
             if offset >= 0:
                 place = offset // 4 % shot.width, offset // 4 // shot.width
-                if place not in places and not self.machine.frame().paint(picture, *place).difference(shot):
+                if place not in places and not self.frame().paint(picture, *place).difference(shot):
                     places.append(place)
             return len(places) >= 3
         wait_until(placed, lambda: f"found whole only at {places}")

@@ -5,7 +5,7 @@ import re
 import shutil
 import subprocess
 
-from case import EndToEndCase
+from case import FAILED, EndToEndCase
 from pictures import quarters
 
 # What a program of this kind could load, by itself or through what it uses. NOTE: version and combase are
@@ -19,7 +19,8 @@ NAMES = """
 FILES = [name if "." in name else name + ".dll" for name in NAMES]
 
 # Without this Wine takes its own libraries first, as Windows doesn't.
-BESIDE_FIRST = {"WINEDLLOVERRIDES": "mscoree=;mshtml=;" + ",".join(name.split(".")[0] for name in NAMES) + "=n,b"}
+BESIDE_FIRST = {"WINEDLLOVERRIDES":
+                "mscoree=;mshtml=;" + ",".join(name.split(".")[0] for name in NAMES) + "=n,b"}
 
 # Windows takes these from its own folder, whatever lies beside a program.
 ALWAYS_OF_THE_SYSTEM = {"kernel32", "user32", "gdi32", "advapi32", "ole32", "msvcrt"}
@@ -55,7 +56,7 @@ class LibrariesTest(EndToEndCase):
     def test_a_show_loads_none_of_them(self):
         self.add_decoys(self.folder)
         names = "a.gif", "b.jpg", "c.bmp", "d.wmf"
-        frames = {name: self.machine.frame().centre(self.add(name, quarters(320, 160))) for name in names}
+        frames = {name: self.frame().centre(self.add(name, quarters(320, 160))) for name in names}
         self.write("sound.wav", b"")
         show = self.start_template("SOUNDSYNC=1", *(line for name in names
                                                     for line in (f"IMAGE={name}", "SOUND=sound.wav")))
@@ -74,5 +75,5 @@ class LibrariesTest(EndToEndCase):
             with self.subTest(arguments):
                 self.start(*arguments).wait_for_end()
         show = self.start("/s", ImageInterval="40000")
-        show.wait_for_end("failure")
+        show.wait_for_end(FAILED)
         self.assertEqual(self.loaded(self.folder), set())

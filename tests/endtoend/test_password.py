@@ -3,7 +3,7 @@
 import os
 import shutil
 
-from case import DESKTOP, VERSION, EndToEndCase
+from case import DESKTOP, FAILED, VERSION, EndToEndCase
 from pictures import quarters
 from session import wait_until
 
@@ -11,7 +11,7 @@ from session import wait_until
 class PasswordTest(EndToEndCase):
     def setUp(self):
         super().setUp()
-        self.frames = {name: self.machine.frame().centre(self.add(name, quarters(*size)))
+        self.frames = {name: self.frame().centre(self.add(name, quarters(*size)))
                        for name, size in {"one.bmp": (300, 200), "two.gif": (200, 300)}.items()}
         self.library = os.path.join(self.machine.drive, "windows", "system32", "password.cpl")
         shutil.copy(os.path.join(self.helpers, "password.cpl"), self.library)
@@ -128,7 +128,7 @@ class PasswordTest(EndToEndCase):
         os.remove(self.library)
         show = self.start_asking()
         self.machine.act("key", "Shift_L")
-        show.wait_for_end("failure")
+        show.wait_for_end(FAILED)
 
     def test_the_nt_family_never_loads_the_library(self):
         self.machine.set_value(VERSION, "Version", "win10")
@@ -137,7 +137,8 @@ class PasswordTest(EndToEndCase):
         self.assertEqual(self.calls(), [])
 
     def test_the_library_comes_from_the_system_folder_alone(self):
-        decoy = shutil.copy(os.path.join(self.helpers, "decoy.dll"), os.path.join(self.folder, "password.cpl"))
+        decoy = os.path.join(self.folder, "password.cpl")
+        shutil.copy(os.path.join(self.helpers, "decoy.dll"), decoy)
         show = self.start_asking(1)
         self.machine.act("key", "Shift_L")
         show.wait_for_end()

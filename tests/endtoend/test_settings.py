@@ -1,6 +1,6 @@
 """A registry that holds something else than the settings dialog would write."""
 
-from case import DESKTOP, EndToEndCase
+from case import DESKTOP, FAILED, EndToEndCase
 from pictures import quarters
 
 
@@ -8,8 +8,8 @@ class JunkTest(EndToEndCase):
     def setUp(self):
         super().setUp()
         self.picture = self.add("a.bmp", quarters(300, 200))
-        self.centred = self.machine.frame().centre(self.picture)
-        self.filled = self.machine.frame().paint(self.picture, 0, 0, self.machine.width, self.machine.height, 10)
+        self.centred = self.frame().centre(self.picture)
+        self.filled = self.frame().stretch(self.picture, 10)
 
     def moves_until_the_end(self, show, most):
         form = show.wait_for_form()
@@ -20,8 +20,8 @@ class JunkTest(EndToEndCase):
         self.fail(f"{most} moves don't end the show")
 
     def test_all_keys_of_no_sense(self):
-        names = ["ImageInterval", "FullScreen", "ImagePositionRandom", "ImageOrderRandom", "Blocks", "DissolveType",
-                 "DissolveDelay", "MouseSensitivity", "IgnoreMouse"]
+        names = ["ImageInterval", "FullScreen", "ImagePositionRandom", "ImageOrderRandom", "Blocks",
+                 "DissolveType", "DissolveDelay", "MouseSensitivity", "IgnoreMouse"]
         for value in "abc", "", "-", "12abc xyz" * 5000:
             with self.subTest(value[:12]):
                 # AllImages: any number but 0 is Folder Mode.
@@ -62,7 +62,7 @@ class JunkTest(EndToEndCase):
         for switch, name, value in (("/s", "ImageInterval", "40000"), ("/s", "FullScreen", "-32769"),
                                     ("/c", "IgnoreMouse", "1e9"), ("/x", "Blocks", "32768")):
             with self.subTest(name):
-                self.check_silent(self.start(switch, **{name: value}), "failure")
+                self.check_silent(self.start(switch, **{name: value}), FAILED)
 
 
 class PasswordSettingTest(EndToEndCase):

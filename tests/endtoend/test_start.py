@@ -4,7 +4,7 @@ import os
 import shutil
 import stat
 
-from case import APP_WINDOW, CAPTION, TOOL_WINDOW, TOPMOST, EndToEndCase
+from case import APP_WINDOW, CAPTION, FAILED, TOOL_WINDOW, TOPMOST, EndToEndCase
 from pictures import quarters
 from session import wait_until
 
@@ -22,7 +22,7 @@ class FormTest(EndToEndCase):
         visible = [window for window in self.probe.windows() if window.visible]
         self.assertEqual(visible[0].text, CAPTION)
         self.assertEqual([window.text for window in visible if window.process == form.process], [CAPTION])
-        show.wait_for_frame(self.machine.frame().centre(picture))
+        show.wait_for_frame(self.frame().centre(picture))
         self.end_by_key(show)
 
     def test_the_cursor_is_hidden(self):
@@ -53,7 +53,7 @@ class SwitchTest(EndToEndCase):
         picture = self.add("a.bmp", quarters(300, 200))
         first = self.start(AllImages="1")
         first.wait_for_form()
-        frame = self.machine.frame().centre(picture)
+        frame = self.frame().centre(picture)
         first.wait_for_frame(frame)
         copy = os.path.join(self.folder, "copy", "Another.scr")
         os.mkdir(os.path.dirname(copy))
@@ -104,5 +104,5 @@ class LogTest(EndToEndCase):
     def test_a_log_that_cannot_be_deleted_ends_the_show_silently(self):
         self.put_log()
         os.chmod(self.log, stat.S_IRUSR)
-        self.check_silent(self.start("/s"), "failure")
+        self.check_silent(self.start("/s"), FAILED)
         self.assertTrue(os.path.exists(self.log))

@@ -11,7 +11,8 @@ class TemplateTest(EndToEndCase):
     def wait_for_white_on_black(self, comment):
         """Black, white and the greys of smoothed letters: the picture behind doesn't show through."""
         def shown():
-            colours = self.machine.shot().part(comment.left, comment.top, comment.right, comment.bottom).colours()
+            shot = self.machine.shot()
+            colours = shot.part(comment.left, comment.top, comment.right, comment.bottom).colours()
             return ({(0, 0, 0), (255, 255, 255)} <= colours
                     and all(max(colour) == min(colour) for colour in colours))
         wait_until(shown, "the comment isn't white on black")
@@ -21,9 +22,9 @@ class TemplateTest(EndToEndCase):
         show = self.start_template("IMAGE=one.bmp", "First line", "IMAGE=two.gif")
         comment = self.wait_for_comment(show, "First line")
         self.wait_for_white_on_black(comment)
-        frames = {"one": self.machine.frame().centre(one).ignore(comment.left, comment.top, comment.right,
+        frames = {"one": self.frame().centre(one).ignore(comment.left, comment.top, comment.right,
                                                                  comment.bottom),
-                  "two": self.machine.frame().centre(two)}
+                  "two": self.frame().centre(two)}
         self.assertEqual(show.watch(frames, 3), ["one", "two", "one"])
         self.end_by_key(show)
 
@@ -31,7 +32,7 @@ class TemplateTest(EndToEndCase):
         picture = self.add("one.bmp", quarters(self.machine.width, self.machine.height))
         show = self.start_template("IMAGE=one.bmp", "In front", FullScreen="1")
         comment = self.wait_for_comment(show, "In front")
-        frame = self.machine.frame().centre(picture)
+        frame = self.frame().centre(picture)
         show.wait_for_frame(frame.ignore(comment.left, comment.top, comment.right, comment.bottom))
         self.wait_for_white_on_black(comment)
         self.end_by_key(show)
@@ -56,13 +57,14 @@ class TemplateTest(EndToEndCase):
         # A relative name with a folder isn't looked for beside the template.
         self.add("sub/four.bmp", quarters(50, 50))
         show = self.start_template(
-            "a comment before the first picture is dropped", "[Normal]", "SOUND=dropped.wav", "SOUNDSYNC=1", "",
+            "a comment before the first picture is dropped", "[Normal]", "SOUND=dropped.wav",
+            "SOUNDSYNC=1", "",
             "image=one.bmp", "[Normal]",
             "<TWO.GIF>", "Dissolve=No such transition", "sound=missing.wav",
             "IMAGE=" + self.machine.windows_path(os.path.join(self.pictures, "sub", "three.jpg")),
             "IMAGE=sub\\four.bmp", "SOUND=C:\\missing\\too.wav")
         frames = {"one": one, "two": two, "three": three, "four": four}
-        frames = {name: self.machine.frame().centre(picture) for name, picture in frames.items()}
+        frames = {name: self.frame().centre(picture) for name, picture in frames.items()}
         self.assertEqual(show.watch(frames, 5), ["one", "two", "three", "four", "one"])
         self.end_by_key(show)
 
@@ -70,12 +72,12 @@ class TemplateTest(EndToEndCase):
         pictures = {name: self.add(name, quarters(*size)) for name, size in {
             "b.wmf": (200, 100), "c.jpg": (160, 160), "a.gif": (100, 300)}.items()}
         show = self.start_template("IMAGE=b.wmf", "IMAGE=c.jpg", "IMAGE=b.wmf", "IMAGE=a.gif")
-        frames = {name: self.machine.frame().centre(picture) for name, picture in pictures.items()}
+        frames = {name: self.frame().centre(picture) for name, picture in pictures.items()}
         self.assertEqual(show.watch(frames, 5), ["b.wmf", "c.jpg", "b.wmf", "a.gif", "b.wmf"])
         self.end_by_key(show)
 
     def test_sound_lines_do_not_stop_the_show_where_there_is_no_sound(self):
-        frames = {name: self.machine.frame().centre(self.add(name, quarters(*size)))
+        frames = {name: self.frame().centre(self.add(name, quarters(*size)))
                   for name, size in {"one.bmp": (200, 100), "two.bmp": (100, 200)}.items()}
         self.write("empty.wav", b"")
         for mode in "SOUNDSYNC=1", "SOUNDSYNC=2", "SOUNDASYNC":
