@@ -47,6 +47,12 @@ void Form::show() {
 }
 
 bool Form::askedToGo(sys::CloseReason reason) {
+    // The request is over when its events are, also by a failure in one of them.
+    struct Request {
+        explicit Request(bool& flag) : underWay(flag) { underWay = true; }
+        ~Request() { underWay = false; }
+        bool& underWay;
+    } const request(unloading_);
     bool cancel = false;
     queryUnload.raise(cancel, static_cast<std::int16_t>(reason));
     if (!cancel) {
@@ -56,13 +62,7 @@ bool Form::askedToGo(sys::CloseReason reason) {
 }
 
 void Form::unload(sys::CloseReason reason) {
-    if (!loaded_ || unloading_) {
-        return;
-    }
-    unloading_ = true;
-    const bool goes = askedToGo(reason);
-    unloading_ = false;
-    if (!goes) {
+    if (!loaded_ || unloading_ || !askedToGo(reason)) {
         return;
     }
     loaded_ = false;
