@@ -33,7 +33,7 @@ void Canvas::setBackColor(sys::Color color) {
     backColor_ = color;
     if (hasSurface()) {
         surface().setBackColor(color);
-        Application::current().markChanged(*this);
+        setPicture(picture_);
     }
 }
 
@@ -64,9 +64,10 @@ void Canvas::assumePicture(sys::PicturePtr picture, sys::Color backColor) {
     backColor_ = backColor;
 }
 
-void Canvas::paintNewSurface(sys::Canvas& surface) const {
+void Canvas::paintNewSurface(sys::Canvas& surface) {
     if (picture_) {
         paintWhole(surface, *picture_);
+        Application::current().markChanged(*this);
     }
 }
 

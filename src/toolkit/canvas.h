@@ -18,6 +18,7 @@ public:
     /// the back colour if it is empty.
     void setPicture(sys::PicturePtr picture);
 
+    /// Replaces all that was painted, too; the picture last assigned stays in front of the colour.
     void setBackColor(sys::Color color);
 
     /// Copies the rectangle x2, y2, width2, height2 of the picture to x1, y1, width1, height1 of the
@@ -39,7 +40,7 @@ protected:
     /// The picture and the colour of the design, at the form's load.
     void assumePicture(sys::PicturePtr picture, sys::Color backColor);
     /// To be called by the maker of a new native window.
-    void paintNewSurface(sys::Canvas& surface) const;
+    void paintNewSurface(sys::Canvas& surface);
 
 private:
     Element& self_;
