@@ -19,7 +19,11 @@ void Label::setCaption(const std::string& caption) {
 }
 
 std::string Label::shownText() const {
-    return caption_.ends_with("\r\n") ? caption_.substr(0, caption_.size() - 2) : caption_;
+    std::string text = caption_.ends_with("\r\n") ? caption_.substr(0, caption_.size() - 2) : caption_;
+    if (text.ends_with("\r\n")) {
+        text += ' '; // NOTE: systems don't count a last line that is empty.
+    }
+    return text;
 }
 
 void Label::sizeToText() {

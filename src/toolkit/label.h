@@ -21,7 +21,7 @@ public:
     Label(Form& form, const LabelDesign& design);
 
     const std::string& caption() const { return caption_; }
-    /// Lines are divided by CR LF. A trailing line break adds no empty line to the height of a label that
+    /// Lines are divided by CR LF. One trailing line break adds no empty line to the height of a label that
     /// is sized to its text; an empty text is one line high.
     void setCaption(const std::string& caption);
     /// Asks for a repaint. A label keeps its text on the screen by itself, so nothing is left to do.
