@@ -37,26 +37,35 @@ bool isAllowed(WPARAM command) {
     return kind != SC_SCREENSAVE && kind != SC_KEYMENU;
 }
 
+/// Whether the message was one of the mouse.
+bool reportMouse(Events& events, HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_MOUSEMOVE: events.mouseMoved(window, wParam, lParam); return true;
+    case WM_LBUTTONDOWN: events.mousePressed(window, leftButton, lParam, false); return true;
+    case WM_RBUTTONDOWN: events.mousePressed(window, rightButton, lParam, false); return true;
+    case WM_MBUTTONDOWN: events.mousePressed(window, middleButton, lParam, false); return true;
+    case WM_LBUTTONDBLCLK: events.mousePressed(window, leftButton, lParam, true); return true;
+    case WM_RBUTTONDBLCLK: events.mousePressed(window, rightButton, lParam, true); return true;
+    case WM_MBUTTONDBLCLK: events.mousePressed(window, middleButton, lParam, true); return true;
+    case WM_LBUTTONUP: events.mouseReleased(window, leftButton, wParam, lParam); return true;
+    case WM_RBUTTONUP: events.mouseReleased(window, rightButton, wParam, lParam); return true;
+    case WM_MBUTTONUP: events.mouseReleased(window, middleButton, wParam, lParam); return true;
+    default: return false;
+    }
+}
+
 LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* canvas = static_cast<CanvasWindow*>(NativeWindow<Canvas>::ownerOf(window));
     if (!canvas)
         return DefWindowProcA(window, message, wParam, lParam);
     Events& events = canvas->events();
+    if (reportMouse(events, window, message, wParam, lParam))
+        return 0;
     switch (message) {
     case WM_ERASEBKGND: return 1;
     case WM_PAINT: canvas->repair(); return 0;
     case WM_SIZE: canvas->resized({LOWORD(lParam), HIWORD(lParam)}); return 0;
     case WM_CTLCOLORSTATIC: return paintLabel(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
-    case WM_MOUSEMOVE: events.mouseMoved(window, wParam, lParam); return 0;
-    case WM_LBUTTONDOWN: events.mousePressed(window, leftButton, lParam, false); return 0;
-    case WM_RBUTTONDOWN: events.mousePressed(window, rightButton, lParam, false); return 0;
-    case WM_MBUTTONDOWN: events.mousePressed(window, middleButton, lParam, false); return 0;
-    case WM_LBUTTONDBLCLK: events.mousePressed(window, leftButton, lParam, true); return 0;
-    case WM_RBUTTONDBLCLK: events.mousePressed(window, rightButton, lParam, true); return 0;
-    case WM_MBUTTONDBLCLK: events.mousePressed(window, middleButton, lParam, true); return 0;
-    case WM_LBUTTONUP: events.mouseReleased(window, leftButton, wParam, lParam); return 0;
-    case WM_RBUTTONUP: events.mouseReleased(window, rightButton, wParam, lParam); return 0;
-    case WM_MBUTTONUP: events.mouseReleased(window, middleButton, wParam, lParam); return 0;
     case WM_KEYDOWN: events.keyPressed(window, wParam); return 0;
     case WM_SYSKEYDOWN:
         events.keyPressed(window, wParam);
@@ -76,6 +85,15 @@ LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
+WNDPROC staticProcedure = nullptr;
+
+LRESULT CALLBACK labelProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto* label = static_cast<LabelWindow*>(NativeWindow<Window>::ownerOf(window));
+    if (label && reportMouse(label->events(), window, message, wParam, lParam))
+        return 0;
+    return CallWindowProcA(staticProcedure, window, message, wParam, lParam);
+}
+
 void CALLBACK alarmProcedure(HWND window, UINT, UINT_PTR, DWORD) {
     reinterpret_cast<Events*>(GetWindowLongPtrA(window, GWLP_USERDATA))->alarmTimerTicked();
 }
@@ -88,6 +106,18 @@ void registerClass(const char* name) {
     windowClass.hInstance = GetModuleHandleA(nullptr);
     windowClass.hCursor = LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)); // the arrow
     windowClass.lpszClassName = name;
+    RegisterClassExA(&windowClass);
+}
+
+/// A static control but for the mouse.
+void registerLabelClass() {
+    WNDCLASSEXA windowClass{};
+    windowClass.cbSize = sizeof windowClass;
+    GetClassInfoExA(nullptr, "STATIC", &windowClass);
+    staticProcedure = windowClass.lpfnWndProc;
+    windowClass.lpfnWndProc = labelProcedure;
+    windowClass.hInstance = GetModuleHandleA(nullptr);
+    windowClass.lpszClassName = Events::labelClass;
     RegisterClassExA(&windowClass);
 }
 
@@ -110,6 +140,7 @@ Events::Events(TwipsPerPixel scale)
     SetWindowLongPtrA(alarmWindow_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     registerClass(formClass);
     registerClass(pictureBoxClass);
+    registerLabelClass();
 }
 
 Events::~Events() { DestroyWindow(alarmWindow_); }
@@ -130,10 +161,9 @@ void Events::mousePressed(HWND window, MouseButton button, LPARAM position, bool
 void Events::mouseReleased(HWND window, MouseButton button, WPARAM buttonsLeft, LPARAM position) {
     if (buttonsIn(buttonsLeft) == 0 && GetCapture() == window)
         ReleaseCapture();
-    RECT client{};
-    GetClientRect(window, &client);
-    const bool inside = PtInRect(&client, pointIn(position)) != 0;
-    input_->mouseReleased(mouseEvent(window, button, position), inside);
+    const MouseEvent event = mouseEvent(window, button, position);
+    const bool inside = WindowFromPoint({event.screen.x, event.screen.y}) == window;
+    input_->mouseReleased(event, inside);
 }
 
 void Events::keyPressed(HWND window, WPARAM keyCode) {

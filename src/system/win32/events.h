@@ -12,11 +12,13 @@ namespace sys::win32 {
 /// Milliseconds of a clock that never goes back.
 std::int64_t clockNow();
 
-/// One for the process. All windows of `formClass` and `pictureBoxClass` belong to a `CanvasWindow`.
+/// One for the process. All windows of `formClass` and `pictureBoxClass` belong to a `CanvasWindow`, those of
+/// `labelClass` to a `LabelWindow`.
 class Events {
 public:
     static constexpr const char* formClass = "TessellariumForm";
     static constexpr const char* pictureBoxClass = "TessellariumPictureBox";
+    static constexpr const char* labelClass = "TessellariumLabel";
 
     explicit Events(TwipsPerPixel scale);
     Events(const Events&) = delete;
@@ -28,7 +30,7 @@ public:
     void deliver();
     void wait();
 
-    // What the window procedure reports. After each the window may be gone.
+    // What the window procedures report. After each the window may be gone.
     void mouseMoved(HWND window, WPARAM buttons, LPARAM position);
     void mousePressed(HWND window, MouseButton button, LPARAM position, bool twice);
     void mouseReleased(HWND window, MouseButton button, WPARAM buttonsLeft, LPARAM position);

@@ -16,10 +16,12 @@ bool isOnMissingDrive(const std::string& path) {
     return GetDriveTypeA((path.substr(0, 2) + "\\").c_str()) == DRIVE_NO_ROOT_DIR;
 }
 
-bool isFolder(const std::string& path) {
+bool has(const std::string& path, DWORD attribute) {
     const DWORD attributes = GetFileAttributesA(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & attribute) != 0;
 }
+
+bool isFolder(const std::string& path) { return has(path, FILE_ATTRIBUTE_DIRECTORY); }
 
 FailureCode codeOf(DWORD error) {
     switch (error) {
@@ -43,14 +45,13 @@ FailureCode codeOf(DWORD error) {
     }
 }
 
-/// Where the same error has more than one reason, the path tells which.
+/// The system's own errors for drives and folders differ from call to call, so that the path tells these.
 Failure failureAt(const std::string& path, DWORD error) {
-    const FailureCode code = codeOf(error);
-    if (code == FailureCode::pathNotFound && isOnMissingDrive(path))
+    if (isOnMissingDrive(path))
         return Failure(FailureCode::deviceUnavailable);
     if (isFolder(path))
         return Failure(FailureCode::pathFileAccess);
-    return Failure(code);
+    return Failure(codeOf(error));
 }
 
 struct CloseFile {
@@ -130,6 +131,11 @@ Opening openingFor(Access access) {
 
 /// Null after a failure, which `GetLastError` tells.
 OwnedFile tryToOpen(const std::string& path, Access access) {
+    // NOTE: Wine leaves this to the machine beneath, which lets its superuser write.
+    if (access != Access::read && has(path, FILE_ATTRIBUTE_READONLY)) {
+        SetLastError(ERROR_ACCESS_DENIED);
+        return nullptr;
+    }
     const Opening opening = openingFor(access);
     const HANDLE file = CreateFileA(path.c_str(), opening.rights, opening.shared, nullptr, opening.creation,
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -171,7 +177,8 @@ std::vector<std::string> Win32Files::list(const std::string& pattern) {
         const DWORD error = GetLastError();
         if (error == ERROR_FILE_NOT_FOUND || error == ERROR_NO_MORE_FILES)
             return {};
-        throw failureAt(pattern, error);
+        // What stands before the name isn't a folder.
+        throw failureAt(pattern, error == ERROR_INVALID_NAME ? ERROR_PATH_NOT_FOUND : error);
     }
     const std::unique_ptr<std::remove_pointer_t<HANDLE>, CloseSearch> search(first);
     constexpr DWORD leftOut = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;

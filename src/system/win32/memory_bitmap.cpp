@@ -12,6 +12,7 @@ std::unique_ptr<MemoryBitmap> MemoryBitmap::make(Size size, WORD bitsPerPixel) {
 
     std::unique_ptr<MemoryBitmap> made(new MemoryBitmap);
     made->size_ = size;
+    made->bitsPerPixel_ = bitsPerPixel;
     made->bytesPerRow_ = (static_cast<std::size_t>(size.width) * bitsPerPixel + 31) / 32 * 4;
     made->dc_.reset(CreateCompatibleDC(nullptr));
     void* bits = nullptr;

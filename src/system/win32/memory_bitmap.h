@@ -18,6 +18,7 @@ public:
     /// Stretches onto it by averaging.
     HDC dc() const { return dc_.get(); }
     Size size() const { return size_; }
+    WORD bitsPerPixel() const { return bitsPerPixel_; }
     std::size_t bytesPerRow() const { return bytesPerRow_; }
     std::size_t byteCount() const { return bytesPerRow_ * static_cast<std::size_t>(size_.height); }
     /// Drawing calls may still be under way: `GdiFlush` before looking at what they leave.
@@ -27,6 +28,7 @@ private:
     MemoryBitmap() = default;
 
     Size size_;
+    WORD bitsPerPixel_ = 0;
     std::size_t bytesPerRow_ = 0;
     std::uint8_t* bits_ = nullptr;
     OwnedBitmap bitmap_;

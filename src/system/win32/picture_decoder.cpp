@@ -1,5 +1,6 @@
 #include "system/win32/picture_decoder.h"
 
+#include "system/win32/codec_input.h"
 #include "system/win32/dib.h"
 #include "system/win32/metafile.h"
 #include "system/win32/picture_bytes.h"
@@ -12,7 +13,6 @@
 #include <cstddef>
 #include <limits>
 #include <utility>
-#include <vector>
 
 namespace sys::win32 {
 
@@ -34,48 +34,6 @@ template <class Interface, class Make> ComPtr<Interface> obtain(Make make) {
     Interface* object = nullptr;
     check(make(&object));
     return ComPtr<Interface>(object);
-}
-
-/// The position behind a GIF's chain of blocks, or the end of a file that breaks off in it.
-std::size_t behindGifBlocks(Bytes bytes, std::size_t position) {
-    while (position < bytes.size() && bytes[position] != 0)
-        position += 1U + bytes[position];
-    return std::min(position + 1, bytes.size());
-}
-
-/// The bytes of a table of colours, whose presence and length are packed into one byte.
-std::size_t gifTableLength(std::uint8_t packed) { return packed & 0x80 ? std::size_t{6} << (packed & 7) : 0; }
-
-/// A GIF cut behind its first picture: the codec would decode all of them, at any declared size, before it
-/// tells the size of one.
-std::vector<std::uint8_t> firstPictureOfGif(Bytes bytes) {
-    std::size_t position = 13 + gifTableLength(byteAt(bytes, 10));
-    while (byteAt(bytes, position) == 0x21)
-        position = behindGifBlocks(bytes, position + 2);
-    demand(byteAt(bytes, position) == 0x2C);
-    checkSize(wordAt(bytes, position + 5), wordAt(bytes, position + 7));
-    position += 10 + gifTableLength(byteAt(bytes, position + 9));
-    position = behindGifBlocks(bytes, position + 1);
-    std::vector<std::uint8_t> cut(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(position));
-    cut.push_back(0x3B);
-    return cut;
-}
-
-/// The 0-based index of the largest picture of an icon file; among equals that of most colours.
-UINT bestOfIcon(Bytes bytes) {
-    UINT best = 0;
-    std::pair<unsigned, unsigned> bestRank{0, 0};
-    const unsigned count = wordAt(bytes, 4);
-    for (UINT index = 0; index < count; ++index) {
-        const std::size_t entry = 6 + std::size_t{16} * index;
-        const unsigned side = byteAt(bytes, entry);
-        const std::pair<unsigned, unsigned> rank{side == 0 ? 256 : side, wordAt(bytes, entry + 6)};
-        if (rank <= bestRank)
-            continue;
-        best = index;
-        bestRank = rank;
-    }
-    return best;
 }
 
 /// The coverage that a premultiplied picture has in its fourth channel; null when all of it is opaque.
@@ -203,7 +161,8 @@ PicturePtr PictureDecoder::decode(Bytes bytes) {
         colors = codecs().decodeTransparent(firstPictureOfGif(bytes), GUID_ContainerFormatGif, 0);
         coverage = coverageOf(*colors);
     } else if (beginsWith(bytes, {0, 0, 1, 0})) {
-        colors = codecs().decodeTransparent(bytes, GUID_ContainerFormatIco, bestOfIcon(bytes));
+        colors =
+            codecs().decodeTransparent(bytes, GUID_ContainerFormatIco, static_cast<UINT>(bestOfIcon(bytes)));
         coverage = coverageOf(*colors);
     } else {
         throw Failure(FailureCode::invalidPicture);

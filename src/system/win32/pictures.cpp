@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <utility>
 
 namespace sys::win32 {
@@ -23,14 +24,51 @@ int drawableEdge(double twips, double twipsPerPixel) {
     return static_cast<int>(std::lround(std::clamp(twips / twipsPerPixel, -farthest, farthest)));
 }
 
-void copy(const MemoryBitmap& from, const PixelRect& source, HDC to, const PixelRect& target) {
+PixelRect visibleOn(const MemoryBitmap& surface, const PixelRect& target) {
+    return {std::max(target.left, 0), std::max(target.top, 0), std::min(target.right, surface.size().width),
+            std::min(target.bottom, surface.size().height)};
+}
+
+bool sameSize(const Block& block) {
+    return block.source.width() == block.target.width() && block.source.height() == block.target.height();
+}
+
+void stretch(const MemoryBitmap& from, const PixelRect& source, HDC to, const PixelRect& target) {
+    StretchBlt(to, target.left, target.top, target.width(), target.height(), from.dc(), source.left,
+               source.top, source.width(), source.height(), SRCCOPY);
+}
+
+/// What of a stretched block falls on `area` of the surface; null when memory doesn't suffice.
+std::unique_ptr<MemoryBitmap> stretchedPart(const MemoryBitmap& from, const Block& block,
+                                            const PixelRect& area) {
+    auto part = MemoryBitmap::make({area.width(), area.height()}, from.bitsPerPixel());
+    const PixelRect& target = block.target;
+    if (part)
+        stretch(from, block.source, part->dc(),
+                {target.left - area.left, target.top - area.top, target.right - area.left,
+                 target.bottom - area.top});
+    return part;
+}
+
+void copyPart(const MemoryBitmap& from, Point corner, MemoryBitmap& to, const PixelRect& area) {
+    BitBlt(to.dc(), area.left, area.top, area.width(), area.height(), from.dc(), corner.x, corner.y, SRCCOPY);
+}
+
+void copy(const MemoryBitmap& from, MemoryBitmap& surface, const Block& block) {
+    // NOTE: where formats differ, the system converts the whole source before it stretches, in memory of
+    // its own; for a large picture it is faster, and takes far less, to convert what comes out.
+    constexpr std::int64_t largeSource = 1 << 20; // pixels
+    const bool large = std::int64_t{block.source.width()} * block.source.height() > largeSource;
     // Averaging costs many times a copy, even where there is nothing to average.
-    if (source.width() == target.width() && source.height() == target.height())
-        BitBlt(to, target.left, target.top, target.width(), target.height(), from.dc(), source.left,
-               source.top, SRCCOPY);
-    else
-        StretchBlt(to, target.left, target.top, target.width(), target.height(), from.dc(), source.left,
-                   source.top, source.width(), source.height(), SRCCOPY);
+    if (sameSize(block)) {
+        copyPart(from, {block.source.left, block.source.top}, surface, block.target);
+    } else if (!large || from.bitsPerPixel() == surface.bitsPerPixel()) {
+        stretch(from, block.source, surface.dc(), block.target);
+    } else {
+        const PixelRect area = visibleOn(surface, block.target);
+        if (const auto part = stretchedPart(from, block, area))
+            copyPart(*part, {0, 0}, surface, area);
+    }
 }
 
 void blendPixel(std::uint8_t* onto, const std::uint8_t* color, std::uint8_t coverage) {
@@ -99,30 +137,21 @@ void BitmapPicture::paintOn(MemoryBitmap& surface, const Block& block) const {
     if (coverage_)
         blend(surface, block);
     else
-        copy(*colors_, block.source, surface.dc(), block.target);
+        copy(*colors_, surface, block);
 }
 
 void BitmapPicture::blend(MemoryBitmap& surface, const Block& block) const {
-    const PixelRect& target = block.target;
-    const PixelRect area{std::max(target.left, 0), std::max(target.top, 0),
-                         std::min(target.right, surface.size().width),
-                         std::min(target.bottom, surface.size().height)};
-    if (target.width() == block.source.width() && target.height() == block.source.height()) {
-        blendUnstretched(
-            surface, area, *colors_, *coverage_,
-            {block.source.left + area.left - target.left, block.source.top + area.top - target.top});
+    const PixelRect area = visibleOn(surface, block.target);
+    if (sameSize(block)) {
+        blendUnstretched(surface, area, *colors_, *coverage_,
+                         {block.source.left + area.left - block.target.left,
+                          block.source.top + area.top - block.target.top});
         return;
     }
-    const Size size{area.width(), area.height()};
-    const auto colors = MemoryBitmap::make(size, 32);
-    const auto coverage = MemoryBitmap::make(size, 32);
-    if (!colors || !coverage)
-        return;
-    const PixelRect shifted{target.left - area.left, target.top - area.top, target.right - area.left,
-                            target.bottom - area.top};
-    copy(*colors_, block.source, colors->dc(), shifted);
-    copy(*coverage_, block.source, coverage->dc(), shifted);
-    blendUnstretched(surface, area, *colors, *coverage, {0, 0});
+    const auto colors = stretchedPart(*colors_, block, area);
+    const auto coverage = stretchedPart(*coverage_, block, area);
+    if (colors && coverage)
+        blendUnstretched(surface, area, *colors, *coverage, {0, 0});
 }
 
 } // namespace sys::win32
