@@ -93,11 +93,6 @@ std::optional<Claim> jpegClaim(Bytes bytes) {
     }
 }
 
-gdImagePtr decodeJpeg(int size, void* data) {
-    constexpr int showWhatIsThere = 1; // of a file that breaks off
-    return gdImageCreateFromJpegPtrEx(size, data, showWhatIsThere);
-}
-
 bool isGif(Bytes bytes) { return beginsWith(bytes, "GIF87a") || beginsWith(bytes, "GIF89a"); }
 
 /// An image may not be larger than the file's screen.
@@ -124,7 +119,7 @@ std::optional<Claim> bmpClaim(Bytes bytes) {
 }
 
 constexpr std::array formats = {
-    Format{isJpeg, jpegClaim, decodeJpeg},
+    Format{isJpeg, jpegClaim, gdImageCreateFromJpegPtr},
     Format{isGif, gifClaim, gdImageCreateFromGifPtr},
     Format{isBmp, bmpClaim, gdImageCreateFromBmpPtr},
 };

@@ -189,10 +189,12 @@ TEST_F(SimulatedScreen, BackColorAndClear_FillTheWholeSurface) {
 }
 
 TEST_F(SimulatedScreen, BeyondAnyMemory_ShowsTheBackColor) {
-    const auto form = shownForm("Form", {0, 0, 3e9F, 3e9F}, {255, 0, 0});
-    paintAt(*form, plain({20, 20}, green), 0, 0);
-    form->present();
-    EXPECT_EQ(machine.screen(), Bitmap({100, 80}, red));
+    for (const float twips : {3e5F, 3e9F}) {
+        const auto form = shownForm("Form", {0, 0, twips, twips}, {255, 0, 0});
+        paintAt(*form, plain({20, 20}, green), 0, 0);
+        form->present();
+        EXPECT_EQ(machine.screen(), Bitmap({100, 80}, red)) << twips;
+    }
 }
 
 TEST_F(SimulatedScreen, SetWindowPos_TopmostStaysInFront) {
