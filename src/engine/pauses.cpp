@@ -3,7 +3,8 @@
 #include "startup/shared_state.h"
 #include "startup/trace.h"
 #include "toolkit/application.h"
-#include "toolkit/numbers.h"
+
+#include <cmath>
 
 using toolkit::Application;
 
@@ -18,6 +19,11 @@ void yieldUntil(std::int32_t end, const std::int16_t& ShowEnding) {
     } while (application.system().platform().getTickCount() < end && ShowEnding != True);
 }
 
+/// The tick count wraps around after some 25 days, and an end behind that wraps with it.
+std::int32_t wrap32(std::int64_t ticks) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(static_cast<std::uint64_t>(ticks)));
+}
+
 } // namespace
 
 /// Waits `DissolveDelay` / `Divisor` milliseconds.
@@ -27,14 +33,15 @@ void MainForm::Pause(const std::int16_t& Divisor) {
         observer->paused(Divisor);
     }
     const double start = Application::current().system().platform().getTickCount();
-    yieldUntil(toolkit::round32(static_cast<double>(shared.DissolveDelay) / Divisor + start), ShowEnding);
+    const double end = std::nearbyint(static_cast<double>(shared.DissolveDelay) / Divisor + start);
+    yieldUntil(wrap32(static_cast<std::int64_t>(end)), ShowEnding);
     WriteLog("E: MainForm Pause");
 }
 
 void MainForm::Pause2(const std::int16_t& Milliseconds) {
     WriteLog("S: MainForm Pause2");
-    const auto start = static_cast<std::uint32_t>(Application::current().system().platform().getTickCount());
-    yieldUntil(static_cast<std::int32_t>(start + static_cast<std::uint32_t>(Milliseconds)), ShowEnding);
+    const std::int64_t start = Application::current().system().platform().getTickCount();
+    yieldUntil(wrap32(start + Milliseconds), ShowEnding);
     WriteLog("E: MainForm Pause2");
 }
 

@@ -6,6 +6,7 @@
 #include "startup/shared_state.h"
 #include "startup/trace.h"
 #include "toolkit/application.h"
+#include "toolkit/failure_handling.h"
 
 #include <array>
 
@@ -15,7 +16,7 @@ namespace {
 
 constexpr int templateFile = 1; // the file number
 
-std::string& itemText(ItemTexts& texts, std::int16_t item) { return texts[static_cast<std::size_t>(item)]; }
+std::string& entry(ItemTexts& texts, std::int16_t item) { return texts[static_cast<std::size_t>(item)]; }
 
 } // namespace
 
@@ -24,21 +25,23 @@ void MainForm::LoadFiles() {
     if (!shared.ImagePath.empty()) {
         shared.ImagePath = AddBackslash(shared.ImagePath);
     }
-    try {
-        shared.SoundLast = -1;
-        if (shared.AllImages != 0) {
-            listFolder();
-        } else {
-            readTemplate();
-        }
-        WriteLog("E: MainForm LoadFiles");
-    } catch (const Failure& failure) {
-        WriteLog("E: MainForm LoadFiles with error ", failure.description());
-        lstImageNames.clear();
-        shared.ImageComments[0] = std::string(product::title) + "\r\n" + product::maker + "\r\n" +
-                                  product::webHost + product::webPath + "\r\n" + failure.description();
-        // The template stays open: meant so, the show reads no other file by a number.
-    }
+    toolkit::handlingFailures(
+        [this] {
+            shared.SoundLast = -1;
+            if (shared.AllImages != 0) {
+                listFolder();
+            } else {
+                readTemplate();
+            }
+            WriteLog("E: MainForm LoadFiles");
+        },
+        [this](const Failure& failure) {
+            WriteLog("E: MainForm LoadFiles with error ", failure.description());
+            lstImageNames.clear();
+            shared.ImageComments[0] = std::string(product::title) + "\r\n" + product::maker + "\r\n" +
+                                      product::webHost + product::webPath + "\r\n" + failure.description();
+            // The template stays open: meant so, the show reads no other file by a number.
+        });
 }
 
 /// All pictures of the folder, in the order of the patterns. Nothing removes what two patterns match.
@@ -70,26 +73,26 @@ void MainForm::readTemplate() {
         case TemplateLineKind::image:
             ++item;
             lstImageNames.addItem(resolveName(line.value));
-            itemText(shared.ImageComments, item).clear();
+            entry(shared.ImageComments, item).clear();
             break;
         case TemplateLineKind::dissolve:
             if (hasItem) {
-                itemText(shared.ImageDissolves, item) = line.value;
+                entry(shared.ImageDissolves, item) = line.value;
             }
             break;
         case TemplateLineKind::sound:
             if (shared.SoundMode == soundList) {
                 if (shared.SoundLast < lastItem) {
                     ++shared.SoundLast;
-                    itemText(shared.ImageSounds, shared.SoundLast) = resolveName(line.value);
+                    entry(shared.ImageSounds, shared.SoundLast) = resolveName(line.value);
                 }
             } else if (hasItem) {
-                itemText(shared.ImageSounds, item) = resolveName(line.value);
+                entry(shared.ImageSounds, item) = resolveName(line.value);
             }
             break;
         case TemplateLineKind::comment:
             if (hasItem && !line.value.empty()) {
-                itemText(shared.ImageComments, item) += line.value + "\r\n";
+                entry(shared.ImageComments, item) += line.value + "\r\n";
             }
             break;
         }

@@ -5,12 +5,12 @@
 #include "startup/shared_state.h"
 #include "startup/trace.h"
 #include "toolkit/application.h"
+#include "toolkit/failure_handling.h"
 #include "toolkit/numbers.h"
 #include "toolkit/pictures.h"
 
 #include <algorithm>
 #include <array>
-#include <new>
 #include <string_view>
 
 using toolkit::Application;
@@ -25,12 +25,6 @@ namespace {
 constexpr float commentLeft = 5; // twips
 
 float nextRandom() { return Application::current().random().next(); }
-
-/// The entry of an item; a list from a folder can be longer than the tables, and has no entries there.
-const std::string& itemText(const ItemTexts& texts, std::int16_t index) {
-    static const std::string none;
-    return index <= lastItem ? texts[static_cast<std::size_t>(index)] : none;
-}
 
 /// A place from 0 to `room` twips, both included.
 std::int32_t randomPlace(double room) {
@@ -57,19 +51,14 @@ void MainForm::LoadImage() {
         return;
     }
     WriteLog("S: MainForm LoadImage");
-    try {
-        if (!runStep()) {
-            return;
-        }
-    } catch (const Failure& failure) {
-        showFailure(failure);
-        return;
-    } catch (const std::bad_alloc&) {
-        showFailure(Failure(FailureCode::outOfMemory));
-        return;
-    }
-    ImageLoading = False;
-    WriteLog("E: MainForm LoadImage");
+    toolkit::handlingFailures(
+        [this] {
+            if (runStep()) {
+                ImageLoading = False;
+                WriteLog("E: MainForm LoadImage");
+            }
+        },
+        [this](const Failure& failure) { showFailure(failure); });
 }
 
 /// The step itself; false when it is held by the sound of the last picture and changed nothing.
@@ -208,12 +197,13 @@ void MainForm::runTransition(const std::string& TransitionName) {
         Transition{"Slide Top To Center", plain},  Transition{"Slide Right To Center", plain},
         Transition{"Slide Left To Center", plain},
     };
-    const auto* const found = std::ranges::find(transitions, TransitionName, &Transition::name);
-    if (found != transitions.end()) {
-        found->run(*this);
-    } else {
-        NormalDisplay(); // "Normal", and every name that isn't known
+    for (const Transition& transition : transitions) {
+        if (transition.name == TransitionName) {
+            transition.run(*this);
+            return;
+        }
     }
+    NormalDisplay(); // "Normal", and every name that isn't known
 }
 
 void MainForm::NormalDisplay() {
@@ -285,6 +275,7 @@ void MainForm::showFailure(const Failure& failure) {
     Picture1.move((width() - Image1.width()) / 2, (height() - Image1.height()) / 2, Image1.width(),
                   Image1.height());
     Label1.setVisible(true);
+    // An empty list has no entry to name.
     const std::string item = shared.ImageIndex >= 0 && shared.ImageIndex < lstImageNames.listCount()
                                  ? lstImageNames.list(shared.ImageIndex)
                                  : "";

@@ -7,8 +7,8 @@
 #include "startup/shared_state.h"
 #include "startup/trace.h"
 #include "toolkit/application.h"
+#include "toolkit/failure_handling.h"
 #include "toolkit/numbers.h"
-#include "toolkit/resume.h"
 
 using toolkit::Application;
 
@@ -37,7 +37,7 @@ void tellSystemOfShow(std::uint32_t running) {
 
 MainForm::MainForm()
     : Form({.name = "MainForm",
-            .caption = "Screen Saver Main Form",
+            .caption = showCaption,
             .backColor = black,
             .maximized = true,
             .inTaskBar = false,

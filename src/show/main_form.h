@@ -15,6 +15,9 @@
 #include <cstdint>
 #include <string>
 
+/// A running show is found by it: no second one starts.
+inline constexpr const char* showCaption = "Screen Saver Main Form";
+
 class MainForm : public toolkit::Form {
 public:
     MainForm();

@@ -83,7 +83,7 @@ void Main() {
     if (road == "/C") {
         application.showFailures();
     } else if (road == "/S") {
-        if (!CheckUnique("Screen Saver Main Form")) {
+        if (!CheckUnique(showCaption)) {
             return;
         }
         application.form<MainForm>().show();

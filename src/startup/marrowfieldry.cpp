@@ -4,7 +4,7 @@
 #include "startup/shared_state.h"
 #include "startup/trace.h"
 #include "toolkit/application.h"
-#include "toolkit/numbers.h"
+#include "toolkit/failure_handling.h"
 
 #include <algorithm>
 #include <array>
@@ -33,29 +33,27 @@ constexpr int markOffset = 13;
 std::string readMark() {
     toolkit::FileTable& files = Application::current().files();
     files.open(ownFile, ownFileName(), toolkit::OpenMode::input);
-    try {
-        files.seek(ownFile, files.length(ownFile) - markOffset);
-        std::string mark = files.readField(ownFile);
-        files.close(ownFile);
-        return mark;
-    } catch (const Failure&) {
-        files.close(ownFile);
-        throw;
-    }
+    files.seek(ownFile, files.length(ownFile) - markOffset);
+    return files.readField(ownFile);
 }
 
 } // namespace
 
 std::int16_t DetermineRunMode() {
     WriteLog("S: DetermineRunMode");
-    try {
-        const std::string mark = readMark();
-        WriteLog("E: DetermineRunMode");
-        return mark == "Tessellarium" ? standAloneMode : std::int16_t{0};
-    } catch (const Failure& failure) {
-        WriteLog("E: DetermineRunMode With Error ", failure.description());
-        return 0;
-    }
+    std::int16_t mode = 0;
+    toolkit::handlingFailures(
+        [&] {
+            if (readMark() == "Tessellarium") {
+                mode = standAloneMode;
+            }
+            WriteLog("E: DetermineRunMode");
+        },
+        []([[maybe_unused]] const Failure& failure) {
+            WriteLog("E: DetermineRunMode With Error ", failure.description());
+        });
+    Application::current().files().close(ownFile);
+    return mode;
 }
 
 std::string UnModifyComment(const std::string& text) {

@@ -13,21 +13,21 @@ std::string PathParser::ParseExtension() const {
     return lastDot == std::string::npos ? "" : fileSpec_.substr(lastDot + 1);
 }
 
-std::int16_t PathParser::FindNameStart() const {
+std::size_t PathParser::FindNameStart() const {
     std::size_t separator = fileSpec_.find_last_of("\\/");
     if (separator == std::string::npos) {
         // A colon counts only without any slash, and then the first one.
         separator = fileSpec_.find(':');
     }
-    return static_cast<std::int16_t>(separator == std::string::npos ? 1 : separator + 2);
+    return separator == std::string::npos ? 1 : separator + 2;
 }
 
 std::string PathParser::ParseFileName() const {
-    return fileSpec_.substr(static_cast<std::size_t>(FindNameStart() - 1));
+    return fileSpec_.substr(FindNameStart() - 1);
 }
 
 std::string PathParser::ParsePath() const {
-    return fileSpec_.substr(0, static_cast<std::size_t>(FindNameStart() - 1));
+    return fileSpec_.substr(0, FindNameStart() - 1);
 }
 
 std::string PathParser::ParseBaseName() const {

@@ -1,16 +1,16 @@
 // Takes a file specification apart: a path with backslashes or slashes, or a text shaped like a URL.
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
 /// Assign `FileSpec`, then read the parts; `Path` followed by `FileName` is always the whole. Works on the
-/// text alone and never fails. Positions inside are 1-based; 0 is "not found".
+/// text alone and never fails.
 class PathParser {
 public:
     const std::string& FileSpec() const { return fileSpec_; }
-    /// Computes all parts at once. Up to 32,767 characters.
+    /// Computes all parts at once.
     void setFileSpec(const std::string& fileSpec);
 
     std::string Extension; // behind the last dot anywhere in `FileSpec`, also in a folder's name: meant so
@@ -25,7 +25,7 @@ private:
     std::string ParseExtension() const;
     std::string ParseFileName() const;
     std::string ParsePath() const;
-    std::int16_t FindNameStart() const;
+    std::size_t FindNameStart() const; // 1-based
     std::string ParseUrlPath() const;
 
     std::string fileSpec_;

@@ -27,6 +27,12 @@ enum SoundModeValue : std::int16_t {
 inline constexpr std::int16_t lastItem = 500;
 using ItemTexts = std::array<std::string, lastItem + 1>;
 
+/// The entry of an item. A list from a folder can be longer than the tables, and has empty entries there.
+inline const std::string& itemText(const ItemTexts& texts, std::int16_t item) {
+    static const std::string none;
+    return item >= 0 && item <= lastItem ? texts[static_cast<std::size_t>(item)] : none;
+}
+
 struct SharedState {
     // The settings, in the order in which the store is read and written.
     std::string ImagePath;

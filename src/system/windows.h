@@ -37,6 +37,8 @@ public:
     /// In twips, relative to the parent's client area (a form: to the screen).
     virtual void place(const Area& area) = 0;
     virtual void show(bool visible) = 0;
+    /// Gives it the keyboard.
+    virtual void focus() = 0;
     /// The caption of a form, the text of a label.
     virtual void setText(const std::string& text) = 0;
 };

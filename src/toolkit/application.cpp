@@ -1,9 +1,10 @@
 #include "toolkit/application.h"
 
+#include "toolkit/failure_handling.h"
+
 #include <algorithm>
 #include <cassert>
 #include <cstdlib>
-#include <new>
 #include <utility>
 
 namespace toolkit {
@@ -39,13 +40,7 @@ int Application::run(const std::function<void()>& entry) {
 }
 
 void Application::start(const std::function<void()>& entry) {
-    try {
-        entry();
-    } catch (const Failure& failure) {
-        reportFailure(failure);
-    } catch (const std::bad_alloc&) {
-        reportFailure(Failure(FailureCode::outOfMemory));
-    }
+    handlingFailures(entry, [this](const Failure& failure) { reportFailure(failure); });
 }
 
 void Application::pass() {
@@ -65,7 +60,8 @@ void Application::yield() {
 }
 
 void Application::reportFailure(const Failure& failure) {
-    if (failuresShown_) {
+    // A tick beneath the box may fail as well: one box is enough.
+    if (std::exchange(failuresShown_, false)) {
         system_.messageBox(failure.description(), title_);
     }
     end(1);

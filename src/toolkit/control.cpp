@@ -63,6 +63,8 @@ Control::~Control() { closeWindow(); }
 
 void Control::load() { assume({design_.left, design_.top, design_.width, design_.height}, design_.visible); }
 
+Element* Control::keyPreviewer() { return form().keyPreview() ? &form() : nullptr; }
+
 void Control::unload() { closeWindow(); }
 
 bool Control::canShow() const { return form().shown(); }

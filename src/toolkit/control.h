@@ -54,6 +54,9 @@ public:
     bool visible() const { return visible_; }
     void setVisible(bool visible);
 
+    /// Who gets key events before this element does; null for no one.
+    virtual Element* keyPreviewer() { return nullptr; }
+
     /// The native window's handle; makes the window if there is none yet.
     sys::WindowHandle hWnd();
 
@@ -101,6 +104,8 @@ class Control : public Element, public Component {
 public:
     Control(Form& form, const Design& design);
     ~Control() override;
+
+    Element* keyPreviewer() override;
 
 protected:
     void load() override;

@@ -34,7 +34,7 @@ public:
     bool atEnd(int number);
     /// In bytes.
     std::int64_t length(int number);
-    /// The 1-based position of the next byte.
+    /// The 1-based position of the next byte of a file that is read.
     std::int64_t position(int number);
     /// Moves to a 1-based position; fails with 5 below 1.
     void seek(int number, std::int64_t position);

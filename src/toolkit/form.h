@@ -36,7 +36,7 @@ public:
     /// setting its argument. A request made while one is under way does nothing.
     void unload(sys::CloseReason reason = sys::CloseReason::byCode);
     /// Gives the form the input focus.
-    void setFocus() {}
+    void setFocus() { window().focus(); }
 
     bool loaded() const { return loaded_; }
     bool shown() const { return loaded_ && shown_; }

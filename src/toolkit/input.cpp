@@ -1,9 +1,8 @@
 #include "toolkit/input.h"
 
 #include "toolkit/application.h"
+#include "toolkit/failure_handling.h"
 #include "toolkit/form.h"
-
-#include <new>
 
 namespace toolkit {
 
@@ -13,13 +12,7 @@ Element* Input::find(sys::WindowHandle handle) const {
 }
 
 template <class Handler> void Input::deliver(const Handler& handler) {
-    try {
-        handler();
-    } catch (const Failure& failure) {
-        application_.reportFailure(failure);
-    } catch (const std::bad_alloc&) {
-        application_.reportFailure(Failure(FailureCode::outOfMemory));
-    }
+    handlingFailures(handler, [this](const Failure& failure) { application_.reportFailure(failure); });
 }
 
 void Input::mouseMoved(const sys::MouseEvent& event) {
@@ -60,14 +53,24 @@ void Input::mouseReleased(const sys::MouseEvent& event, bool inside) {
 void Input::keyPressed(sys::WindowHandle window, int keyCode, int shift) {
     if (Element* element = find(window)) {
         deliver([&] {
-            element->keyDown.raise(static_cast<std::int16_t>(keyCode), static_cast<std::int16_t>(shift));
+            for (Element* taker : {element->keyPreviewer(), element}) {
+                if (taker != nullptr) {
+                    taker->keyDown.raise(static_cast<std::int16_t>(keyCode), static_cast<std::int16_t>(shift));
+                }
+            }
         });
     }
 }
 
 void Input::characterTyped(sys::WindowHandle window, int character) {
     if (Element* element = find(window)) {
-        deliver([&] { element->keyPress.raise(static_cast<std::int16_t>(character)); });
+        deliver([&] {
+            for (Element* taker : {element->keyPreviewer(), element}) {
+                if (taker != nullptr) {
+                    taker->keyPress.raise(static_cast<std::int16_t>(character));
+                }
+            }
+        });
     }
 }
 

@@ -5,6 +5,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 namespace toolkit {
@@ -52,11 +53,8 @@ double val(std::string_view text) {
     double value = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
     if (result.ec == std::errc::result_out_of_range) {
-        // Too large and too small are told apart by the sign of the exponent.
-        const std::string_view taken(text.data(), static_cast<std::size_t>(result.ptr - text.data()));
-        value = taken.find("e-") == std::string_view::npos && taken.find("E-") == std::string_view::npos
-                    ? std::numeric_limits<double>::infinity()
-                    : 0;
+        // Too large or too small: this one tells which, by infinity or 0.
+        value = std::strtod(std::string(text.data(), result.ptr).c_str(), nullptr);
     }
     return negative ? -value : value;
 }
@@ -68,7 +66,5 @@ std::string textOf(float value) {
 }
 
 std::string textOf(std::int32_t value) { return std::to_string(value); }
-
-std::string signedTextOf(std::int32_t value) { return (value < 0 ? "" : " ") + std::to_string(value); }
 
 } // namespace toolkit

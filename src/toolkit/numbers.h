@@ -30,7 +30,4 @@ bool beginsWithNumber(std::string_view text);
 std::string textOf(float value);
 std::string textOf(std::int32_t value);
 
-/// A number as a text with its sign position: " 3", "-3".
-std::string signedTextOf(std::int32_t value);
-
 } // namespace toolkit

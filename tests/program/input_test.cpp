@@ -274,6 +274,9 @@ TEST_F(ShowInput, RefusedClick_AsksForMouseDownAndForClick) {
     program.machine.user().click(sys::Point{320, 240});
     program.advance(0);
     EXPECT_EQ(timesAsked(), 2);
+    program.machine.user().click(sys::Point{5, 5});
+    program.advance(0);
+    EXPECT_EQ(timesAsked(), 4) << "on the form as on the picture";
 }
 
 TEST_F(ShowInput, RefusedDoubleClick_AsksForTheDoubleClickToo) {
@@ -283,6 +286,9 @@ TEST_F(ShowInput, RefusedDoubleClick_AsksForTheDoubleClickToo) {
     program.machine.user().doubleClick(sys::Point{320, 240});
     program.advance(1000);
     EXPECT_EQ(timesAsked(), 4) << "mouse down, click, double click, click";
+    program.machine.user().doubleClick(sys::Point{5, 5});
+    program.advance(1000);
+    EXPECT_EQ(timesAsked(), 8) << "on the form as on the picture";
 }
 
 TEST_F(ShowInput, WrongPassword_AfterMoves_CountsAnew) {
@@ -296,6 +302,29 @@ TEST_F(ShowInput, WrongPassword_AfterMoves_CountsAnew) {
     EXPECT_EQ(timesAsked(), 1);
     move(1);
     EXPECT_EQ(timesAsked(), 2);
+}
+
+TEST_F(ShowInput, WrongPassword_KeepsTheMoveWindow) {
+    usePassword();
+    refusePasswords();
+    program.machine.setSecondsSinceMidnight(1000);
+    start();
+    move(10);
+    program.advance(2001 * 1000);
+    move(1);
+    EXPECT_EQ(shared.MouseMoveCount, 0) << "the old window is over; a new one would count 1";
+}
+
+TEST_F(ShowInput, MoveWindow_BeginsAtTheRoundedSecond) {
+    program.machine.setSecondsSinceMidnight(1000.5); // the half goes to 1000
+    program.start("/s");
+    move(1);
+    program.advance(1999'500);
+    move(1);
+    EXPECT_EQ(shared.MouseMoveCount, 2);
+    program.advance(1);
+    move(1);
+    EXPECT_EQ(shared.MouseMoveCount, 0);
 }
 
 TEST_F(ShowInput, PasswordBox_DoesNotStopTheSteps) {
@@ -335,6 +364,19 @@ TEST_F(ShowInput, FurtherRequest_AfterTheEndWasAccepted_RaisesTheCursorAndEnds) 
     EXPECT_EQ(program.exitCode(), 0);
     EXPECT_EQ(program.traced("S: MainForm QueryUnLoad"), 1);
     EXPECT_GT(program.machine.platform().cursorCount(), 6) << "raised by the gate and by the unload";
+}
+
+TEST_F(ShowInput, PictureKeyPress_EndsTheShow) {
+    start();
+    EXPECT_THROW(program.form().Picture1.keyPress.raise('a'), sys::simulated::ProcessEnded);
+}
+
+TEST_F(ShowInput, KeyForThePicture_MeetsTheFormFirst) {
+    usePassword();
+    refusePasswords();
+    start();
+    program.application().input().characterTyped(program.form().Picture1.hWnd(), 'a');
+    EXPECT_EQ(timesAsked(), 2) << "the form's key press, then the picture's";
 }
 
 TEST_F(ShowInput, PlayerKeyDown_EndsTheShow) {

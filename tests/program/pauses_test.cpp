@@ -52,14 +52,9 @@ TEST_F(Pauses, ShowEnding_EndsThePauseAfterOneYield) {
     EXPECT_EQ(lengthOf(200, 1), 1);
 }
 
-TEST_F(Pauses, TickCountNearItsEnd_FailsWithOverflow) {
+TEST_F(Pauses, TickCountChangingItsSign_EndsThePauseAtOnce) {
     program.machine.platform().setTickCount(std::numeric_limits<std::int32_t>::max() - 50);
-    try {
-        lengthOf(200, 1);
-        ADD_FAILURE();
-    } catch (const Failure& failure) {
-        EXPECT_EQ(failure.number(), 6);
-    }
+    EXPECT_EQ(lengthOf(200, 1), 1);
 }
 
 TEST_F(Pauses, TickCountThatHasWrapped_IsComparedSigned) {

@@ -270,6 +270,11 @@ TEST_F(Playlist, CommentEqualToAModeLine_ChangesTheMode) {
     EXPECT_EQ(shared.ImageComments[0], "");
 }
 
+TEST_F(Playlist, LineLongerThan16Bits_IsAnItemLikeAnyOther) {
+    show({"IMAGE=" + std::string(40000, 'a') + "\\b.gif", "IMAGE=c.gif"});
+    EXPECT_EQ(program.form().lstImageNames.listCount(), 2);
+}
+
 TEST_F(Playlist, EmptyTemplate_IsEmptyWithoutAMessage) {
     program.machine.files().addFile("C:\\t\\t.txt", "");
     program.setting("ImagePath", "C:\\t");

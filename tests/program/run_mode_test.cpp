@@ -45,6 +45,7 @@ TEST(RunMode, BlanksBeforeTheName_AreSkipped) {
 
 TEST(RunMode, FileShorterThanTheMark_IsPlain) {
     EXPECT_EQ(modeOf("essellarium\r\n"), 0);
+    EXPECT_EQ(modeOf("Tessellarium,"), 0) << "not read from the beginning instead";
     EXPECT_EQ(modeOf(""), 0);
 }
 

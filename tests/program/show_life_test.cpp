@@ -36,7 +36,7 @@ TEST(ShowForm, ComesUp_TopmostWithItsPictureBox) {
     EXPECT_THAT(program.machine.platform().calls(), Contains(call(program.form().Picture1.hWnd())));
 }
 
-TEST(ShowForm, Load_LeavesTheStatedValues) {
+TEST(ShowForm, Load_ReadiesTheForm) {
     Program program;
     program.start("/s");
     EXPECT_EQ(shared.SoundMode, 0);
@@ -135,10 +135,16 @@ TEST(ShowForm, Password_NoValueOrEmpty_IsNone) {
 }
 
 TEST(ShowForm, Password_NumberOrText_IsTaken) {
-    Program number;
-    number.setRegistryNumber(currentUser, desktop, "ScreenSaveUsePassword", 1);
-    number.start("/s");
-    EXPECT_EQ(shared.UsePassword, 1);
+    {
+        Program program;
+        program.setRegistryNumber(currentUser, desktop, "ScreenSaveUsePassword", 1);
+        program.start("/s");
+        EXPECT_EQ(shared.UsePassword, 1);
+    }
+    Program program;
+    program.machine.platform().setRegistryText(currentUser, desktop, "ScreenSaveUsePassword", " 2 of them");
+    program.start("/s");
+    EXPECT_EQ(shared.UsePassword, 2);
 }
 
 TEST(ShowForm, NonNtWithPassword_TellsTheSystemThatTheShowRuns) {
@@ -280,6 +286,15 @@ TEST(Registry, KeyOutsideThePredefinedOnes_IsNotTouched) {
         program.start("/x");
         EXPECT_EQ(RegGetValue(key, "K", "one"), "");
         EXPECT_THAT(program.machine.platform().calls(), Not(Contains(HasSubstr("regOpenKeyEx"))));
+    }
+}
+
+TEST(Registry, PredefinedKeys_FromTheFirstToTheLast_AreRead) {
+    for (const std::uint32_t key : {0x80000000U, 0x80000006U}) {
+        Program program;
+        program.machine.platform().setRegistryText(key, "K", "one", "1");
+        program.start("/x");
+        EXPECT_EQ(RegGetValue(key, "K", "one"), "1");
     }
 }
 

@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace {
 
 using testing::Contains;
@@ -35,6 +37,18 @@ protected:
     }
 
     Program program; // a form of 9600 by 7200 twips
+};
+
+/// Does something in the midst of a step, before its transition.
+struct AtTransition : ShowObserver {
+    explicit AtTransition(std::function<void()> action) : act(std::move(action)) {}
+    void held() override {}
+    void stepBegun() override {}
+    void transitionChosen(const std::string& /*name*/) override { act(); }
+    void paused(std::int16_t /*divisor*/) override {}
+    void failed(const Failure& /*failure*/) override {}
+    void plainSoundPlayed(const std::string& /*file*/) override {}
+    std::function<void()> act;
 };
 
 TEST_F(ShowStep, SmallPicture_IsCentredInItsOwnSize) {
@@ -124,15 +138,18 @@ TEST_F(ShowStep, Order_Sequential_WrapsForEver) {
     EXPECT_THAT(indexes, ElementsAre(0, 1, 2, 0, 1));
 }
 
-TEST_F(ShowStep, Order_OneItem_ShowsItOnEveryStep) {
-    addPicture("a.bmp", {1, 1});
+TEST(ShowStepOrder, OneItem_IsShownOnEveryStep) {
     for (const char* random : {"0", "1"}) {
+        Program program;
+        program.addPicture("C:\\t\\a.bmp", {1, 1});
         program.setting("ImageOrderRandom", random);
+        program.useTemplate({"IMAGE=a.bmp"});
+        program.startAndStep();
+        EXPECT_EQ(shared.ImageIndex, 0) << random;
+        program.step();
+        EXPECT_EQ(shared.ImageIndex, 0) << random;
+        EXPECT_EQ(program.traced("E: MainForm LoadImage"), 2) << random;
     }
-    show({"IMAGE=a.bmp"});
-    EXPECT_EQ(shared.ImageIndex, 0);
-    program.step();
-    EXPECT_EQ(shared.ImageIndex, 0);
 }
 
 TEST_F(ShowStep, Order_Random_DrawsEachIndependently) {
@@ -365,16 +382,7 @@ TEST_F(ShowStep, Failure_InsideTheTransition_LeavesTheClockOff) {
     // The banner of the design can't fail, so the failure is made by taking the picture away.
     addPicture("a.bmp", {1, 1});
     show({"IMAGE=a.bmp"});
-    struct TakesPictureAway : ShowObserver {
-        explicit TakesPictureAway(toolkit::Image& shownImage) : image(shownImage) {}
-        void held() override {}
-        void stepBegun() override {}
-        void transitionChosen(const std::string&) override { image.setPicture(nullptr); }
-        void paused(std::int16_t) override {}
-        void failed(const Failure&) override {}
-        void plainSoundPlayed(const std::string&) override {}
-        toolkit::Image& image;
-    } observer(form().Image1);
+    AtTransition observer([&] { form().Image1.setPicture(nullptr); });
     form().observer = &observer;
     program.step();
     EXPECT_TRUE(failed("Invalid picture"));
@@ -480,6 +488,49 @@ TEST_F(ShowStep, ItemsAbove500_HaveEmptyEntries) {
     EXPECT_EQ(form().Label2.caption(), "Dissolve=general");
     EXPECT_FALSE(form().Label1.visible());
     EXPECT_EQ(program.traced("E: MainForm LoadImage"), 1);
+}
+
+TEST_F(ShowStep, ImageLoading_IsSetWhileTheStepRuns) {
+    addPicture("a.bmp", {1, 1});
+    program.useTemplate({"IMAGE=a.bmp"});
+    program.start("/s");
+    std::int16_t seen = 0;
+    AtTransition observer([&] { seen = form().ImageLoading; });
+    form().observer = &observer;
+    program.step();
+    EXPECT_EQ(seen, -1);
+    EXPECT_EQ(form().ImageLoading, 0);
+}
+
+TEST_F(ShowStep, ShowEndingInsideTheStep_StartsNoSound) {
+    addPicture("a.bmp", {1, 1});
+    program.useTemplate({"SOUNDSYNC=1", "IMAGE=a.bmp", "SOUND=a.wav"});
+    program.start("/s");
+    AtTransition observer([&] { form().ShowEnding = True; });
+    form().observer = &observer;
+    program.step();
+    EXPECT_THAT(program.machine.platform().calls(), Not(Contains(testing::HasSubstr("sndPlaySound"))));
+}
+
+TEST(ShowStepScale, FullScreenOnAScreenBeyond16Bits_ShowsTheBannerAndOverflow) {
+    Program program({2200, 480}, {15, 15});
+    program.setting("FullScreen", "1");
+    program.useTemplate({""});
+    program.startAndStep();
+    EXPECT_EQ(program.traced("E: MainForm LoadImage with Error Overflow"), 1);
+    EXPECT_EQ(program.form().Picture1.width(), 5310);
+    EXPECT_EQ(program.form().Label2.caption(), "><T:\\Tessellarium\\Tessellarium.pic");
+}
+
+TEST_F(ShowStep, EraserPicture_IsBlackAnd64PixelsWideAndHigh) {
+    show({""});
+    EXPECT_EQ(form().pctBlank.picture()->width(), 960);
+    EXPECT_EQ(form().pctBlank.picture()->height(), 960);
+    EXPECT_FALSE(form().pctBlank.visible());
+    form().PaintPicture(form().Image2.picture(), {.x1 = 0, .y1 = 0});
+    form().PaintPicture(form().pctBlank.picture(), {.x1 = 0, .y1 = 0, .width1 = 9600.0F, .height1 = 7200.0F});
+    form().refresh();
+    EXPECT_EQ(program.pixel(20, 20), black);
 }
 
 TEST_F(ShowStep, NewStep_ClearsWhatASlideLeftOnTheForm) {

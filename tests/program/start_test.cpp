@@ -103,10 +103,37 @@ TEST(Start, LogFile_ThatCannotBeDeleted_FailsMain) {
 }
 
 TEST(Start, LogFile_NoRun_MakesOne) {
+    for (const char* commandLine : {"/s", "/c", "/p 1", "/a 1", "/x"}) {
+        Program program;
+        program.start(commandLine);
+        program.advance(20000);
+        EXPECT_FALSE(program.machine.files().exists(program.machine.identity().folder + "\\Tessellarium.log"));
+    }
+}
+
+TEST(Start, LogFile_BesideAProgramInARootFolder_IsDeleted) {
     Program program;
-    program.start("/s");
-    program.advance(20000);
-    EXPECT_FALSE(program.machine.files().exists(program.machine.identity().folder + "\\Tessellarium.log"));
+    program.machine.setIdentity({"C:\\", "Holiday", ""});
+    program.machine.files().addFile("C:\\Tessellarium.log", "x");
+    program.start("/x");
+    EXPECT_FALSE(program.machine.files().exists("C:\\Tessellarium.log"));
+}
+
+TEST(Start, FailureAfterTheDispatch_ShowsABoxOnTheSettingsRoadOnly) {
+    struct Case {
+        const char* commandLine;
+        std::size_t boxes;
+    };
+    for (const Case& each : {Case{"", 1}, Case{"/c", 1}, Case{"/C:1234", 1}, Case{"/s", 0}, Case{"/p 1", 0},
+                             Case{"/a 1", 0}, Case{"/x", 0}}) {
+        Program program;
+        program.start(each.commandLine);
+        EXPECT_EQ(program.trace.back(), "E: Main");
+        EXPECT_THROW(program.application().reportFailure(Failure(FailureCode::diskFull)),
+                     sys::simulated::ProcessEnded);
+        EXPECT_EQ(program.machine.messageBoxes().size(), each.boxes) << each.commandLine;
+        EXPECT_EQ(program.machine.exitCode(), 1);
+    }
 }
 
 TEST(Start, TwipsPerPixel_Fractional_AreRounded) {

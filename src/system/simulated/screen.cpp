@@ -63,6 +63,8 @@ void WindowNode::moveTo(const Area& area) {
     resized();
 }
 
+void WindowNode::activate() { screen_.activate(*this); }
+
 void WindowNode::setVisible(bool visible) {
     const bool appears = visible && !visible_;
     visible_ = visible;

@@ -42,6 +42,8 @@ public:
 
     void moveTo(const Area& area);
     void setVisible(bool visible);
+    /// Brings its form to the front and gives it the keyboard.
+    void activate();
     void setCaption(const std::string& text) { text_ = text; }
     void setInTaskBar(bool inTaskBar) { inTaskBar_ = inTaskBar; }
 
@@ -74,6 +76,7 @@ public:
     WindowHandle handle() const override { return id(); }
     void place(const Area& area) override { moveTo(area); }
     void show(bool visible) override { setVisible(visible); }
+    void focus() override { activate(); }
     void setText(const std::string& text) override { setCaption(text); }
 };
 

@@ -42,6 +42,8 @@ public:
                      SWP_NOZORDER | SWP_NOACTIVATE);
     }
 
+    void focus() override { SetFocus(native_); }
+
     void setText(const std::string& text) override { SetWindowTextA(native_, text.c_str()); }
 
 protected:

@@ -77,12 +77,14 @@ TEST(PathParser, ParseBaseName_SeveralDots_EndsAtTheFirst) {
     EXPECT_EQ(parser.ParseBaseName(), "readme");
 }
 
-TEST(PathParser, FileSpec_AtTheLongestSupported_IsTakenApart) {
-    PathParser parser;
-    const std::string folder = std::string(32760, 'f') + "\\";
-    parser.setFileSpec(folder + "a.b");
-    EXPECT_EQ(parser.Path, folder);
-    EXPECT_EQ(parser.FileName, "a.b");
+TEST(PathParser, FileSpec_OfAnyLength_IsTakenApart) {
+    for (const std::size_t length : {32760U, 32766U, 40000U, 65534U, 70000U}) {
+        PathParser parser;
+        const std::string folder = std::string(length, 'f') + "\\";
+        parser.setFileSpec(folder + "a.b");
+        EXPECT_EQ(parser.Path, folder) << length;
+        EXPECT_EQ(parser.FileName, "a.b") << length;
+    }
 }
 
 } // namespace
