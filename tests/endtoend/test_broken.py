@@ -3,11 +3,13 @@
 import os
 import random
 
-from case import EndToEndCase
+from case import QUICK, EndToEndCase
 from pictures import quarters
 
 
 class BrokenTemplateTest(EndToEndCase):
+    interval = QUICK
+
     def check_failure(self, show, description):
         comment = self.wait_for_text(show, lambda text: text.endswith("\r\n" + description))
         lines = comment.text.split("\r\n")
@@ -35,6 +37,8 @@ class BrokenTemplateTest(EndToEndCase):
 
 
 class BrokenPictureTest(EndToEndCase):
+    interval = QUICK
+
     def check_step(self, name, description):
         """One step with the banner and why, then the next picture; and so on, round and round."""
         picture = self.add("good.bmp", quarters(400, 300))

@@ -1,12 +1,14 @@
 """What ends a show, and what doesn't."""
 
-from case import EndToEndCase
+from case import QUICK, EndToEndCase
 from pictures import quarters
 
 WM_CLOSE = 0x10
 
 
 class EndingTest(EndToEndCase):
+    interval = QUICK
+
     def setUp(self):
         super().setUp()
         # The pointer stands now over a picture and now beside one.
@@ -79,12 +81,16 @@ class EndingTest(EndToEndCase):
             self.machine.act_on(show.form, "mousemove", 100 + i, 100)
         show.watch(self.frames, 2)
         self.assertTrue(show.running())
-        self.machine.act("click", 1)
+        # A press is no move, and needs no release.
+        self.addCleanup(self.machine.act, "mouseup", 1)
+        self.machine.act("mousedown", 1)
         show.wait_for_end()
 
 
 class CommentTest(EndToEndCase):
     """What happens over the comment is nobody's."""
+
+    interval = QUICK
 
     def setUp(self):
         super().setUp()
@@ -99,7 +105,7 @@ class CommentTest(EndToEndCase):
             self.machine.act_on(self.form, "mousemove", self.text.left + 10 + i, self.middle)
         self.assertTrue(self.show.running())
         # Steps hide the comment and show it again above a pointer that doesn't move.
-        self.show.must_stay(2.5)
+        self.show.must_stay(1.5)
         self.end_by_key(self.show)
 
     def test_a_click_on_the_comment_does_not_end_it(self):

@@ -3,12 +3,14 @@
 import os
 import shutil
 
-from case import DESKTOP, FAILED, VERSION, EndToEndCase
+from case import DESKTOP, FAILED, QUICK, VERSION, EndToEndCase
 from pictures import quarters
 from session import wait_until
 
 
 class PasswordTest(EndToEndCase):
+    interval = QUICK
+
     def setUp(self):
         super().setUp()
         self.frames = {name: self.frame().centre(self.add(name, quarters(*size)))

@@ -1,10 +1,12 @@
 """A registry that holds something else than the settings dialog would write."""
 
-from case import DESKTOP, FAILED, EndToEndCase
+from case import DESKTOP, FAILED, QUICK, EndToEndCase
 from pictures import quarters
 
 
 class JunkTest(EndToEndCase):
+    interval = QUICK
+
     def setUp(self):
         super().setUp()
         self.picture = self.add("a.bmp", quarters(300, 200))
@@ -27,7 +29,7 @@ class JunkTest(EndToEndCase):
                 # AllImages: any number but 0 is Folder Mode.
                 settings = {"AllImages": " -7.4 pictures", **{name: value for name in names}}
                 if value.startswith("12"):
-                    settings.update(ImageInterval="1", ImagePositionRandom="0")
+                    settings.update(ImageInterval=QUICK, ImagePositionRandom="0")
                 show = self.start(**settings)
                 show.wait_for_frame(self.centred)
                 self.end_by_key(show)

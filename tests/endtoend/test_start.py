@@ -4,12 +4,14 @@ import os
 import shutil
 import stat
 
-from case import APP_WINDOW, CAPTION, FAILED, TOOL_WINDOW, TOPMOST, EndToEndCase
+from case import APP_WINDOW, CAPTION, FAILED, QUICK, TOOL_WINDOW, TOPMOST, EndToEndCase
 from pictures import quarters
 from session import wait_until
 
 
 class FormTest(EndToEndCase):
+    interval = QUICK
+
     def test_the_form_covers_the_screen(self):
         picture = self.add("a.bmp", quarters(300, 200))
         show = self.start(AllImages="1")
@@ -37,6 +39,8 @@ class LargeFormTest(FormTest):
 
 
 class SwitchTest(EndToEndCase):
+    interval = QUICK
+
     def test_the_first_two_characters_decide(self):
         for switch in "/S", "/s", "/sfoo", "/S:1234":
             with self.subTest(switch):

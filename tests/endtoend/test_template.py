@@ -2,7 +2,7 @@
 
 import os
 
-from case import EndToEndCase
+from case import QUICK, EndToEndCase
 from pictures import quarters
 from session import wait_until
 
@@ -83,6 +83,6 @@ class TemplateTest(EndToEndCase):
         for mode in "SOUNDSYNC=1", "SOUNDSYNC=2", "SOUNDASYNC":
             with self.subTest(mode):
                 show = self.start_template(mode, "SOUND=missing.wav", "IMAGE=one.bmp", "SOUND=empty.wav",
-                                           "IMAGE=two.bmp")
+                                           "IMAGE=two.bmp", ImageInterval=QUICK)
                 self.assertEqual(show.watch(frames, 3), ["one.bmp", "two.bmp", "one.bmp"])
                 self.end_by_key(show)
