@@ -243,6 +243,17 @@ TEST_F(SimulatedEvents, Keyboard_FollowsTheFormShownLast) {
     EXPECT_THAT(input.events, IsEmpty());
 }
 
+TEST_F(SimulatedEvents, Focus_GivesTheKeyboardToTheWindowsForm) {
+    const auto box = machine.createPictureBox(*form, {});
+    const auto second = machine.createForm({"Second", {}});
+    second->show(true);
+    box->focus();
+    EXPECT_EQ(machine.focusedWindow(), form->handle());
+    EXPECT_EQ(machine.windows().front()->id(), form->handle());
+    second->focus();
+    EXPECT_EQ(machine.focusedWindow(), second->handle());
+}
+
 TEST_F(SimulatedEvents, MouseMove_MeetsTheWindowInTwips) {
     form->place({150, 300, 1500, 1500});
     machine.user().moveMouse({15, 30});
