@@ -58,7 +58,8 @@ int wholeNumberFrom(const std::string& text, const std::string& what, int least)
 std::vector<std::string> split(const std::string& text, char separator) {
     std::vector<std::string> parts;
     std::size_t start = 0;
-    for (std::size_t end = text.find(separator); end != std::string::npos; end = text.find(separator, start)) {
+    for (std::size_t end = text.find(separator); end != std::string::npos;
+         end = text.find(separator, start)) {
         parts.push_back(text.substr(start, end - start));
         start = end + 1;
     }

@@ -4,8 +4,12 @@
 
 #include "system/failure.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdio>
 #include <exception>
+#include <iostream>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -17,34 +21,49 @@ constexpr const char* usage =
     "      the parts of a file specification\n"
     "  playlist [--drive L=DIR]... KEY=VALUE...\n"
     "      what a show with these settings would present\n"
-    "  show [--drive L=DIR]... --steps N --screen WxH [--twips T] [--random a,b,...] [--frames DIR] KEY=VALUE...\n"
+    "  show [--drive L=DIR]... --steps N --screen WxH [--twips T] [--random a,b,...] [--frames DIR] "
+    "KEY=VALUE...\n"
     "      what happens in N ticks of the show's clock; --frames writes the screen after each as PNG\n"
     "Files that the program reads are Windows paths on the drives given; KEY=VALUE are settings as they\n"
     "are stored, for example AllImages=1 ImagePath='C:\\Pictures'.\n";
 
-int run(const std::vector<std::string>& words) {
-    if (words.empty()) {
-        throw tools::WrongCall("no command given; --help lists them");
+/// Where the command stands: behind any options, each of which has a value.
+std::size_t commandIn(const std::vector<std::string>& words) {
+    std::size_t index = 0;
+    while (index < words.size() && words[index].starts_with("--")) {
+        index += 2;
     }
-    const std::vector<std::string> rest(words.begin() + 1, words.end());
-    if (words[0] == "--help") {
+    return index;
+}
+
+int run(std::vector<std::string> words) {
+    if (words == std::vector<std::string>{"--help"}) {
         std::fputs(usage, stdout);
         return 0;
     }
-    if (words[0] == "path") {
-        return tools::inspectPath(rest);
+    const std::size_t index = commandIn(words);
+    if (index >= words.size()) {
+        throw tools::WrongCall("no command given; --help lists them");
     }
-    if (words[0] == "playlist") {
-        return tools::inspectPlaylist(rest);
+    const std::string command = words[index];
+    words.erase(words.begin() + static_cast<std::ptrdiff_t>(index));
+    if (command == "path") {
+        return tools::inspectPath(words);
     }
-    if (words[0] == "show") {
-        return tools::inspectShow(rest);
+    if (command == "playlist") {
+        return tools::inspectPlaylist(words);
     }
-    throw tools::WrongCall("unknown command " + words[0] + "; --help lists them");
+    if (command == "show") {
+        return tools::inspectShow(words);
+    }
+    throw tools::WrongCall("unknown command " + command + "; --help lists them");
 }
 
-int complain(const std::string& line, int exitCode) {
-    std::fprintf(stderr, "tessellarium-inspect: %s\n", line.c_str());
+/// One line, whatever stands in the text.
+int complain(std::string text, int exitCode) {
+    std::ranges::replace_if(
+        text, [](char character) { return static_cast<unsigned char>(character) < ' '; }, '?');
+    std::fprintf(stderr, "tessellarium-inspect: %s\n", text.c_str());
     return exitCode;
 }
 
@@ -52,11 +71,17 @@ int complain(const std::string& line, int exitCode) {
 
 int main(int count, char** arguments) {
     try {
-        return run({arguments + 1, arguments + count});
+        const int exitCode = run({arguments + 1, arguments + count});
+        if (!std::cout.flush() || std::fflush(stdout) != 0) {
+            return complain("the output can't be written", 1);
+        }
+        return exitCode;
     } catch (const tools::WrongCall& wrong) {
         return complain(wrong.what(), 2);
     } catch (const Failure& failure) {
         return complain(failure.description(), 1);
+    } catch (const std::bad_alloc&) {
+        return complain(describe(FailureCode::outOfMemory), 1);
     } catch (const std::exception& error) {
         return complain(error.what(), 1);
     }

@@ -10,9 +10,7 @@ namespace tools {
 
 namespace {
 
-std::string entry(const ItemTexts& texts, std::int16_t item) {
-    return item <= lastItem ? jsonText(texts[static_cast<std::size_t>(item)]) : "";
-}
+std::string entry(const ItemTexts& texts, std::int16_t item) { return jsonText(itemText(texts, item)); }
 
 void print(const Json& object) { std::cout << object.dump() << '\n'; }
 
@@ -20,8 +18,7 @@ void print(const Json& object) { std::cout << object.dump() << '\n'; }
 
 int inspectPlaylist(const std::vector<std::string>& words) {
     const Arguments arguments(words, {"--drive"});
-    ProgramRun run({}, {});
-    run.takeDrives(arguments.all("--drive"));
+    ProgramRun run({}, {}, drivesFrom(arguments.all("--drive")));
     run.takeSettings(arguments.plain());
     run.startShow();
 

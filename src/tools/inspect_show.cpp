@@ -4,9 +4,10 @@
 #include "tools/json.h"
 #include "tools/program_run.h"
 
-#include <cstdio>
 #include <filesystem>
 #include <iostream>
+#include <optional>
+#include <system_error>
 #include <vector>
 
 namespace tools {
@@ -17,7 +18,27 @@ namespace {
 /// midst, so the lines of a step are held until it is over.
 class ShowPrinter : public toolkit::Observer, public ShowObserver {
 public:
-    explicit ShowPrinter(MainForm& form) : form_(form) {}
+    explicit ShowPrinter(ProgramRun& run) : run_(run), form_(run.form()) {
+        run_.application().setObserver(this);
+        form_.observer = this;
+    }
+    ~ShowPrinter() override {
+        form_.observer = nullptr;
+        run_.application().setObserver(nullptr);
+    }
+    ShowPrinter(const ShowPrinter&) = delete;
+    ShowPrinter& operator=(const ShowPrinter&) = delete;
+
+    /// Runs to the next tick and prints what happened up to its end, or to the end of the program.
+    void runStep() {
+        try {
+            run_.runToNextTick();
+        } catch (...) {
+            print();
+            throw;
+        }
+        print();
+    }
 
     void moved(const toolkit::Element& element) override {
         if (&element == &form_.Picture1) {
@@ -43,7 +64,8 @@ public:
         }
     }
 
-    void painted(const toolkit::Element& element, const toolkit::PaintCall& call, const void* picture) override {
+    void painted(const toolkit::Element& element, const toolkit::PaintCall& call,
+                 const void* picture) override {
         add({{"op", "paint"},
              {"on", element.name()},
              {"picture", pictureName(picture)},
@@ -75,8 +97,8 @@ public:
         add({{"op", "failure"}, {"code", failure.number()}, {"description", failure.description()}});
     }
 
-    /// Prints what has happened since the last time.
-    void flush() {
+private:
+    void print() {
         if (begun_) {
             const toolkit::ListBox& names = form_.lstImageNames;
             const bool listed = shared.ImageIndex >= 0 && shared.ImageIndex < names.listCount();
@@ -93,7 +115,6 @@ public:
         begun_ = false;
     }
 
-private:
     void add(Json line) { lines_.push_back(std::move(line)); }
 
     std::string pictureName(const void* picture) const {
@@ -103,6 +124,7 @@ private:
         return picture == form_.pctBlank.picture().get() ? "blank" : "image";
     }
 
+    ProgramRun& run_;
     MainForm& form_;
     std::vector<Json> lines_;
     bool begun_ = false;
@@ -131,9 +153,27 @@ std::vector<float> drawsFrom(const Arguments& arguments) {
     if (arguments.has("--random")) {
         for (const std::string& draw : split(arguments.one("--random"), ',')) {
             draws.push_back(static_cast<float>(numberFrom(draw, "--random", 0)));
+            // As the generator, whose draws are below 1; what is very near to it would be 1 as a float.
+            if (draws.back() >= 1) {
+                throw WrongCall("--random can't be \"" + draw + "\"");
+            }
         }
     }
     return draws;
+}
+
+/// Made if it is missing.
+std::optional<std::string> framesFolderFrom(const Arguments& arguments) {
+    if (!arguments.has("--frames")) {
+        return std::nullopt;
+    }
+    const std::string& folder = arguments.one("--frames");
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    if (!std::filesystem::is_directory(folder, error)) {
+        throw WrongCall("--frames can't be \"" + folder + "\", which is no folder");
+    }
+    return folder;
 }
 
 std::string framePath(const std::string& folder, int step) {
@@ -145,32 +185,24 @@ std::string framePath(const std::string& folder, int step) {
 } // namespace
 
 int inspectShow(const std::vector<std::string>& words) {
-    const Arguments arguments(words,
-                              {"--drive", "--steps", "--screen", "--twips", "--random", "--frames"});
+    const Arguments arguments(words, {"--drive", "--steps", "--screen", "--twips", "--random", "--frames"});
     const int steps = wholeNumberFrom(arguments.one("--steps"), "--steps", 0);
-    ProgramRun run(screenFrom(arguments.one("--screen")), scaleFrom(arguments));
-    run.takeDrives(arguments.all("--drive"));
+    ProgramRun run(screenFrom(arguments.one("--screen")), scaleFrom(arguments),
+                   drivesFrom(arguments.all("--drive")));
     run.takeSettings(arguments.plain());
     run.application().random().setDraws(drawsFrom(arguments));
-    if (arguments.has("--frames")) {
-        std::filesystem::create_directories(arguments.one("--frames"));
-    }
+    const std::optional<std::string> frames = framesFolderFrom(arguments);
     run.startShow();
-    ShowPrinter printer(run.form());
-    run.application().setObserver(&printer);
-    run.form().observer = &printer;
-    for (int step = 1; step <= steps; ++step) {
-        const bool ticked = run.runToNextTick();
-        printer.flush();
-        if (!ticked) {
-            std::cout << Json{{"op", "stopped"}}.dump() << '\n';
-            break;
-        }
-        if (arguments.has("--frames")) {
-            run.machine().writePng(framePath(arguments.one("--frames"), step));
+    ShowPrinter printer(run);
+    for (int step = 1; step <= steps && run.clockRuns(); ++step) {
+        printer.runStep();
+        if (frames) {
+            run.machine().writePng(framePath(*frames, step));
         }
     }
-    run.application().setObserver(nullptr);
+    if (!run.clockRuns()) {
+        std::cout << Json{{"op", "stopped"}}.dump() << '\n';
+    }
     return 0;
 }
 

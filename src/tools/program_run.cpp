@@ -10,6 +10,9 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <stdexcept>
+#include <system_error>
+#include <utility>
 
 namespace tools {
 
@@ -24,11 +27,43 @@ std::pair<std::string, std::string> pairFrom(const std::string& word, const char
     return {word.substr(0, equals), word.substr(equals + 1)};
 }
 
+/// A plain program that shows, on a drive that was not asked for if one is left.
+sys::ProgramIdentity programBeside(const DriveFolders& drives) {
+    char letter = 'Z';
+    while (drives.contains(letter) && letter > 'A') {
+        --letter;
+    }
+    return {std::string(1, letter) + ":\\Tessellarium", "Tessellarium", "/s"};
+}
+
 } // namespace
 
-ProgramRun::ProgramRun(sys::Size screen, sys::TwipsPerPixel scale)
-    : machine_({.screen = screen, .twipsPerPixel = scale}), application_(machine_, product::title) {
+DriveFolders drivesFrom(const std::vector<std::string>& words) {
+    DriveFolders drives;
+    for (const std::string& word : words) {
+        const auto [letter, folder] = pairFrom(word, "L=DIR");
+        const std::string upper = toolkit::upperCase(letter);
+        if (upper.size() != 1 || upper[0] < 'A' || upper[0] > 'Z') {
+            throw WrongCall("\"" + letter + "\" is not a drive's letter");
+        }
+        std::error_code error;
+        if (!std::filesystem::is_directory(folder, error)) {
+            throw WrongCall("\"" + folder + "\" is not a folder");
+        }
+        drives[upper[0]] = folder;
+    }
+    return drives;
+}
+
+ProgramRun::ProgramRun(sys::Size screen, sys::TwipsPerPixel scale, const DriveFolders& drives)
+    : machine_({.screen = screen, .twipsPerPixel = scale, .program = programBeside(drives)}),
+      application_(machine_, product::title) {
+    for (const auto& [letter, folder] : drives) {
+        machine_.files().mapDrive(letter, folder);
+    }
     shared = {};
+    // The report of a failure that no one caught then says what it was.
+    application_.showFailures();
     trace::sink = [this](const std::string& line) {
         if (line == "S: MainForm Timer1") {
             ++ticks_;
@@ -38,37 +73,11 @@ ProgramRun::ProgramRun(sys::Size screen, sys::TwipsPerPixel scale)
 
 ProgramRun::~ProgramRun() { trace::sink = nullptr; }
 
-void ProgramRun::takeDrives(const std::vector<std::string>& words) {
-    std::string taken;
-    for (const std::string& word : words) {
-        const auto [letter, folder] = pairFrom(word, "L=DIR");
-        const std::string upper = toolkit::upperCase(letter);
-        if (upper.size() != 1 || upper[0] < 'A' || upper[0] > 'Z') {
-            throw WrongCall("\"" + letter + "\" is not a drive's letter");
-        }
-        if (!std::filesystem::is_directory(folder)) {
-            throw WrongCall("\"" + folder + "\" is not a folder");
-        }
-        machine_.files().mapDrive(upper[0], folder);
-        taken += upper;
-    }
-    // The program itself lies on a drive that was not asked for.
-    char own = 'Z';
-    while (taken.find(own) != std::string::npos && own > 'A') {
-        --own;
-    }
-    const std::string folder = std::string(1, own) + ":\\Tessellarium";
-    machine_.setIdentity({folder, "Tessellarium", "/s"});
-    if (taken.find(own) == std::string::npos) {
-        machine_.files().addFile(folder + "\\Tessellarium.scr", std::string_view("a plain program"));
-    }
-}
-
 void ProgramRun::takeSettings(const std::vector<std::string>& words) {
     static constexpr std::array keys = {
-        "ImagePath",       "ImageInterval", "ImageListFile", "FullScreen",   "ImagePositionRandom",
-        "ImageOrderRandom", "AllImages",    "Blocks",        "DissolveType", "DissolveDelay",
-        "MouseSensitivity", "IgnoreMouse"};
+        "ImagePath",           "ImageInterval",    "ImageListFile",    "FullScreen",
+        "ImagePositionRandom", "ImageOrderRandom", "AllImages",        "Blocks",
+        "DissolveType",        "DissolveDelay",    "MouseSensitivity", "IgnoreMouse"};
     for (const std::string& word : words) {
         const auto [key, value] = pairFrom(word, "KEY=VALUE");
         const bool known = std::ranges::any_of(keys, [&key = key](const char* name) {
@@ -83,15 +92,16 @@ void ProgramRun::takeSettings(const std::vector<std::string>& words) {
 
 void ProgramRun::startShow() { Main(); }
 
-bool ProgramRun::runToNextTick() {
+void ProgramRun::runToNextTick() {
     const int before = ticks_;
-    while (ticks_ == before) {
-        if (!form().Timer1.enabled()) {
-            return false;
+    try {
+        while (ticks_ == before) {
+            application_.pass();
         }
-        application_.pass();
+        application_.presentChanged();
+    } catch (const sys::simulated::ProcessEnded&) {
+        throw std::runtime_error(machine_.messageBoxes().back().text);
     }
-    return true;
 }
 
 } // namespace tools

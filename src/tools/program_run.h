@@ -5,27 +5,35 @@
 #include "system/simulated/machine.h"
 #include "toolkit/application.h"
 
+#include <map>
 #include <string>
 #include <vector>
 
 namespace tools {
 
+/// The folders of the drives, by the drives' letters as capitals.
+using DriveFolders = std::map<char, std::string>;
+
+/// Takes words of the form "L=DIR". Fails with `WrongCall`.
+DriveFolders drivesFrom(const std::vector<std::string>& words);
+
 class ProgramRun {
 public:
-    ProgramRun(sys::Size screen, sys::TwipsPerPixel scale);
+    ProgramRun(sys::Size screen, sys::TwipsPerPixel scale, const DriveFolders& drives);
     ~ProgramRun();
     ProgramRun(const ProgramRun&) = delete;
     ProgramRun& operator=(const ProgramRun&) = delete;
 
-    /// Each "L=DIR": drive L of the machine is the folder DIR. Fails with `WrongCall`.
-    void takeDrives(const std::vector<std::string>& words);
     /// Each "KEY=VALUE": a setting as the store holds it. Fails with `WrongCall`.
     void takeSettings(const std::vector<std::string>& words);
 
     /// Runs the program's start up to the show's form; what ends the program there comes out as `Failure`.
     void startShow();
-    /// Runs until the show's clock has ticked once more; false when it stands still.
-    bool runToNextTick();
+    /// Runs until the show's clock has ticked once more and the screen shows what came of it. What ends the
+    /// program meanwhile comes out as an exception with the failure's description.
+    void runToNextTick();
+    /// Whether the show's clock runs.
+    bool clockRuns() { return form().Timer1.enabled(); }
 
     sys::simulated::Machine& machine() { return machine_; }
     toolkit::Application& application() { return application_; }
