@@ -36,3 +36,7 @@ endfunction()
 add_native_tests(unit)
 add_native_tests(program)
 add_native_tests(contract)
+
+add_test(NAME tools.inspect
+    COMMAND "${PROJECT_SOURCE_DIR}/tests/tools/inspect_test.py" "$<TARGET_FILE:tessellarium-inspect>")
+set_tests_properties(tools.inspect PROPERTIES LABELS tools TIMEOUT 120)
