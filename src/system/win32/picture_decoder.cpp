@@ -70,14 +70,18 @@ public:
         });
     }
 
-    /// Without colours that show through: 24 bits a pixel.
+    /// Without colours that show through.
     std::unique_ptr<MemoryBitmap> decodeOpaque(Bytes bytes, const GUID& container) {
-        return decode(bytes, container, 0, GUID_WICPixelFormat24bppBGR, 24);
+        const auto frame = frameOf(bytes, container, 0);
+        if (IsEqualGUID(formatOf(*frame), GUID_WICPixelFormat24bppBGR))
+            return pixelsOf(*frame, GUID_WICPixelFormat24bppBGR, 24);
+        // NOTE: Wine knows no way from greys to 24 bits.
+        return pixelsOf(*frame, GUID_WICPixelFormat32bppBGR, 32);
     }
 
     /// Premultiplied, with the coverage as the fourth byte of each pixel.
     std::unique_ptr<MemoryBitmap> decodeTransparent(Bytes bytes, const GUID& container, UINT index) {
-        return decode(bytes, container, index, GUID_WICPixelFormat32bppPBGRA, 32);
+        return pixelsOf(*frameOf(bytes, container, index), GUID_WICPixelFormat32bppPBGRA, 32);
     }
 
 private:
@@ -92,9 +96,8 @@ private:
         bool entered;
     };
 
-    /// Straight into the bitmap's own memory, so that a large picture is never there twice.
-    std::unique_ptr<MemoryBitmap> decode(Bytes bytes, const GUID& container, UINT index, const GUID& format,
-                                         WORD bitsPerPixel) {
+    /// Reads from `bytes` for as long as it lives.
+    ComPtr<IWICBitmapFrameDecode> frameOf(Bytes bytes, const GUID& container, UINT index) {
         demand(bytes.size() <= std::numeric_limits<DWORD>::max());
         const auto stream =
             obtain<IWICStream>([&](IWICStream** made) { return factory_->CreateStream(made); });
@@ -104,26 +107,34 @@ private:
         const auto decoder = obtain<IWICBitmapDecoder>(
             [&](IWICBitmapDecoder** made) { return factory_->CreateDecoder(container, nullptr, made); });
         check(decoder->Initialize(stream.get(), WICDecodeMetadataCacheOnDemand));
-        const auto frame = obtain<IWICBitmapFrameDecode>(
+        return obtain<IWICBitmapFrameDecode>(
             [&](IWICBitmapFrameDecode** made) { return decoder->GetFrame(index, made); });
+    }
+
+    static WICPixelFormatGUID formatOf(IWICBitmapFrameDecode& frame) {
+        WICPixelFormatGUID format{};
+        check(frame.GetPixelFormat(&format));
+        return format;
+    }
+
+    /// Straight into the bitmap's own memory, so that a large picture is never there twice.
+    std::unique_ptr<MemoryBitmap> pixelsOf(IWICBitmapFrameDecode& frame, const GUID& format,
+                                           WORD bitsPerPixel) {
         UINT width = 0;
         UINT height = 0;
-        check(frame->GetSize(&width, &height));
+        check(frame.GetSize(&width, &height));
         checkSize(width, height);
-
         auto bitmap = MemoryBitmap::make({static_cast<int>(width), static_cast<int>(height)}, bitsPerPixel);
         if (!bitmap)
             throw Failure(FailureCode::outOfMemory);
-        copyPixels(*frame, format, *bitmap);
+        copyPixels(frame, format, *bitmap);
         return bitmap;
     }
 
     void copyPixels(IWICBitmapFrameDecode& frame, const GUID& format, MemoryBitmap& bitmap) {
         const auto row = static_cast<UINT>(bitmap.bytesPerRow());
         const auto size = static_cast<UINT>(bitmap.byteCount());
-        WICPixelFormatGUID own{};
-        check(frame.GetPixelFormat(&own));
-        if (IsEqualGUID(own, format)) {
+        if (IsEqualGUID(formatOf(frame), format)) {
             check(frame.CopyPixels(nullptr, row, size, bitmap.row(0)));
             return;
         }
