@@ -36,7 +36,7 @@ void MainForm::LoadFiles() {
             WriteLog("E: MainForm LoadFiles");
         },
         [this](const Failure& failure) {
-            WriteLog("E: MainForm LoadFiles with error ", failure.description());
+            WriteLog("E: MainForm LoadFiles with error ", failure);
             lstImageNames.clear();
             shared.ImageComments[0] = std::string(product::title) + "\r\n" + product::maker + "\r\n" +
                                       product::webHost + product::webPath + "\r\n" + failure.description();

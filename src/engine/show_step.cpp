@@ -121,16 +121,21 @@ void MainForm::chooseItem() {
 
 /// Loads the item's picture into `Image1`; false when a packaged item has none, so that the old one stays.
 bool MainForm::loadItemPicture() {
+    // The old picture goes before the new one is decoded, so that memory never holds both.
+    const auto show = [this](const std::string& path) {
+        Image1.setPicture(LoadPicture());
+        Image1.setPicture(LoadPicture(path));
+    };
     if (shared.RunMode == standAloneMode) {
         if (LoadImbeddedImage(shared.ImageIndex) == False) {
             return false;
         }
         Picture1.setPicture(LoadPicture());
         setPicture(LoadPicture());
-        Image1.setPicture(LoadPicture(temporaryPicture()));
+        show(temporaryPicture());
     } else {
         Picture1.setPicture(LoadPicture());
-        Image1.setPicture(LoadPicture(lstImageNames.list(shared.ImageIndex)));
+        show(lstImageNames.list(shared.ImageIndex));
     }
     Label2.setCaption(lstImageNames.list(shared.ImageIndex));
     return true;
@@ -264,7 +269,7 @@ void MainForm::startSound() {
 /// The handler of the step: the banner and the failure's text for one interval. It doesn't call
 /// `EnableTimers`.
 void MainForm::showFailure(const Failure& failure) {
-    WriteLog("E: MainForm LoadImage with Error ", failure.description());
+    WriteLog("E: MainForm LoadImage with Error ", failure);
     if (observer != nullptr) {
         observer->failed(failure);
     }

@@ -84,7 +84,7 @@ void MainForm::Form_Load() {
     WriteLog("S: MainForm Form_Load");
     // The form comes up whatever fails: a failure shows as nothing but an unset value.
     const auto step = toolkit::resumingNext([]([[maybe_unused]] const Failure& failure) {
-        WriteLog("E: MainForm Form_Load With Errors ", failure.description());
+        WriteLog("E: MainForm Form_Load With Errors ", failure);
     });
     step([&] { shared.SoundMode = noSound; });
     step([&] { SoundListPending = True; });

@@ -50,7 +50,7 @@ std::int16_t DetermineRunMode() {
             WriteLog("E: DetermineRunMode");
         },
         []([[maybe_unused]] const Failure& failure) {
-            WriteLog("E: DetermineRunMode With Error ", failure.description());
+            WriteLog("E: DetermineRunMode With Error ", failure);
         });
     Application::current().files().close(ownFile);
     return mode;

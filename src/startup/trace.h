@@ -4,10 +4,17 @@
 
 #ifdef TESSELLARIUM_TRACE
 
+#include "system/failure.h"
+
 #include <functional>
 #include <string>
 
 namespace trace {
+
+/// A piece of a line; a failure stands for its description, which the product never makes for a trace.
+inline const char* piece(const char* text) { return text; }
+inline const std::string& piece(const std::string& text) { return text; }
+inline std::string piece(const Failure& failure) { return failure.description(); }
 
 using Sink = std::function<void(const std::string& line)>;
 
@@ -19,7 +26,7 @@ inline Sink sink;
 /// Takes one line of the trace, given in pieces.
 template <class... Pieces> void WriteLog(const Pieces&... pieces) {
     if (trace::sink) {
-        trace::sink((std::string() + ... + pieces));
+        trace::sink((std::string() + ... + trace::piece(pieces)));
     }
 }
 

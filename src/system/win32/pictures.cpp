@@ -56,9 +56,12 @@ void copyPart(const MemoryBitmap& from, Point corner, MemoryBitmap& to, const Pi
 
 void copy(const MemoryBitmap& from, MemoryBitmap& surface, const Block& block) {
     // NOTE: where formats differ, the system converts the whole source before it stretches, in memory of
-    // its own; for a large picture it is faster, and takes far less, to convert what comes out.
+    // its own; for a large picture that shrinks it is faster, and takes far less, to convert what comes out.
     constexpr std::int64_t largeSource = 1 << 20; // pixels
-    const bool large = std::int64_t{block.source.width()} * block.source.height() > largeSource;
+    const auto pixelsOf = [](const PixelRect& rect) { return std::int64_t{rect.width()} * rect.height(); };
+    const std::int64_t sourcePixels = pixelsOf(block.source);
+    const bool large =
+        sourcePixels > largeSource && sourcePixels > pixelsOf(visibleOn(surface, block.target));
     // Averaging costs many times a copy, even where there is nothing to average.
     if (sameSize(block)) {
         copyPart(from, {block.source.left, block.source.top}, surface, block.target);
