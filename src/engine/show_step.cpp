@@ -192,15 +192,20 @@ void MainForm::runTransition(const std::string& TransitionName) {
         std::string_view name;
         void (*run)(MainForm& form);
     };
-    static constexpr auto plain = [](MainForm& form) { form.NormalDisplay(); };
     static constexpr std::array transitions = {
-        Transition{"Random Blocks", plain},        Transition{"Top To Bottom", plain},
-        Transition{"Bottom To Top", plain},        Transition{"Top/Bottom To Center", plain},
-        Transition{"Random Horizontal", plain},    Transition{"Left To Right", plain},
-        Transition{"Right To Left", plain},        Transition{"Left/Right To Center", plain},
-        Transition{"Random Vertical", plain},      Transition{"Slide Bottom To Center", plain},
-        Transition{"Slide Top To Center", plain},  Transition{"Slide Right To Center", plain},
-        Transition{"Slide Left To Center", plain},
+        Transition{"Random Blocks", [](MainForm& form) { form.RandomBlockPaint(); }},
+        Transition{"Top To Bottom", [](MainForm& form) { form.NormalCurtainPaint(False, False); }},
+        Transition{"Bottom To Top", [](MainForm& form) { form.NormalCurtainPaint(False, True); }},
+        Transition{"Top/Bottom To Center", [](MainForm& form) { form.DeluxeCurtainPaint(False); }},
+        Transition{"Random Horizontal", [](MainForm& form) { form.RandomCurtainPaint(False); }},
+        Transition{"Left To Right", [](MainForm& form) { form.NormalCurtainPaint(True, False); }},
+        Transition{"Right To Left", [](MainForm& form) { form.NormalCurtainPaint(True, True); }},
+        Transition{"Left/Right To Center", [](MainForm& form) { form.DeluxeCurtainPaint(True); }},
+        Transition{"Random Vertical", [](MainForm& form) { form.RandomCurtainPaint(True); }},
+        Transition{"Slide Bottom To Center", [](MainForm& form) { form.SlideBottom2Center(); }},
+        Transition{"Slide Top To Center", [](MainForm& form) { form.SlideTop2Center(); }},
+        Transition{"Slide Right To Center", [](MainForm& form) { form.SlideRight2Center(); }},
+        Transition{"Slide Left To Center", [](MainForm& form) { form.SlideLeft2Center(); }},
     };
     for (const Transition& transition : transitions) {
         if (transition.name == TransitionName) {

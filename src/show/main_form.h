@@ -53,6 +53,12 @@ public:
     std::string ExtractedSound;  // the sound file last taken from the package, "" for none
 
     void NormalDisplay();
+    void NormalCurtainPaint(const std::int16_t& Vertical, const std::int16_t& Reverse);
+    void DeluxeCurtainPaint(const std::int16_t& Vertical);
+    void RandomBlockPaint();
+    void RandomCurtainPaint(const std::int16_t& Vertical);
+    void DisplayBlock(std::int16_t Column, std::int16_t Row);
+    void DisplayCurtain(std::int16_t Column, std::int16_t Row, std::int16_t Vertical);
     std::int16_t ReadSCR();
     std::int16_t LoadImbeddedImage(const std::int16_t& index);
     void LoadImbeddedSound(const std::int16_t& index);
@@ -63,6 +69,10 @@ public:
     void LoadFiles();
     void Pause(const std::int16_t& Divisor);
     void Pause2(const std::int16_t& Milliseconds);
+    void SlideBottom2Center();
+    void SlideTop2Center();
+    void SlideLeft2Center();
+    void SlideRight2Center();
     std::string FormatComment(const std::string& text);
 
     /// Who watches the show; the product sets none.
@@ -94,6 +104,14 @@ private:
     void showComment();
     void startSound();
     void showFailure(const Failure& failure);
+
+    // What the transitions share.
+    void displayStrip(std::int16_t strip, std::int16_t Vertical);
+    bool beginSlide();
+    void hideForSlide();
+    void paintSlide(std::int32_t x, std::int32_t y, std::int32_t shownWidth, std::int32_t shownHeight,
+                    std::int32_t sourceX, std::int32_t sourceY);
+    void eraseSlide(std::int32_t x, std::int32_t y, float blankWidth, float blankHeight);
 
     // The parts of `LoadFiles`.
     void listFolder();

@@ -1,0 +1,61 @@
+// Records what a show paints, for tests that compare it paint by paint.
+#pragma once
+
+#include "engine/show_observer.h"
+#include "support/program.h"
+#include "toolkit/observer.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+/// One `PaintPicture`, in twips; -1 stands for a source argument that was left out.
+struct RecordedPaint {
+    std::string on;
+    bool blank = false;        // the eraser's picture
+    std::vector<float> target; // x, y, width, height
+    std::vector<float> source;
+};
+
+class ShowRecorder : public toolkit::Observer, public ShowObserver {
+public:
+    /// Watches the program's form from now on; both must outlive the other's use.
+    explicit ShowRecorder(Program& program) : program_(program) {
+        program.application().setObserver(this);
+        program.form().observer = this;
+    }
+    ~ShowRecorder() override {
+        program_.application().setObserver(nullptr);
+        program_.form().observer = nullptr;
+    }
+    ShowRecorder(const ShowRecorder&) = delete;
+    ShowRecorder& operator=(const ShowRecorder&) = delete;
+
+    void moved(const toolkit::Element& /*element*/) override {}
+    void visibleAssigned(const toolkit::Element& /*element*/, bool /*changed*/) override {}
+    void painted(const toolkit::Element& element, const toolkit::PaintCall& call,
+                 const void* picture) override {
+        paints.push_back({element.name(),
+                          picture == program_.form().pctBlank.picture().get(),
+                          {call.x1, call.y1, call.width1.value_or(-1), call.height1.value_or(-1)},
+                          {call.x2.value_or(-1), call.y2.value_or(-1), call.width2.value_or(-1),
+                           call.height2.value_or(-1)}});
+        if (afterPaint) {
+            afterPaint();
+        }
+    }
+    void mediaPlayed(const std::string& /*fileName*/) override {}
+    void held() override {}
+    void stepBegun() override {}
+    void transitionChosen(const std::string& /*name*/) override {}
+    void paused(std::int16_t divisor) override { pauses.push_back(divisor); }
+    void failed(const Failure& /*failure*/) override {}
+    void plainSoundPlayed(const std::string& /*file*/) override {}
+
+    std::vector<RecordedPaint> paints;
+    std::vector<int> pauses; // the divisors
+    std::function<void()> afterPaint;
+
+private:
+    Program& program_;
+};
