@@ -75,10 +75,16 @@ public:
         : drives_(drives), volume_(volume), key_(place.key()), marks_(drives.marks(place)),
           file_(std::move(file)), access_(access), writable_(writable) {
         ++drives_.openCount_[key_];
+        if (writable_) {
+            drives_.written_.insert(key_);
+        }
     }
     ~OpenFile() override {
         if (--drives_.openCount_[key_] == 0) {
             drives_.openCount_.erase(key_);
+        }
+        if (writable_) {
+            drives_.written_.erase(key_);
         }
     }
     OpenFile(const OpenFile&) = delete;
@@ -152,6 +158,9 @@ std::unique_ptr<File> Drives::open(const std::string& path, Access access) {
     const bool canBeReadInstead = access == Access::readWrite && exists;
     if (access != Access::read && !writable && !canBeReadInstead) {
         throw Failure(FailureCode::pathFileAccess);
+    }
+    if (writable && written_.contains(at.key())) {
+        throw Failure(FailureCode::permissionDenied);
     }
     if (access == Access::write && exists && on.freeBytes) {
         *on.freeBytes += on.drive->open(at.path, Access::read)->length();

@@ -8,6 +8,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -18,7 +19,7 @@ namespace sys::simulated {
 /// Names are compared without the case of their letters and kept as they were given; folders list in the
 /// byte order of the names. "/" divides a path as "\" does. A path without a drive begins in the current
 /// folder. A drive that doesn't exist or isn't ready fails with 68, the empty path with 75. A file can't be
-/// removed while it is open (70).
+/// removed while it is open, nor opened for writing while another writes to it (70).
 class Drives final : public Files {
 public:
     explicit Drives(std::string currentFolder) : currentFolder_(std::move(currentFolder)) {}
@@ -99,6 +100,7 @@ private:
     std::map<char, Volume> volumes_;
     std::map<std::string, Marks> marks_;   // by Place::key
     std::map<std::string, int> openCount_; // by Place::key
+    std::set<std::string> written_;        // by Place::key: open for writing
 };
 
 } // namespace sys::simulated
