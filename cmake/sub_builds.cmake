@@ -41,7 +41,7 @@ if(MINGW_COMPILER)
     if(contract_sources)
         add_test(NAME contract.under_wine
             COMMAND "${PROJECT_SOURCE_DIR}/tools/with-wine" --template "${PROJECT_BINARY_DIR}/wine_template"
-                    wine "${PROJECT_BINARY_DIR}/win32/contract_tests.exe")
+                    "${PROJECT_SOURCE_DIR}/tests/contract/win32/run" "${PROJECT_BINARY_DIR}/win32/contract_tests.exe")
         set_tests_properties(contract.under_wine PROPERTIES LABELS "contract;wine" RUN_SERIAL ON TIMEOUT 300)
     endif()
     if(EXISTS "${PROJECT_SOURCE_DIR}/tests/endtoend/run")
