@@ -233,10 +233,33 @@ class ShowTest(InspectTest):
         return [dict(line) for line in lines if line[0] == ["op", "comment"]]
 
     def test_Steps_Always_PrintWhatHappensInOrder(self):
-        settings = self.template("IMAGE=a.bmp", "IMAGE=b.gif", "DISSOLVE=Top To Bottom")
+        settings = self.template("IMAGE=a.bmp", "IMAGE=b.gif", "DISSOLVE=any name")
         self.assertEqual(self.show(0, *settings), [])
         self.assertEqual(self.show(1, *settings), self.a())
-        self.assertEqual(self.show(3, *settings), self.a() + self.b(1, "Top To Bottom") + self.a())
+        self.assertEqual(self.show(3, *settings), self.a() + self.b(1, "any name") + self.a())
+
+    def test_Curtain_Always_PrintsEachPaintAndPause(self):
+        lines = self.show(1, *self.template("IMAGE=b.gif", "DISSOLVE=Top To Bottom"), "DissolveDelay=50")
+        self.assertEqual(lines[:2], self.b(0, "Top To Bottom")[:2])
+        self.assertEqual([line[0][1] for line in lines[2:]], ["paint", "pause"] * 10)
+        self.assertEqual(lines[3], [["op", "pause"], ["divisor", 1]])
+        self.assertEqual([key for key, value in lines[2]], [key for key, value in self.paint(1, 1)])
+        self.assertEqual([dict(line)["y1"] for line in lines[2::2]], list(range(0, 150, 15)))
+
+    def test_Slide_Always_PaintsOnTheFormWithPicture1Hidden(self):
+        lines = self.show(2, *self.template("IMAGE=b.gif", "DISSOLVE=Slide Right To Center", "IMAGE=b.gif"))
+        hidden = [["op", "visible"], ["on", "Picture1"], ["value", False]]
+        shown = [["op", "visible"], ["on", "Picture1"], ["value", True]]
+        self.assertEqual(lines[:3], self.b(0, "Slide Right To Center")[:2] + [hidden])
+        following = self.b(1)
+        self.assertEqual(lines[-4:], following[:2] + [shown] + following[2:])
+        slide = lines[3:-4]
+        self.assertEqual([line for line in slide if line[0][1] == "pause"], [[["op", "pause"], ["divisor", 2]]] * 49)
+        paints = [line for line in slide if line[0][1] != "pause"]
+        self.assertEqual({tuple(value for key, value in line[:2]) for line in paints}, {("paint", "MainForm")})
+        blank = [line for line in paints if dict(line)["picture"] == "blank"]
+        self.assertEqual(blank[0][-4:], [["x2", None], ["y2", None], ["w2", None], ["h2", None]])
+        self.assertEqual(len(blank) + len([line for line in paints if dict(line)["picture"] == "image"]), len(paints))
 
     def test_Options_BehindAndBeforeTheOthers_AreTaken(self):
         settings = self.template("IMAGE=a.bmp")
@@ -288,8 +311,8 @@ class ShowTest(InspectTest):
 
     def test_EmptyList_ShowsTheBannerUnderItsOwnTransition(self):
         settings = self.template("no image")
-        self.assertEqual(self.show(2, *settings, "DissolveType=Random Blocks"),
-                         [self.step(0, "", "Random Blocks"), *self.banner()] * 2)
+        self.assertEqual(self.show(2, *settings, "DissolveType=any name"),
+                         [self.step(0, "", "any name"), *self.banner()] * 2)
 
     def test_BrokenTemplate_ShowsTheBannerAndTheText(self):
         lines = self.show(1, r"ImagePath=C:\t", "ImageListFile=none.txt")
@@ -383,6 +406,13 @@ class ShowTest(InspectTest):
         _, third = self.frame(3)
         self.assertTrue(any(third(x, 240) != BLACK for x in range(143, 497)), "the banner")
         self.assertTrue(all(third(x, 240) == BLACK for x in (*range(143), *range(497, 640))))
+
+    def test_FrameAfterASlide_ShowsTheFormCleared(self):
+        settings = self.template("IMAGE=a.bmp", "DISSOLVE=Slide Left To Center", "IMAGE=b.gif")
+        self.show(2, *settings, "--frames", os.path.join(self.root, "new/frames"))
+        self.assertEqual(self.frame(1)[1](230, 200), RED)
+        _, second = self.frame(2)
+        self.assertEqual((second(230, 200), second(320, 240)), (BLACK, GREEN))
 
     def test_Frames_OfFormatsThatTheShowKnows_ShowThem(self):
         self.add_picture("t/c.jpg", 32, 32, BLUE)
