@@ -37,19 +37,15 @@ if(MINGW_COMPILER)
         COMMAND "${PROJECT_SOURCE_DIR}/tests/product/product_test.py" "${PROJECT_BINARY_DIR}/Tessellarium.scr")
     set_tests_properties(product.file PROPERTIES LABELS product)
 
-    file(GLOB_RECURSE contract_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/contract/*.cpp")
-    if(contract_sources)
-        add_test(NAME contract.under_wine
-            COMMAND "${PROJECT_SOURCE_DIR}/tools/with-wine" --template "${PROJECT_BINARY_DIR}/wine_template"
-                    "${PROJECT_SOURCE_DIR}/tests/contract/win32/run" "${PROJECT_BINARY_DIR}/win32/contract_tests.exe")
-        set_tests_properties(contract.under_wine PROPERTIES LABELS "contract;wine" RUN_SERIAL ON TIMEOUT 300)
-    endif()
-    if(EXISTS "${PROJECT_SOURCE_DIR}/tests/endtoend/run")
-        add_test(NAME endtoend
-            COMMAND "${PROJECT_SOURCE_DIR}/tests/endtoend/run" --product "${PROJECT_BINARY_DIR}/Tessellarium.scr"
-                    --template "${PROJECT_BINARY_DIR}/wine_template")
-        set_tests_properties(endtoend PROPERTIES LABELS "endtoend;wine" RUN_SERIAL ON TIMEOUT 900)
-    endif()
+    add_test(NAME contract.under_wine
+        COMMAND "${PROJECT_SOURCE_DIR}/tools/with-wine" --template "${PROJECT_BINARY_DIR}/wine_template"
+                "${PROJECT_SOURCE_DIR}/tests/contract/win32/run" "${PROJECT_BINARY_DIR}/win32/contract_tests.exe")
+    set_tests_properties(contract.under_wine PROPERTIES LABELS "contract;wine" RUN_SERIAL ON TIMEOUT 300)
+
+    add_test(NAME endtoend
+        COMMAND "${PROJECT_SOURCE_DIR}/tests/endtoend/run" --product "${PROJECT_BINARY_DIR}/Tessellarium.scr"
+                --template "${PROJECT_BINARY_DIR}/wine_template")
+    set_tests_properties(endtoend PROPERTIES LABELS "endtoend;wine" RUN_SERIAL ON TIMEOUT 900)
 else()
     message(STATUS "No x86_64-w64-mingw32-g++-posix: only the native parts are built, not Tessellarium.scr")
 endif()
