@@ -22,13 +22,9 @@ std::size_t PathParser::FindNameStart() const {
     return separator == std::string::npos ? 1 : separator + 2;
 }
 
-std::string PathParser::ParseFileName() const {
-    return fileSpec_.substr(FindNameStart() - 1);
-}
+std::string PathParser::ParseFileName() const { return fileSpec_.substr(FindNameStart() - 1); }
 
-std::string PathParser::ParsePath() const {
-    return fileSpec_.substr(0, FindNameStart() - 1);
-}
+std::string PathParser::ParsePath() const { return fileSpec_.substr(0, FindNameStart() - 1); }
 
 std::string PathParser::ParseBaseName() const {
     const std::string name = ParseFileName();

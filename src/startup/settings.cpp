@@ -12,7 +12,7 @@ public:
     explicit Section(sys::SettingsStore& store) : store_(store) {}
 
     std::string text(const char* key, const char* byDefault) const {
-        return store_.read("Tessellarium", "Settings", key).value_or(byDefault);
+        return store_.read(settings::application, settings::section, key).value_or(byDefault);
     }
     std::int16_t number(const char* key, const char* byDefault) const {
         return toolkit::round16(toolkit::val(text(key, byDefault)));

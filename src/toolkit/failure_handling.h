@@ -22,9 +22,8 @@ template <class Body, class Handler> void handlingFailures(const Body& body, con
 /// A routine that, after a failure, resumes at the next statement: gives a runner of statements, each run by
 /// itself; a failure in it goes to `onFailure` only.
 template <class OnFailure> auto resumingNext(OnFailure onFailure) {
-    return [onFailure = std::move(onFailure)](const auto& statement) {
-        handlingFailures(statement, onFailure);
-    };
+    return
+        [onFailure = std::move(onFailure)](const auto& statement) { handlingFailures(statement, onFailure); };
 }
 
 } // namespace toolkit

@@ -55,7 +55,8 @@ void Input::keyPressed(sys::WindowHandle window, int keyCode, int shift) {
         deliver([&] {
             for (Element* taker : {element->keyPreviewer(), element}) {
                 if (taker != nullptr) {
-                    taker->keyDown.raise(static_cast<std::int16_t>(keyCode), static_cast<std::int16_t>(shift));
+                    taker->keyDown.raise(static_cast<std::int16_t>(keyCode),
+                                         static_cast<std::int16_t>(shift));
                 }
             }
         });

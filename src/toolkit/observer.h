@@ -1,6 +1,8 @@
 // What a tool may watch of a running program. The product sets no observer.
 #pragma once
 
+#include "system/windows.h"
+
 #include <optional>
 #include <string>
 
@@ -26,7 +28,7 @@ public:
     virtual void moved(const Element& element) = 0;
     /// `Visible` was assigned; `changed` tells whether the value was another one before.
     virtual void visibleAssigned(const Element& element, bool changed) = 0;
-    virtual void painted(const Element& element, const PaintCall& call, const void* picture) = 0;
+    virtual void painted(const Element& element, const PaintCall& call, const sys::Picture* picture) = 0;
     virtual void mediaPlayed(const std::string& fileName) = 0;
 };
 

@@ -65,7 +65,7 @@ public:
     }
 
     void painted(const toolkit::Element& element, const toolkit::PaintCall& call,
-                 const void* picture) override {
+                 const sys::Picture* picture) override {
         add({{"op", "paint"},
              {"on", element.name()},
              {"picture", pictureName(picture)},
@@ -117,7 +117,7 @@ private:
 
     void add(Json line) { lines_.push_back(std::move(line)); }
 
-    std::string pictureName(const void* picture) const {
+    std::string pictureName(const sys::Picture* picture) const {
         if (picture == form_.Image2.picture().get()) {
             return "banner";
         }

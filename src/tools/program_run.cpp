@@ -2,13 +2,13 @@
 
 #include "startup/marrowfieldry.h"
 #include "startup/product.h"
+#include "startup/settings.h"
 #include "startup/shared_state.h"
 #include "startup/trace.h"
 #include "toolkit/text.h"
 #include "tools/arguments.h"
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
 #include <stdexcept>
 #include <system_error>
@@ -74,19 +74,15 @@ ProgramRun::ProgramRun(sys::Size screen, sys::TwipsPerPixel scale, const DriveFo
 ProgramRun::~ProgramRun() { trace::sink = nullptr; }
 
 void ProgramRun::takeSettings(const std::vector<std::string>& words) {
-    static constexpr std::array keys = {
-        "ImagePath",           "ImageInterval",    "ImageListFile",    "FullScreen",
-        "ImagePositionRandom", "ImageOrderRandom", "AllImages",        "Blocks",
-        "DissolveType",        "DissolveDelay",    "MouseSensitivity", "IgnoreMouse"};
     for (const std::string& word : words) {
         const auto [key, value] = pairFrom(word, "KEY=VALUE");
-        const bool known = std::ranges::any_of(keys, [&key = key](const char* name) {
+        const bool known = std::ranges::any_of(settings::keys, [&key = key](const char* name) {
             return toolkit::upperCase(name) == toolkit::upperCase(key);
         });
         if (!known) {
             throw WrongCall("there is no setting " + key);
         }
-        machine_.settings().write("Tessellarium", "Settings", key, value);
+        machine_.settings().write(settings::application, settings::section, key, value);
     }
 }
 

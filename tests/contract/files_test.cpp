@@ -1,5 +1,7 @@
 #include "contract/contract_test.h"
 
+#include <array>
+
 namespace contract {
 
 namespace {
@@ -30,7 +32,7 @@ protected:
     std::string folder = driver->folder();
 };
 
-constexpr Access allAccesses[] = {Access::read, Access::write, Access::readWrite, Access::append};
+constexpr std::array allAccesses = {Access::read, Access::write, Access::readWrite, Access::append};
 
 } // namespace
 
@@ -88,18 +90,18 @@ TEST_F(Files, Append_WritesAlwaysToTheEnd) {
 TEST_F(Files, Read_StartsAtThePositionAndEndsWithTheFile) {
     write("a.txt", "0123456789");
     const auto file = files.open(path("a.txt"), Access::read);
-    char bytes[4] = {};
-    EXPECT_EQ(file->read(bytes, 4), 4U);
-    EXPECT_EQ(std::string(bytes, 4), "0123");
+    std::array<char, 4> bytes{};
+    EXPECT_EQ(file->read(bytes.data(), 4), 4U);
+    EXPECT_EQ(std::string(bytes.data(), 4), "0123");
     file->seek(8);
-    EXPECT_EQ(file->read(bytes, 4), 2U);
-    EXPECT_EQ(file->read(bytes, 4), 0U);
+    EXPECT_EQ(file->read(bytes.data(), 4), 2U);
+    EXPECT_EQ(file->read(bytes.data(), 4), 0U);
     file->seek(100);
-    EXPECT_EQ(file->read(bytes, 4), 0U);
+    EXPECT_EQ(file->read(bytes.data(), 4), 0U);
     EXPECT_EQ(file->length(), 10);
     file->seek(0);
-    EXPECT_EQ(file->read(bytes, 0), 0U);
-    EXPECT_EQ(file->read(bytes, 1), 1U);
+    EXPECT_EQ(file->read(bytes.data(), 0), 0U);
+    EXPECT_EQ(file->read(bytes.data(), 1), 1U);
     EXPECT_EQ(bytes[0], '0');
 }
 

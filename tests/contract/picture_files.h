@@ -3,6 +3,7 @@
 
 #include "system/geometry.h"
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -20,7 +21,8 @@ FileBytes flatBmp(sys::Size size, sys::Color color);
 /// A GIF of two pictures: the first shows `indexes`, row by row, of black, red, green, blue; the second
 /// fills all with red. What has the index `transparent` shows the ground.
 FileBytes gif(sys::Size size, const std::vector<int>& indexes, std::optional<int> transparent = {});
-inline constexpr sys::Color gifColors[] = {{0, 0, 0}, {255, 0, 0}, {0, 255, 0}, {0, 0, 255}};
+inline constexpr std::array gifColors = {sys::Color{0, 0, 0}, sys::Color{255, 0, 0}, sys::Color{0, 255, 0},
+                                         sys::Color{0, 0, 255}};
 
 /// A JPEG of 16 by 8 pixels, all of one grey.
 FileBytes jpeg();

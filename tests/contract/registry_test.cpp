@@ -1,6 +1,8 @@
 // The settings store and the registry calls.
 #include "contract/contract_test.h"
 
+#include <array>
+
 namespace contract {
 
 namespace {
@@ -33,8 +35,9 @@ protected:
 
     sys::Platform& platform = system.platform();
     std::uint32_t type = 0;
-    char buffer[100] = {};
-    std::uint32_t length = sizeof buffer;
+    static constexpr std::uint32_t bufferSize = 100;
+    std::array<char, bufferSize> buffer{};
+    std::uint32_t length = bufferSize;
 };
 
 } // namespace
@@ -67,26 +70,26 @@ TEST_F(Settings, AllBytesButZero_ComeBack) {
 
 TEST_F(Registry, Text_ComesWithItsZero) {
     const sys::RegistryKey key = opened();
-    EXPECT_EQ(platform.regQueryValueEx(key, "Text", type, buffer, length), success);
+    EXPECT_EQ(platform.regQueryValueEx(key, "Text", type, buffer.data(), length), success);
     EXPECT_EQ(type, textType);
     EXPECT_EQ(length, 6U);
-    EXPECT_EQ(std::string(buffer, length), std::string("hello\0", 6));
+    EXPECT_EQ(std::string(buffer.data(), length), std::string("hello\0", 6));
     EXPECT_EQ(platform.regCloseKey(key), success);
 }
 
 TEST_F(Registry, Number_ComesAsFourBytesTheLowOneFirst) {
     const sys::RegistryKey key = opened();
-    EXPECT_EQ(platform.regQueryValueEx(key, "nUMBER", type, buffer, length), success);
+    EXPECT_EQ(platform.regQueryValueEx(key, "nUMBER", type, buffer.data(), length), success);
     EXPECT_EQ(type, numberType);
     EXPECT_EQ(length, 4U);
-    EXPECT_EQ(std::string(buffer, 4), "\x78\x56\x34\x12");
+    EXPECT_EQ(std::string(buffer.data(), 4), "\x78\x56\x34\x12");
     platform.regCloseKey(key);
 }
 
 TEST_F(Registry, BufferTooSmall_TellsTheLengthAndGivesNothing) {
     const sys::RegistryKey key = opened();
     length = 5;
-    EXPECT_EQ(platform.regQueryValueEx(key, "Text", type, buffer, length), moreData);
+    EXPECT_EQ(platform.regQueryValueEx(key, "Text", type, buffer.data(), length), moreData);
     EXPECT_EQ(length, 6U);
     length = 0;
     EXPECT_EQ(platform.regQueryValueEx(key, "Text", type, nullptr, length), success);
@@ -96,7 +99,7 @@ TEST_F(Registry, BufferTooSmall_TellsTheLengthAndGivesNothing) {
 
 TEST_F(Registry, MissingValue_IsNotFound) {
     const sys::RegistryKey key = opened();
-    EXPECT_EQ(platform.regQueryValueEx(key, "None", type, buffer, length), notFound);
+    EXPECT_EQ(platform.regQueryValueEx(key, "None", type, buffer.data(), length), notFound);
     platform.regCloseKey(key);
 }
 
@@ -104,13 +107,13 @@ TEST_F(Registry, MissingKey_IsNotFound) {
     sys::RegistryKey key = 0;
     EXPECT_EQ(platform.regOpenKeyEx(currentUser, testKey + "\\None", readAccess, key), notFound);
     EXPECT_EQ(key, 0U);
-    EXPECT_EQ(platform.regQueryValueEx(key, "Text", type, buffer, length), invalidHandle);
+    EXPECT_EQ(platform.regQueryValueEx(key, "Text", type, buffer.data(), length), invalidHandle);
 }
 
 TEST_F(Registry, Keys_AreFoundInAnyCaseAndThroughTheirParents) {
     sys::RegistryKey key = 0;
     EXPECT_EQ(platform.regOpenKeyEx(currentUser, "SOFTWARE\\tessellariumcontract", readAccess, key), success);
-    EXPECT_EQ(platform.regQueryValueEx(key, "Text", type, buffer, length), success);
+    EXPECT_EQ(platform.regQueryValueEx(key, "Text", type, buffer.data(), length), success);
     platform.regCloseKey(key);
     driver->setRegistryText(testKey + "\\Deeper", "Text", "x");
     EXPECT_EQ(platform.regOpenKeyEx(currentUser, testKey, readAccess, key), success);

@@ -1,6 +1,9 @@
 #include "contract/contract_test.h"
 #include "contract/picture_files.h"
 
+#include <array>
+#include <cstddef>
+
 namespace contract {
 
 namespace {
@@ -79,7 +82,7 @@ TEST_F(Surfaces, WhatWasPainted_StaysWhileAnotherControlMovesAcross) {
     paint(flat({10, 10}), 10, 10, 50, 30);
     driver->settle();
     // The box that was made first lies in front.
-    for (float x = 100; x <= 240; x += 20) {
+    for (int x = 100; x <= 240; x += 20) {
         form.left.move(twips(x), twips(at.top), twips(40), twips(40));
         driver->settle();
     }
@@ -206,13 +209,14 @@ TEST_F(Surfaces, SourceRectangle_IsWhatIsPainted) {
 
 TEST_F(Surfaces, Neighbours_MeetWithoutGap) {
     // 7 columns of 13.7 pixels and 5 rows of 11.3: none but the first edges falls on a whole pixel.
-    const sys::PicturePtr colors[] = {flat({10, 10}, red), flat({10, 10}, white)};
+    const std::array colors = {flat({10, 10}, red), flat({10, 10}, white)};
     for (int row = 0; row < 5; ++row) {
         for (int column = 0; column < 7; ++column) {
-            box.PaintPicture(colors[(row + column) % 2], {.x1 = 205.5F * static_cast<float>(column),
-                                                          .y1 = 169.5F * static_cast<float>(row),
-                                                          .width1 = 205.5F,
-                                                          .height1 = 169.5F});
+            box.PaintPicture(colors.at(static_cast<std::size_t>(row + column) % 2),
+                             {.x1 = 205.5F * static_cast<float>(column),
+                              .y1 = 169.5F * static_cast<float>(row),
+                              .width1 = 205.5F,
+                              .height1 = 169.5F});
         }
     }
     driver->settle();

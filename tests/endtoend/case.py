@@ -3,6 +3,7 @@
 import os
 import pathlib
 import shutil
+import tempfile
 import time
 import unittest
 
@@ -63,7 +64,8 @@ class Show:
 
     def __init__(self, machine, program, arguments, environment):
         self._machine = machine
-        self.process = machine.start(program, *arguments, **environment)
+        self._errors = tempfile.TemporaryFile()
+        self.process = machine.start(program, *arguments, errors=self._errors, **environment)
 
     def running(self):
         return self.process.poll() is None
@@ -81,7 +83,11 @@ class Show:
 
     def _must_run(self):
         if not self.running():
-            raise NotReached(f"the product ended with {self.process.returncode}")
+            raise NotReached(f"the product {self._end()}")
+
+    def _end(self):
+        self._errors.seek(0)
+        return f"ended with {self.process.returncode}; Wine said: {self._errors.read().decode(errors='replace')!r}"
 
     def wait_for_frame(self, frame, limit=LIMIT):
         """Waits until the screen shows just this."""
@@ -113,7 +119,7 @@ class Show:
         """Waits until the process has ended, with this exit code, and left no window."""
         wait_until(lambda: not self.running(), "the product doesn't end")
         if self.process.returncode != code:
-            raise AssertionError(f"ended with {self.process.returncode} and not {code}")
+            raise AssertionError(f"the product {self._end()}, and not with {code}")
         wait_until(lambda: not self.forms(), "the show's window is left", 5)
 
     def must_stay(self, seconds):
@@ -125,6 +131,7 @@ class Show:
 
     def stop(self):
         session.end(self.process)
+        self._errors.close()
 
 
 class EndToEndCase(unittest.TestCase):

@@ -163,11 +163,13 @@ class Session:
     def release(self, caption):
         self.probe.ask("release", caption)
 
-    def start(self, program, *arguments, **environment):
-        """Runs a program of the machine, named by its path on this one. The result's exit code is its."""
-        return subprocess.Popen(["wine", program, *arguments], env={**self.environment, **environment},
+    def start(self, program, *arguments, errors=subprocess.DEVNULL, **environment):
+        """Runs a program of the machine, named by its path on this one. The result's exit code is its; what
+        Wine has to say of errors goes to the file `errors`."""
+        return subprocess.Popen(["wine", program, *arguments],
+                                env={**self.environment, "WINEDEBUG": "fixme-all", **environment},
                                 cwd=os.path.dirname(program), stdin=subprocess.DEVNULL,
-                                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+                                stdout=subprocess.DEVNULL, stderr=errors)
 
     def windows_path(self, path):
         return "C:\\" + os.path.relpath(path, self.drive).replace("/", "\\")

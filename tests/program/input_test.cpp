@@ -13,7 +13,7 @@ using testing::Contains;
 using testing::HasSubstr;
 using testing::Not;
 
-constexpr std::uint32_t currentUser = 0x80000001;
+using sys::simulated::currentUserRoot;
 
 TEST(ShowEnd, AnyKey_EndsTheShow) {
     for (const int key : {int{'A'}, 0x10 /* Shift */, 0x11 /* Ctrl */, 0x70 /* F1 */}) {
@@ -64,7 +64,7 @@ protected:
     /// A password is asked, outside the NT family.
     void usePassword() {
         program.machine.platform().setPlatformId(1);
-        program.machine.platform().setRegistryText(currentUser, "Control Panel\\Desktop",
+        program.machine.platform().setRegistryText(currentUserRoot, "Control Panel\\Desktop",
                                                    "ScreenSaveUsePassword", "1");
     }
     /// Every request is refused.
@@ -340,8 +340,8 @@ TEST_F(ShowInput, PasswordBox_DoesNotStopTheSteps) {
 }
 
 TEST_F(ShowInput, PasswordOnNt_IsNeverAsked) {
-    program.machine.platform().setRegistryText(currentUser, "Control Panel\\Desktop", "ScreenSaveUsePassword",
-                                               "1");
+    program.machine.platform().setRegistryText(currentUserRoot, "Control Panel\\Desktop",
+                                               "ScreenSaveUsePassword", "1");
     start();
     press('A');
     EXPECT_TRUE(program.ended());

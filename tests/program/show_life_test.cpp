@@ -13,7 +13,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
-constexpr std::uint32_t currentUser = 0x80000001;
+using sys::simulated::currentUserRoot;
 constexpr const char* desktop = "Control Panel\\Desktop";
 
 TEST(ShowForm, ComesUp_BlackAndAsLargeAsTheScreen) {
@@ -129,7 +129,7 @@ TEST(ShowForm, Password_NoValueOrEmpty_IsNone) {
         EXPECT_EQ(shared.UsePassword, 0);
     }
     Program program;
-    program.machine.platform().setRegistryText(currentUser, desktop, "ScreenSaveUsePassword", "");
+    program.machine.platform().setRegistryText(currentUserRoot, desktop, "ScreenSaveUsePassword", "");
     program.start("/s");
     EXPECT_EQ(shared.UsePassword, 0);
 }
@@ -137,12 +137,13 @@ TEST(ShowForm, Password_NoValueOrEmpty_IsNone) {
 TEST(ShowForm, Password_NumberOrText_IsTaken) {
     {
         Program program;
-        program.setRegistryNumber(currentUser, desktop, "ScreenSaveUsePassword", 1);
+        program.machine.platform().setRegistryNumber(currentUserRoot, desktop, "ScreenSaveUsePassword", 1);
         program.start("/s");
         EXPECT_EQ(shared.UsePassword, 1);
     }
     Program program;
-    program.machine.platform().setRegistryText(currentUser, desktop, "ScreenSaveUsePassword", " 2 of them");
+    program.machine.platform().setRegistryText(currentUserRoot, desktop, "ScreenSaveUsePassword",
+                                               " 2 of them");
     program.start("/s");
     EXPECT_EQ(shared.UsePassword, 2);
 }
@@ -150,7 +151,7 @@ TEST(ShowForm, Password_NumberOrText_IsTaken) {
 TEST(ShowForm, NonNtWithPassword_TellsTheSystemThatTheShowRuns) {
     Program program;
     program.machine.platform().setPlatformId(1);
-    program.machine.platform().setRegistryText(currentUser, desktop, "ScreenSaveUsePassword", "1");
+    program.machine.platform().setRegistryText(currentUserRoot, desktop, "ScreenSaveUsePassword", "1");
     program.start("/s");
     EXPECT_EQ(shared.PlatformId, 1);
     EXPECT_THAT(program.machine.platform().calls(), Contains("systemParametersInfo(97, 1, 0)"));
@@ -159,7 +160,7 @@ TEST(ShowForm, NonNtWithPassword_TellsTheSystemThatTheShowRuns) {
 TEST(ShowForm, NtOrNoPassword_DoesNotTellTheSystem) {
     {
         Program program;
-        program.machine.platform().setRegistryText(currentUser, desktop, "ScreenSaveUsePassword", "1");
+        program.machine.platform().setRegistryText(currentUserRoot, desktop, "ScreenSaveUsePassword", "1");
         program.start("/s");
         EXPECT_EQ(shared.UsePassword, 1);
         EXPECT_THAT(program.machine.platform().calls(), Not(Contains(HasSubstr("systemParametersInfo"))));
@@ -173,7 +174,7 @@ TEST(ShowForm, NtOrNoPassword_DoesNotTellTheSystem) {
 TEST(ShowForm, FailureInLoad_ResumesAtTheNextStatement) {
     // A password number beyond 16 bits fails; everything behind it still happens.
     Program program;
-    program.machine.platform().setRegistryText(currentUser, desktop, "ScreenSaveUsePassword", "40000");
+    program.machine.platform().setRegistryText(currentUserRoot, desktop, "ScreenSaveUsePassword", "40000");
     program.start("/s");
     EXPECT_EQ(program.traced("E: MainForm Form_Load With Errors Overflow"), 1);
     EXPECT_EQ(shared.UsePassword, 0);
@@ -205,7 +206,7 @@ TEST(ShowForm, Unload_EndsTheProcessWithTheCursorUp) {
 TEST(ShowForm, Unload_NonNtWithPassword_TellsTheSystemThatTheShowIsOver) {
     Program program;
     program.machine.platform().setPlatformId(1);
-    program.machine.platform().setRegistryText(currentUser, desktop, "ScreenSaveUsePassword", "1");
+    program.machine.platform().setRegistryText(currentUserRoot, desktop, "ScreenSaveUsePassword", "1");
     program.machine.platform().answerPassword(1);
     program.start("/s");
     program.machine.user().press('A');
@@ -259,11 +260,11 @@ TEST(ShowForm, Unload_OtherSoundModes_MakeNoPlainSoundCall) {
 
 TEST(Registry, TextValue_LosesItsTerminatingZero) {
     Program program;
-    program.machine.platform().setRegistryText(currentUser, "K", "one", "1");
-    program.machine.platform().setRegistryText(currentUser, "K", "empty", "");
+    program.machine.platform().setRegistryText(currentUserRoot, "K", "one", "1");
+    program.machine.platform().setRegistryText(currentUserRoot, "K", "empty", "");
     program.start("/x");
-    EXPECT_EQ(RegGetValue(currentUser, "K", "one"), "1");
-    EXPECT_EQ(RegGetValue(currentUser, "K", "empty"), "");
+    EXPECT_EQ(RegGetValue(currentUserRoot, "K", "one"), "1");
+    EXPECT_EQ(RegGetValue(currentUserRoot, "K", "empty"), "");
 }
 
 TEST(Registry, NumberValue_KeepsOnlyThreeDigits) {
@@ -274,9 +275,9 @@ TEST(Registry, NumberValue_KeepsOnlyThreeDigits) {
     for (const Case& each :
          {Case{0, "000"}, Case{1, "001"}, Case{123, "123"}, Case{12345, "123"}, Case{0x80000000, "214"}}) {
         Program program;
-        program.setRegistryNumber(currentUser, "K", "n", each.number);
+        program.machine.platform().setRegistryNumber(currentUserRoot, "K", "n", each.number);
         program.start("/x");
-        EXPECT_EQ(RegGetValue(currentUser, "K", "n"), each.text);
+        EXPECT_EQ(RegGetValue(currentUserRoot, "K", "n"), each.text);
     }
 }
 
@@ -300,20 +301,20 @@ TEST(Registry, PredefinedKeys_FromTheFirstToTheLast_AreRead) {
 
 TEST(Registry, MissingKeyOrValue_IsEmptyAndLeavesNothingOpen) {
     Program program;
-    program.machine.platform().setRegistryText(currentUser, "K", "one", "1");
+    program.machine.platform().setRegistryText(currentUserRoot, "K", "one", "1");
     program.start("/x");
-    EXPECT_EQ(RegGetValue(currentUser, "none", "one"), "");
-    EXPECT_EQ(RegGetValue(currentUser, "K", "none"), "");
+    EXPECT_EQ(RegGetValue(currentUserRoot, "none", "one"), "");
+    EXPECT_EQ(RegGetValue(currentUserRoot, "K", "none"), "");
     EXPECT_THAT(program.machine.platform().calls().back(), HasSubstr("regCloseKey"));
 }
 
 TEST(Registry, ValueLongerThanTheBuffer_IsEmpty) {
     Program program;
-    program.machine.platform().setRegistryText(currentUser, "K", "long", std::string(255, 'x'));
-    program.machine.platform().setRegistryText(currentUser, "K", "fits", std::string(254, 'x'));
+    program.machine.platform().setRegistryText(currentUserRoot, "K", "long", std::string(255, 'x'));
+    program.machine.platform().setRegistryText(currentUserRoot, "K", "fits", std::string(254, 'x'));
     program.start("/x");
-    EXPECT_EQ(RegGetValue(currentUser, "K", "long"), "");
-    EXPECT_EQ(RegGetValue(currentUser, "K", "fits"), std::string(254, 'x'));
+    EXPECT_EQ(RegGetValue(currentUserRoot, "K", "long"), "");
+    EXPECT_EQ(RegGetValue(currentUserRoot, "K", "fits"), std::string(254, 'x'));
 }
 
 } // namespace

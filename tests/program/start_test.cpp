@@ -107,7 +107,8 @@ TEST(Start, LogFile_NoRun_MakesOne) {
         Program program;
         program.start(commandLine);
         program.advance(20000);
-        EXPECT_FALSE(program.machine.files().exists(program.machine.identity().folder + "\\Tessellarium.log"));
+        EXPECT_FALSE(
+            program.machine.files().exists(program.machine.identity().folder + "\\Tessellarium.log"));
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "startup/marrowfieldry.h"
 #include "startup/product.h"
+#include "startup/settings.h"
 #include "startup/shared_state.h"
 #include "startup/trace.h"
 
@@ -30,16 +31,7 @@ template <class Action> void Program::guarded(const Action& action) {
 }
 
 void Program::setting(const std::string& key, const std::string& value) {
-    machine.settings().write("Tessellarium", "Settings", key, value);
-}
-
-void Program::setRegistryNumber(std::uint32_t root, const std::string& subKey, const std::string& name,
-                                std::uint32_t number) {
-    std::string data;
-    for (int shift = 0; shift < 32; shift += 8) {
-        data += static_cast<char>(number >> shift & 0xFFU);
-    }
-    machine.platform().setRegistryValue(root, subKey, name, sys::simulated::numberValue, data);
+    machine.settings().write(settings::application, settings::section, key, value);
 }
 
 void Program::addPicture(const std::string& path, sys::Size size, sys::Color color) {

@@ -23,8 +23,6 @@ public:
     sys::simulated::Machine machine;
 
     void setting(const std::string& key, const std::string& value);
-    void setRegistryNumber(std::uint32_t root, const std::string& subKey, const std::string& name,
-                           std::uint32_t number);
     /// A picture file of one colour on drive C, for example "C:\\pics\\red.bmp".
     void addPicture(const std::string& path, sys::Size size, sys::Color color = {255, 0, 0});
     /// A template "C:\\t\\t.txt" with these lines, and the settings that show it.

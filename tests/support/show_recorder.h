@@ -34,7 +34,7 @@ public:
     void moved(const toolkit::Element& /*element*/) override {}
     void visibleAssigned(const toolkit::Element& /*element*/, bool /*changed*/) override {}
     void painted(const toolkit::Element& element, const toolkit::PaintCall& call,
-                 const void* picture) override {
+                 const sys::Picture* picture) override {
         paints.push_back({element.name(),
                           picture == program_.form().pctBlank.picture().get(),
                           {call.x1, call.y1, call.width1.value_or(-1), call.height1.value_or(-1)},

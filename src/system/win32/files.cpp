@@ -187,6 +187,9 @@ std::vector<std::string> Win32Files::list(const std::string& pattern) {
         if ((entry.dwFileAttributes & leftOut) == 0)
             names.emplace_back(entry.cFileName);
     } while (FindNextFileA(search.get(), &entry));
+    // A listing that broke off, such as that of a drive that was pulled out, is no shorter listing.
+    if (const DWORD error = GetLastError(); error != ERROR_NO_MORE_FILES)
+        throw failureAt(pattern, error);
     return names;
 }
 

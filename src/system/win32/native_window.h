@@ -1,6 +1,7 @@
 // What all native windows have in common, whichever interface they implement.
 #pragma once
 
+#include "system/failure.h"
 #include "system/geometry.h"
 #include "system/win32/native.h"
 #include "system/windows.h"
@@ -52,8 +53,11 @@ protected:
     HWND native() const { return native_; }
     TwipsPerPixel scale() const { return scale_; }
 
-    /// To be called once for each object, as soon as the native window exists.
+    /// To be called once for each object, with the native window that was made for it; fails with 7 if it
+    /// could not be made.
     void adopt(HWND window) {
+        if (!window)
+            throw Failure(FailureCode::outOfMemory);
         native_ = window;
         SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     }

@@ -4,6 +4,8 @@
 #include "contract/byte_writer.h"
 #include "contract/contract_test.h"
 
+#include <array>
+
 namespace contract {
 
 namespace {
@@ -128,11 +130,11 @@ TEST_F(WindowsOnly, Settings_LieInTheRegistryOfTheUser) {
     sys::RegistryKey key = 0;
     ASSERT_EQ(platform.regOpenKeyEx(0x80000001, testKey + "\\Settings", 0x20019, key), 0);
     std::uint32_t type = 0;
-    char buffer[10] = {};
-    std::uint32_t length = sizeof buffer;
-    EXPECT_EQ(platform.regQueryValueEx(key, "Key", type, buffer, length), 0);
+    std::array<char, 10> buffer{};
+    auto length = static_cast<std::uint32_t>(buffer.size());
+    EXPECT_EQ(platform.regQueryValueEx(key, "Key", type, buffer.data(), length), 0);
     EXPECT_EQ(type, 1U); // REG_SZ
-    EXPECT_EQ(std::string(buffer, length), std::string("text\0", 5));
+    EXPECT_EQ(std::string(buffer.data(), length), std::string("text\0", 5));
     platform.regCloseKey(key);
 
     driver->setRegistryNumber(testKey + "\\Settings", "Key", 5);

@@ -79,7 +79,7 @@ public:
                         (changed ? "" : " again"));
     }
     void painted(const toolkit::Element& element, const toolkit::PaintCall& call,
-                 const void* picture) override {
+                 const sys::Picture* picture) override {
         paintedOn = element.name();
         last = call;
         lastPicture = picture;
