@@ -10,7 +10,7 @@ Timer::Timer(Form& form, const TimerDesign& design)
 
 Timer::~Timer() {
     if (loaded_) {
-        unload();
+        Application::current().timers().stop(*this);
     }
 }
 

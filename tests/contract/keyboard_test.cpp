@@ -39,7 +39,7 @@ TEST_F(Keyboard, FormGetsTheKeysWhateverWasClicked) {
 }
 
 TEST_F(Keyboard, FormShownLast_GetsTheKeysUntilItGoes) {
-    SmallForm& small = application.form<SmallForm>();
+    auto& small = application.form<SmallForm>();
     std::vector<int> keys;
     small.keyDown = [&](int key, int) { keys.push_back(key); };
     small.show();

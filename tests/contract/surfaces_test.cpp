@@ -65,7 +65,7 @@ TEST_F(Surfaces, WhatWasPainted_StaysUnderAnotherForm) {
     paint(flat({10, 10}), 10, 10, 50, 30);
     form.PaintPicture(flat({10, 10}, yellow), {});
     driver->settle();
-    SmallForm& cover = application.form<SmallForm>();
+    auto& cover = application.form<SmallForm>();
     cover.move(0, 0, twips(300), twips(200));
     cover.show();
     cover.setBackColor(grey);

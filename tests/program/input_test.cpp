@@ -9,10 +9,6 @@
 
 namespace {
 
-using testing::Contains;
-using testing::HasSubstr;
-using testing::Not;
-
 using sys::simulated::currentUserRoot;
 
 TEST(ShowEnd, AnyKey_EndsTheShow) {

@@ -7,10 +7,8 @@
 
 namespace {
 
-using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Not;
 
 class Playlist : public testing::Test {
 protected:
@@ -212,7 +210,7 @@ TEST_F(Playlist, ItemsAbove501_AreDroppedWithAllLinesAfterThe501st) {
         const std::string number = std::to_string(index);
         lines.insert(lines.end(), {"IMAGE=" + number + ".gif", "DISSOLVE=d" + number, "SOUND=s.wav", "c"});
     }
-    lines.push_back("SOUNDSYNC=1");
+    lines.emplace_back("SOUNDSYNC=1");
     show(lines);
     EXPECT_EQ(program.form().lstImageNames.listCount(), 501);
     EXPECT_EQ(shared.ImageDissolves[499], "d499");

@@ -103,7 +103,7 @@ TEST_F(Forms, LoadAfterAnUnload_GivesTheValuesOfTheDesignBack) {
 }
 
 TEST_F(Forms, Maximized_TakesTheScreensSize) {
-    FullScreenForm& full = application.form<FullScreenForm>();
+    auto& full = application.form<FullScreenForm>();
     full.show();
     EXPECT_EQ(full.width(), 9600);
     EXPECT_EQ(full.height(), 7200);
@@ -225,7 +225,7 @@ TEST_F(Forms, RequestDuringARequest_DoesNothing) {
     form.queryUnload = [this](bool&, std::int16_t) {
         log("query");
         form.unload();
-        log("still loaded: " + std::to_string(form.loaded()));
+        log("still loaded: " + std::to_string(static_cast<int>(form.loaded())));
     };
     form.unloadEvent = [this](bool&) {
         log("unload");
@@ -284,7 +284,7 @@ TEST_F(Forms, Handle_MakesTheWindowBeforeTheFormIsShown) {
 }
 
 TEST_F(Forms, Run_EndsWith0WhenTheLastFormIsUnloaded) {
-    PlainForm& other = application.form<PlainForm>();
+    auto& other = application.form<PlainForm>();
     const int exitCode = application.run([&] {
         form.show();
         other.load(); // a form that is never shown counts as well

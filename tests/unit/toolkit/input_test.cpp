@@ -93,7 +93,7 @@ TEST_F(InputTest, KeysOfAControl_GoToItsFormFirstIfThatPreviewsThem) {
     };
     EXPECT_THAT(pressOn(form.box.hWnd()), ElementsAre("box key 65 0", "box character 97"));
 
-    PreviewingForm& previewing = application.form<PreviewingForm>();
+    auto& previewing = application.form<PreviewingForm>();
     previewing.show();
     logInputOf(previewing);
     logInputOf(previewing.box);

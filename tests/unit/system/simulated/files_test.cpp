@@ -3,10 +3,12 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <optional>
+#include <stdexcept>
 
 namespace {
 
@@ -37,14 +39,21 @@ std::string readAll(sys::File& file) {
 
 void writeText(sys::File& file, const std::string& text) { file.write(text.data(), text.size()); }
 
+/// Tests run side by side in several processes, and each needs a folder of its own.
+fs::path newFolder() {
+    std::string folder = testing::TempDir() + "simulated_files_XXXXXX";
+    if (mkdtemp(folder.data()) == nullptr) {
+        throw std::runtime_error("no folder for the test");
+    }
+    return folder;
+}
+
 /// The rules that hold on every drive: on one in memory and on one that is a folder of the host.
 class EveryDrive : public testing::TestWithParam<bool> {
 protected:
     EveryDrive() {
         if (GetParam()) {
-            folder_ = fs::path(testing::TempDir()) / "simulated_files_test";
-            fs::remove_all(folder_);
-            fs::create_directories(folder_);
+            folder_ = newFolder();
             drives.mapDrive('C', folder_.string());
         } else {
             drives.addMemoryDrive('C');
@@ -290,7 +299,6 @@ TEST_P(EveryDrive, FullDisk_TakesNoFurtherByte) {
 class HostDrive : public testing::Test {
 protected:
     HostDrive() {
-        fs::remove_all(root);
         fs::create_directories(root / "drive");
         put(root / "outside.txt", "outside");
         drives.mapDrive('D', (root / "drive").string());
@@ -299,7 +307,7 @@ protected:
 
     static void put(const fs::path& path, const std::string& text) { std::ofstream(path) << text; }
 
-    const fs::path root = fs::path(testing::TempDir()) / "simulated_host_test";
+    const fs::path root = newFolder();
     Drives drives{"D:\\"};
 };
 

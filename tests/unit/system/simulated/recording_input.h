@@ -35,7 +35,7 @@ public:
     void alarmRang() override { add("alarm"); }
 
 private:
-    void add(std::string event) {
+    void add(const std::string& event) {
         events.push_back(event);
         if (handler) {
             handler(event);
