@@ -232,6 +232,62 @@ TEST_F(Surfaces, Neighbours_MeetWithoutGap) {
     }
 }
 
+TEST_F(Surfaces, BlocksOfAStretchedPicture_LookLikeTheWhole) {
+    // Cells of 20 by 20 pixels become 28 by 28: in the middle of each nothing is mixed with another.
+    const auto cellColor = [](int column, int row) {
+        return sys::Color{static_cast<std::uint8_t>(60 * column), static_cast<std::uint8_t>(80 * row), 99};
+    };
+    const auto picture =
+        system.decodePicture(bmp({60, 40}, [&](int x, int y) { return cellColor(x / 20, y / 20); }));
+    constexpr float width = 14; // pixels of a block, of which there are 6 by 4
+    for (int row = 0; row < 4; ++row) {
+        for (int column = 0; column < 6; ++column) {
+            box.PaintPicture(picture, {.x1 = twips(width * static_cast<float>(column)),
+                                       .y1 = twips(width * static_cast<float>(row)),
+                                       .width1 = twips(width),
+                                       .height1 = twips(width),
+                                       .x2 = twips(10.0F * static_cast<float>(column)),
+                                       .y2 = twips(10.0F * static_cast<float>(row)),
+                                       .width2 = twips(10),
+                                       .height2 = twips(10)});
+        }
+    }
+    driver->settle();
+    for (int row = 0; row < 2; ++row) {
+        for (int column = 0; column < 3; ++column) {
+            const sys::Point middle{28 * column + 14, 28 * row + 14};
+            EXPECT_THAT(inBox({middle.x - 10, middle.y - 10, middle.x + 10, middle.y + 10}),
+                        Each(cellColor(column, row)))
+                << column << ' ' << row;
+        }
+    }
+    EXPECT_THAT(inBox({84, 0, 100, 60}), Each(green));
+}
+
+TEST_F(Surfaces, BlocksOfATransparentPicture_LetTheGroundShowThrough) {
+    // Four columns of 6 pixels, of which the first and the third are transparent, become 9 wide.
+    std::vector<int> indexes;
+    for (int pixel = 0; pixel < 24 * 12; ++pixel) {
+        indexes.push_back(pixel % 24 / 6 % 2 == 0 ? 0 : 3);
+    }
+    const auto picture = system.decodePicture(gif({24, 12}, indexes, 0));
+    for (int column = 0; column < 4; ++column) {
+        box.PaintPicture(picture, {.x1 = twips(9.0F * static_cast<float>(column)),
+                                   .y1 = 0,
+                                   .width1 = twips(9),
+                                   .height1 = twips(18),
+                                   .x2 = twips(6.0F * static_cast<float>(column)),
+                                   .y2 = 0.0F,
+                                   .width2 = twips(6),
+                                   .height2 = twips(12)});
+    }
+    driver->settle();
+    EXPECT_THAT(inBox({2, 2, 7, 16}), Each(green));
+    EXPECT_THAT(inBox({11, 2, 16, 16}), Each(gifColors[3]));
+    EXPECT_THAT(inBox({20, 2, 25, 16}), Each(green));
+    EXPECT_THAT(inBox({29, 2, 34, 16}), Each(gifColors[3]));
+}
+
 TEST_F(Surfaces, EachEdgeOfAControl_IsRoundedByItself) {
     // 10.4 + 20.3 pixels end at 30.7: the box is 21 pixels wide, and its neighbour begins there.
     form.left.move(twips(10.4), twips(200.4), twips(20.3), twips(20.3));

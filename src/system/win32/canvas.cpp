@@ -89,7 +89,7 @@ MemoryBitmap* CanvasWindow::paintable() {
     if (!surface_ || surface_->size() != size_) {
         surface_.reset(); // first, so that both never take memory at once
         if (!fromOrigin(size_).empty())
-            surface_ = MemoryBitmap::make(size_, 32);
+            surface_ = MemoryBitmap::make(size_, MemoryBitmap::surfaceBits);
     }
     if (!surface_)
         return nullptr;

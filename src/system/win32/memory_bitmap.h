@@ -12,6 +12,9 @@ namespace sys::win32 {
 
 class MemoryBitmap {
 public:
+    /// Of surfaces, and of what is to be copied to them without conversion.
+    static constexpr WORD surfaceBits = 32;
+
     /// Top-down, blue, green, red, of 24 or 32 bits a pixel; null when memory doesn't suffice.
     static std::unique_ptr<MemoryBitmap> make(Size size, WORD bitsPerPixel);
 

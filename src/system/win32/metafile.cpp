@@ -6,7 +6,9 @@
 #include "system/win32/pictures.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <utility>
 
@@ -31,6 +33,27 @@ bool isPlain(Bytes bytes) {
            wordAt(bytes, 2) == headerSize / 2;
 }
 
+/// Makes the coverage of what was painted on black out of what the same is on white: what stayed white shows
+/// the surface, what is alike covers it. False when something is neither.
+bool toCoverage(const MemoryBitmap& onBlack, MemoryBitmap& onWhite) {
+    constexpr std::uint32_t anyColor = 0xFFFFFF; // the fourth byte means nothing
+    GdiFlush();
+    for (int y = 0; y < onBlack.size().height; ++y) {
+        for (std::size_t at = 0; at < onBlack.bytesPerRow(); at += 4) {
+            std::uint32_t black = 0;
+            std::uint32_t white = 0;
+            std::memcpy(&black, onBlack.row(y) + at, 4);
+            std::memcpy(&white, onWhite.row(y) + at, 4);
+            const bool covers = (black & anyColor) == (white & anyColor);
+            const bool showsThrough = (black & anyColor) == 0 && (white & anyColor) == anyColor;
+            if (!covers && !showsThrough)
+                return false;
+            std::memset(onWhite.row(y) + at, covers ? 0xFF : 0, 4);
+        }
+    }
+    return true;
+}
+
 class MetafilePicture : public PaintablePicture {
 public:
     MetafilePicture(OwnedMetafile metafile, const MetafileFrame& frame, float width, float height)
@@ -38,10 +61,6 @@ public:
 
     float width() const override { return width_; }
     float height() const override { return height_; }
-
-    void paintOn(MemoryBitmap& surface, const Block& block) const override {
-        play(surface.dc(), block.target, block.whole);
-    }
 
     bool play(HDC dc, const PixelRect& clip, const PixelRect& whole) const {
         const int saved = SaveDC(dc);
@@ -57,6 +76,25 @@ public:
     }
 
 private:
+    void paintDirectly(MemoryBitmap& surface, const Block& block) const override {
+        play(surface.dc(), block.target, block.whole);
+    }
+
+    bool staysByItself(const Block& /*block*/) const override { return false; }
+
+    /// Nothing for a metafile that mixes its colours with what is beneath.
+    Layers scaledTo(Size size) const override {
+        Layers scaled{MemoryBitmap::make(size, MemoryBitmap::surfaceBits),
+                      MemoryBitmap::make(size, MemoryBitmap::surfaceBits)};
+        if (!scaled.colors || !scaled.coverage)
+            return {};
+        const PixelRect whole{0, 0, size.width, size.height};
+        PatBlt(scaled.coverage->dc(), 0, 0, size.width, size.height, WHITENESS);
+        play(scaled.colors->dc(), whole, whole); // on black
+        play(scaled.coverage->dc(), whole, whole);
+        return toCoverage(*scaled.colors, *scaled.coverage) ? std::move(scaled) : Layers{};
+    }
+
     OwnedMetafile metafile_;
     MetafileFrame frame_;
     float width_;

@@ -162,8 +162,8 @@ PicturePtr PictureDecoder::decode(Bytes bytes) {
     if (isMetafile(bytes))
         return decodeMetafile(bytes, scale_);
 
-    std::unique_ptr<MemoryBitmap> colors;
-    std::unique_ptr<MemoryBitmap> coverage;
+    Layers pixels;
+    auto& [colors, coverage] = pixels;
     if (beginsWith(bytes, {'B', 'M'})) {
         colors = decodeBmp(bytes);
     } else if (beginsWith(bytes, {0xFF, 0xD8, 0xFF})) {
@@ -178,7 +178,7 @@ PicturePtr PictureDecoder::decode(Bytes bytes) {
     } else {
         throw Failure(FailureCode::invalidPicture);
     }
-    return std::make_shared<BitmapPicture>(std::move(colors), std::move(coverage), scale_);
+    return std::make_shared<BitmapPicture>(std::move(pixels), scale_);
 }
 
 } // namespace sys::win32

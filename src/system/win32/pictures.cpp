@@ -54,7 +54,21 @@ void copyPart(const MemoryBitmap& from, Point corner, MemoryBitmap& to, const Pi
     BitBlt(to.dc(), area.left, area.top, area.width(), area.height(), from.dc(), corner.x, corner.y, SRCCOPY);
 }
 
-void copy(const MemoryBitmap& from, MemoryBitmap& surface, const Block& block) {
+PixelRect wholeOf(Size size) { return {0, 0, size.width, size.height}; }
+
+/// The brush of a bitmap's colour; null when it has several.
+OwnedBrush brushOfOnlyColor(const MemoryBitmap& bitmap) {
+    const auto pixelLength = static_cast<std::size_t>(bitmap.bitsPerPixel() / 8);
+    const std::size_t rowLength = pixelLength * static_cast<std::size_t>(bitmap.size().width);
+    const std::uint8_t* first = bitmap.row(0);
+    // A row is of one colour when it equals itself, moved by a pixel.
+    bool one = std::equal(first + pixelLength, first + rowLength, first);
+    for (int y = 1; one && y < bitmap.size().height; ++y)
+        one = std::equal(first, first + rowLength, bitmap.row(y));
+    return OwnedBrush(one ? CreateSolidBrush(RGB(first[2], first[1], first[0])) : nullptr);
+}
+
+void stretchOpaque(const MemoryBitmap& from, MemoryBitmap& surface, const Block& block) {
     // NOTE: where formats differ, the system converts the whole source before it stretches, in memory of
     // its own; for a large picture that shrinks it is faster, and takes far less, to convert what comes out.
     constexpr std::int64_t largeSource = 1 << 20; // pixels
@@ -99,6 +113,17 @@ void blendUnstretched(MemoryBitmap& surface, const PixelRect& area, const Memory
     }
 }
 
+/// What of the pixels begins at `corner` goes onto `area`, which may reach beyond the surface.
+void copyPart(const Layers& from, Point corner, MemoryBitmap& to, const PixelRect& area) {
+    if (!from.coverage) {
+        copyPart(*from.colors, corner, to, area);
+        return;
+    }
+    const PixelRect visible = visibleOn(to, area);
+    blendUnstretched(to, visible, *from.colors, *from.coverage,
+                     {corner.x + visible.left - area.left, corner.y + visible.top - area.top});
+}
+
 } // namespace
 
 Block PaintablePicture::blockOf(const Area& target, const Area& source, TwipsPerPixel scale) const {
@@ -125,36 +150,90 @@ Block PaintablePicture::blockOf(const Area& target, const Area& source, TwipsPer
     block.whole = {drawableEdge(left, scale.x), drawableEdge(top, scale.y),
                    drawableEdge(left + width() * growthX, scale.x),
                    drawableEdge(top + height() * growthY, scale.y)};
+    block.scaled = {drawableEdge(width() * growthX, scale.x), drawableEdge(height() * growthY, scale.y)};
+    block.inScaled = {stretched(there.left, 0, picture.right, 0, block.scaled.width),
+                      stretched(there.top, 0, picture.bottom, 0, block.scaled.height)};
     return block;
 }
 
-BitmapPicture::BitmapPicture(std::unique_ptr<MemoryBitmap> colors, std::unique_ptr<MemoryBitmap> coverage,
-                             TwipsPerPixel scale)
-    : colors_(std::move(colors)), coverage_(std::move(coverage)), scale_(scale) {}
-
-float BitmapPicture::width() const { return static_cast<float>(colors_->size().width * scale_.x); }
-
-float BitmapPicture::height() const { return static_cast<float>(colors_->size().height * scale_.y); }
-
-void BitmapPicture::paintOn(MemoryBitmap& surface, const Block& block) const {
-    if (coverage_)
-        blend(surface, block);
-    else
-        copy(*colors_, surface, block);
-}
-
-void BitmapPicture::blend(MemoryBitmap& surface, const Block& block) const {
-    const PixelRect area = visibleOn(surface, block.target);
-    if (sameSize(block)) {
-        blendUnstretched(surface, area, *colors_, *coverage_,
-                         {block.source.left + area.left - block.target.left,
-                          block.source.top + area.top - block.target.top});
+void PaintablePicture::paintOn(MemoryBitmap& surface, const Block& block) const {
+    const Layers* scaled = staysByItself(block) ? nullptr : scaledFor(block, surface.size());
+    if (!scaled) {
+        paintDirectly(surface, block);
         return;
     }
-    const auto colors = stretchedPart(*colors_, block, area);
-    const auto coverage = stretchedPart(*coverage_, block, area);
-    if (colors && coverage)
-        blendUnstretched(surface, area, *colors, *coverage, {0, 0});
+    // Rounded edges may bring a block one pixel across the far edge.
+    const Point from{std::min(block.inScaled.x, block.scaled.width - block.target.width()),
+                     std::min(block.inScaled.y, block.scaled.height - block.target.height())};
+    copyPart(*scaled, from, surface, block.target);
+}
+
+const Layers* PaintablePicture::scaledFor(const Block& block, Size surface) const {
+    if (block.scaled != lastScaled_) {
+        lastScaled_ = block.scaled;
+        blocksOfSize_ = 0;
+        scaled_ = {};
+    }
+    const auto pixelsOf = [](Size size) { return std::int64_t{size.width} * size.height; };
+    if (pixelsOf(block.scaled) > 2 * pixelsOf(surface))
+        return nullptr; // it would take more memory than it is worth
+    // The first may be the only one, a whole picture.
+    blocksOfSize_ = std::min(blocksOfSize_ + 1, 3);
+    if (blocksOfSize_ == 2)
+        scaled_ = scaledTo(block.scaled);
+    const bool fits =
+        block.target.width() <= block.scaled.width && block.target.height() <= block.scaled.height;
+    return scaled_.colors && fits ? &scaled_ : nullptr;
+}
+
+BitmapPicture::BitmapPicture(Layers pixels, TwipsPerPixel scale)
+    : pixels_(std::move(pixels)), onlyColor_(pixels_.coverage ? nullptr : brushOfOnlyColor(*pixels_.colors)),
+      scale_(scale) {}
+
+float BitmapPicture::width() const { return static_cast<float>(pixels_.colors->size().width * scale_.x); }
+
+float BitmapPicture::height() const { return static_cast<float>(pixels_.colors->size().height * scale_.y); }
+
+void BitmapPicture::paintDirectly(MemoryBitmap& surface, const Block& block) const {
+    if (onlyColor_) {
+        const RECT area{block.target.left, block.target.top, block.target.right, block.target.bottom};
+        FillRect(surface.dc(), &area, onlyColor_.get());
+    } else if (sameSize(block)) {
+        copyPart(pixels_, {block.source.left, block.source.top}, surface, block.target);
+    } else if (pixels_.coverage) {
+        const PixelRect area = visibleOn(surface, block.target);
+        const Layers part{stretchedPart(*pixels_.colors, block, area),
+                          stretchedPart(*pixels_.coverage, block, area)};
+        if (part.colors && part.coverage)
+            copyPart(part, {0, 0}, surface, area);
+    } else {
+        stretchOpaque(*pixels_.colors, surface, block);
+    }
+}
+
+bool BitmapPicture::staysByItself(const Block& block) const {
+    // Averaging mixes a block's edge with what lies next to it in the picture: the more it is enlarged, the
+    // farther in.
+    const bool enlarged = block.target.width() >= 2 * block.source.width() ||
+                          block.target.height() >= 2 * block.source.height();
+    const bool plainCopy = sameSize(block) && pixels_.colors->bitsPerPixel() == MemoryBitmap::surfaceBits;
+    return onlyColor_ || enlarged || plainCopy;
+}
+
+Layers BitmapPicture::scaledTo(Size size) const {
+    Block whole;
+    whole.source = wholeOf(pixels_.colors->size());
+    whole.target = wholeOf(size);
+    Layers scaled;
+    scaled.colors = MemoryBitmap::make(size, MemoryBitmap::surfaceBits);
+    if (pixels_.coverage)
+        scaled.coverage = MemoryBitmap::make(size, MemoryBitmap::surfaceBits);
+    if (!scaled.colors || (pixels_.coverage && !scaled.coverage))
+        return {};
+    stretchOpaque(*pixels_.colors, *scaled.colors, whole);
+    if (scaled.coverage)
+        stretchOpaque(*pixels_.coverage, *scaled.coverage, whole);
+    return scaled;
 }
 
 } // namespace sys::win32

@@ -12,13 +12,17 @@ namespace {
 
 constexpr int invalidPicture = 481;
 
+constexpr int copying = 13; // raster operations
+constexpr int inverting = 6;
+
 /// A drawing of 100 by 50 units, 96 to the inch, the left half of it filled with yellow.
-FileBytes metafile() {
+FileBytes metafile(int rasterOperation = copying) {
     ByteWriter file;
     file.words({0xCDD7, 0x9AC6, 0, 0, 0, 100, 50, 96, 0, 0});
     file.word(0xCDD7 ^ 0x9AC6 ^ 100 ^ 50 ^ 96);
-    constexpr int words = 9 + 5 + 5 + 7 + 4 + 8 + 4 + 7 + 3;
+    constexpr int words = 9 + 4 + 5 + 5 + 7 + 4 + 8 + 4 + 7 + 3;
     file.words({1, 9, 0x300, words, 0, 2, 8, 0, 0});
+    file.words({4, 0, 0x104, rasterOperation});
     file.words({5, 0, 0x20B, 0, 0});               // origin
     file.words({5, 0, 0x20C, 50, 100});            // extent
     file.words({7, 0, 0x2FC, 0, 0xE6FF, 0x0A, 0}); // a yellow brush
@@ -61,6 +65,18 @@ FileBytes front(const FileBytes& file, std::size_t length) {
 
 class WindowsOnly : public FormTest {
 protected:
+    /// Paints the drawing on the green picture box in its size, in ten columns.
+    void paintInBlocks(const sys::PicturePtr& picture) {
+        for (int column = 0; column < 10; ++column) {
+            const double left = 10 * column;
+            form.right.PaintPicture(picture, {.x1 = twips(left),
+                                              .width1 = twips(10),
+                                              .height1 = twips(50),
+                                              .x2 = twips(left),
+                                              .width2 = twips(10),
+                                              .height2 = twips(50)});
+        }
+    }
     std::vector<sys::Color> inBox(const sys::PixelRect& area) {
         driver->settle();
         const sys::PixelRect at = TestForm::rightPlace;
@@ -98,6 +114,21 @@ TEST_F(WindowsOnly, PartOfAMetafile_IsWhatIsPainted) {
     EXPECT_THAT(inBox({0, 0, 10, 60}), Each(green));
     EXPECT_THAT(inBox({0, 0, 100, 10}), Each(green));
     EXPECT_THAT(inBox({0, 50, 100, 60}), Each(green));
+}
+
+TEST_F(WindowsOnly, BlocksOfAMetafile_LookLikeTheWhole) {
+    paintInBlocks(system.decodePicture(metafile()));
+    // A rectangle without a pen leaves out its last row and column.
+    EXPECT_THAT(inBox({0, 0, 49, 49}), Each(yellow));
+    EXPECT_THAT(inBox({50, 0, 100, 60}), Each(green));
+}
+
+TEST_F(WindowsOnly, BlocksOfAMetafileThatInverts_InvertTheGround) {
+    paintInBlocks(system.decodePicture(metafile(inverting)));
+    const auto inverse = [](std::uint8_t channel) { return static_cast<std::uint8_t>(255 - channel); };
+    EXPECT_THAT(inBox({0, 0, 49, 49}),
+                Each(sys::Color{inverse(green.red), inverse(green.green), inverse(green.blue)}));
+    EXPECT_THAT(inBox({50, 0, 100, 60}), Each(green));
 }
 
 TEST_F(WindowsOnly, MetafileThatBreaksOff_IsInvalid) {
