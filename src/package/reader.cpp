@@ -1,9 +1,154 @@
 // The reading of a packaged show from the program's own file.
+#include "package/format.h"
 #include "show/main_form.h"
+#include "show/show_system.h"
+#include "startup/marrowfieldry.h"
 #include "startup/shared_state.h"
+#include "startup/trace.h"
+#include "toolkit/application.h"
+#include "toolkit/numbers.h"
+#include "toolkit/text.h"
 
-std::int16_t MainForm::ReadSCR() { return False; }
+#include <algorithm>
+#include <array>
+#include <string_view>
 
-std::int16_t MainForm::LoadImbeddedImage(const std::int16_t& /*index*/) { return False; }
+using toolkit::Application;
+using toolkit::FileTable;
+using toolkit::OpenMode;
 
-void MainForm::LoadImbeddedSound(const std::int16_t& /*index*/) { ExtractedSound.clear(); }
+namespace {
+
+FileTable& files() { return Application::current().files(); }
+
+std::int32_t read32(int number) { return toolkit::round32(files().readNumberField(number)); }
+
+std::int16_t read16(int number) { return toolkit::round16(files().readNumberField(number)); }
+
+/// The entry of a row; a table that would overrun is failure 9.
+template <class Table> auto& entry(Table& table, std::int16_t row) {
+    if (row < 0 || row > lastItem) {
+        throw Failure(FailureCode::subscriptOutOfRange);
+    }
+    return table[static_cast<std::size_t>(row)];
+}
+
+/// Copies blocks, each written whole, until the position in `source` has reached `end` or the show ends.
+/// A block that gets nothing is failure 62.
+template <std::size_t blockSize>
+void copySegment(int source, int target, std::int32_t end, const std::int16_t& ShowEnding) {
+    std::array<char, blockSize> block{};
+    while (files().position(source) < end && ShowEnding == 0) {
+        if (files().readBlock(source, block) == 0) {
+            throw Failure(FailureCode::inputPastEnd);
+        }
+        files().writeBlock(target, block);
+    }
+}
+
+/// The file of a sound, beside the program. The extension comes from the package, and one that would name
+/// another file than a sound's fails with 75.
+std::string soundFile(const std::string& extension) {
+    constexpr std::string_view leadsElsewhere = "\\/:*?.";
+    // Blanks at a name's end mean nothing to the system.
+    const std::string name = toolkit::upperCase(extension.substr(0, extension.find_last_not_of(' ') + 1));
+    constexpr std::array ownFiles = {"SCR", "PIC", "LOG"};
+    if (name.find_first_of(leadsElsewhere) != std::string::npos ||
+        std::ranges::find(ownFiles, name) != ownFiles.end()) {
+        throw Failure(FailureCode::pathFileAccess);
+    }
+    return AddBackslash(Application::current().system().identity().folder) + "Tessellarium." + extension;
+}
+
+} // namespace
+
+std::int16_t MainForm::ReadSCR() {
+    constexpr int own = 1;
+    WriteLog("S: MainForm ReadSCR");
+    lstImageNames.clear();
+    files().open(own, ownFileName(), OpenMode::input);
+    const std::int64_t length = files().length(own);
+    files().close(own);
+    files().open(own, ownFileName(), OpenMode::binaryRead);
+    files().seek(own, length - package::markOffset);
+    if (files().readField(own) != package::mark) {
+        return False; // the file stays open: meant so
+    }
+    files().seek(own, length - package::countOffset);
+    const std::int16_t count = read16(own);
+    files().seek(own, length - package::directoryOffset);
+    const std::int32_t directory = read32(own);
+    // One above the last row, so that the walk through the sounds has a silent step: meant so.
+    shared.SoundLast = count;
+    files().seek(own, directory);
+    shared.SoundMode = read16(own);
+    WriteLog("X: ", toolkit::signedTextOf(shared.SoundMode));
+    for (std::int16_t row = 0; row < count; ++row) {
+        entry(shared.ImageStart, row) = read32(own);
+        entry(shared.ImageEnd, row) = read32(own);
+        entry(shared.ImageDissolves, row) = files().readField(own);
+        entry(shared.ImageComments, row) = files().readField(own);
+        entry(shared.SoundStart, row) = read32(own);
+        entry(shared.SoundEnd, row) = read32(own);
+        entry(shared.SoundExt, row) = files().readField(own);
+        lstImageNames.addItem("Imbedded Image");
+        WriteLog(toolkit::signedTextOf(entry(shared.ImageStart, row)), ":", entry(shared.ImageDissolves, row),
+                 "*", entry(shared.SoundExt, row), "*");
+    }
+    files().close(own);
+    WriteLog("E: MainForm ReadSCR");
+    return True;
+}
+
+std::int16_t MainForm::LoadImbeddedImage(const std::int16_t& index) {
+    constexpr int own = 3;
+    constexpr int picture = 4;
+    WriteLog(ImageLoading != 0 ? "True" : "False");
+    ImageLoading = True;
+    WriteLog("S: MainForm LoadImbeddedImage from ", ownFileName());
+    if (entry(shared.ImageStart, index) == 0) {
+        ImageLoading = False;
+        return False;
+    }
+    std::int16_t Timer1WasOn = False;
+    std::int16_t Timer2WasOn = False;
+    DisableTimers(Timer1WasOn, Timer2WasOn);
+    files().open(own, ownFileName(), OpenMode::binaryRead);
+    // Not emptied: a longer former picture leaves its tail, which no decoder reads.
+    files().open(picture, temporaryPicture(), OpenMode::binary);
+    files().seek(own, entry(shared.ImageStart, index));
+    copySegment<package::blockSize>(own, picture, entry(shared.ImageEnd, index), ShowEnding);
+    files().close(own);
+    files().close(picture);
+    WriteLog("X: Loaded");
+    WriteLog("E: MainForm LoadImbeddedImage");
+    EnableTimers(Timer1WasOn, Timer2WasOn);
+    ImageLoading = False;
+    return True;
+}
+
+void MainForm::LoadImbeddedSound(const std::int16_t& index) {
+    constexpr int own = 1;
+    constexpr int sound = 2;
+    ExtractedSound = "";
+    WriteLog("S: MainForm LoadImbeddedSound ", toolkit::signedTextOf(index), " from ", ownFileName());
+    if (entry(shared.SoundStart, index) != 0) {
+        // The player lets the former sound go, so that a file of the same name can be written again.
+        MediaPlayer1.setVisible(false);
+        MediaPlayer1.stop();
+        MediaPlayer1.setFileName("");
+        std::int16_t Timer1WasOn = False;
+        std::int16_t Timer2WasOn = False;
+        DisableTimers(Timer1WasOn, Timer2WasOn);
+        files().open(own, ownFileName(), OpenMode::binaryRead);
+        ExtractedSound = soundFile(entry(shared.SoundExt, index));
+        files().open(sound, ExtractedSound, OpenMode::binary);
+        files().seek(own, entry(shared.SoundStart, index));
+        copySegment<package::soundBlockSize>(own, sound, entry(shared.SoundEnd, index), ShowEnding);
+        files().close(own);
+        files().close(sound);
+        EnableTimers(Timer1WasOn, Timer2WasOn);
+        WriteLog("X: Loaded");
+    }
+    WriteLog("E: MainForm LoadImbeddedSound ", ExtractedSound);
+}

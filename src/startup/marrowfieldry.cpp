@@ -1,6 +1,7 @@
 #include "startup/marrowfieldry.h"
 
 #include "package/comment.h"
+#include "package/format.h"
 #include "startup/shared_state.h"
 #include "startup/trace.h"
 #include "toolkit/application.h"
@@ -27,13 +28,11 @@ std::string ownFileName() {
 namespace {
 
 constexpr int ownFile = 1; // the file number
-// A package ends with "Tessellarium" and CR LF; its 14 bytes begin 13 before the last one.
-constexpr int markOffset = 13;
 
 std::string readMark() {
     toolkit::FileTable& files = Application::current().files();
     files.open(ownFile, ownFileName(), toolkit::OpenMode::input);
-    files.seek(ownFile, files.length(ownFile) - markOffset);
+    files.seek(ownFile, files.length(ownFile) - package::markOffset);
     return files.readField(ownFile);
 }
 
@@ -44,7 +43,7 @@ std::int16_t DetermineRunMode() {
     std::int16_t mode = 0;
     toolkit::handlingFailures(
         [&] {
-            if (readMark() == "Tessellarium") {
+            if (readMark() == package::mark) {
                 mode = standAloneMode;
             }
             WriteLog("E: DetermineRunMode");

@@ -26,6 +26,7 @@ enum SoundModeValue : std::int16_t {
 /// The tables of the playlist have entries 0 to `lastItem`.
 inline constexpr std::int16_t lastItem = 500;
 using ItemTexts = std::array<std::string, lastItem + 1>;
+using ItemPositions = std::array<std::int32_t, lastItem + 1>;
 
 /// The entry of an item. A list from a folder can be longer than the tables, and has empty entries there.
 inline const std::string& itemText(const ItemTexts& texts, std::int16_t item) {
@@ -63,6 +64,15 @@ struct SharedState {
     ItemTexts ImageDissolves; // "" means `DissolveType`
     ItemTexts ImageSounds;
     std::int16_t SoundMode = 0; // `SoundModeValue`
+
+    // The rows of a packaged screen saver: 1-based positions in its file, each segment's first byte and the one
+    // behind its last; 0 where a row has none.
+    ItemPositions ImageStart{};
+    ItemPositions ImageEnd{};
+    ItemPositions SoundStart{};
+    ItemPositions SoundEnd{};
+    ItemTexts SoundExt; // the extension that a sound is extracted under
+
     std::array<std::string, 21> DissolveNames;
     std::int16_t DissolveLast = 0;
 };

@@ -16,7 +16,9 @@ sys::Access accessFor(OpenMode mode) {
     switch (mode) {
     case OpenMode::output: return sys::Access::write;
     case OpenMode::append: return sys::Access::append;
-    case OpenMode::input: break;
+    case OpenMode::binary: return sys::Access::readWrite;
+    case OpenMode::input:
+    case OpenMode::binaryRead: break;
     }
     return sys::Access::read;
 }
@@ -42,28 +44,56 @@ public:
     void skip(std::size_t count = 1) { next_ += count; }
     bool atLineEnd() { return peek() == '\r' && peek(1) == '\n'; }
 
-    std::int64_t position() const { return bufferStart_ + static_cast<std::int64_t>(next_); }
-    std::int64_t length() { return file_->length(); }
+    std::size_t read(std::span<char> block) {
+        std::size_t done = 0;
+        while (done < block.size() && peek() != end) {
+            const std::size_t count = std::min(block.size() - done, filled_ - next_);
+            std::copy_n(buffer_.begin() + static_cast<std::ptrdiff_t>(next_), count,
+                        block.begin() + static_cast<std::ptrdiff_t>(done));
+            next_ += count;
+            done += count;
+        }
+        return done;
+    }
+
+    /// The 0-based offset of the next byte.
+    std::int64_t position() const {
+        return bufferStart_ + static_cast<std::int64_t>(next_) + static_cast<std::int64_t>(pending_.size());
+    }
+    std::int64_t length() {
+        flush();
+        return file_->length();
+    }
     void seek(std::int64_t offset) {
+        flush();
         bufferStart_ = offset;
         next_ = filled_ = 0;
     }
 
     void write(std::string_view text) {
+        if (pending_.empty()) {
+            seek(position()); // what was read ahead may not be so any more
+        }
         if (pending_.size() + text.size() > buffer_.size()) {
             flush();
         }
         pending_ += text;
     }
     void flush() {
-        const std::string out = std::exchange(pending_, {});
-        if (!out.empty()) {
-            file_->write(out.data(), out.size());
+        if (pending_.empty()) {
+            return;
         }
+        const std::string out = std::exchange(pending_, {});
+        const std::int64_t start = bufferStart_ + static_cast<std::int64_t>(next_);
+        bufferStart_ = start + static_cast<std::int64_t>(out.size());
+        next_ = filled_ = 0;
+        file_->seek(start);
+        file_->write(out.data(), out.size());
     }
 
 private:
     void refill() {
+        flush();
         std::copy(buffer_.begin() + static_cast<std::ptrdiff_t>(next_),
                   buffer_.begin() + static_cast<std::ptrdiff_t>(filled_), buffer_.begin());
         bufferStart_ += static_cast<std::int64_t>(next_);
@@ -200,5 +230,11 @@ double FileTable::readNumberField(int number) {
 }
 
 void FileTable::writeLine(int number, const std::string& text) { stream(number).write(text + "\r\n"); }
+
+std::size_t FileTable::readBlock(int number, std::span<char> block) { return stream(number).read(block); }
+
+void FileTable::writeBlock(int number, std::span<const char> block) {
+    stream(number).write({block.data(), block.size()});
+}
 
 } // namespace toolkit

@@ -6,14 +6,17 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <span>
 #include <string>
 
 namespace toolkit {
 
 enum class OpenMode {
-    input,  // reading, at any position, of an existing file
-    output, // writing of a new content
-    append, // writing behind the present content
+    input,      // reading, at any position, of an existing file
+    output,     // writing of a new content
+    append,     // writing behind the present content
+    binaryRead, // reading of blocks of an existing file
+    binary,     // reading and writing of blocks; the file is made if need be, and keeps its content if not
 };
 
 /// A file stays open under its number until it is closed, also after a failure.
@@ -34,7 +37,7 @@ public:
     bool atEnd(int number);
     /// In bytes.
     std::int64_t length(int number);
-    /// The 1-based position of the next byte of a file that is read.
+    /// The 1-based position of the next byte that is read or written; of no meaning in a file opened to append.
     std::int64_t position(int number);
     /// Moves to a 1-based position; fails with 5 below 1.
     void seek(int number, std::int64_t position);
@@ -50,6 +53,12 @@ public:
     double readNumberField(int number);
     /// The text and CR LF.
     void writeLine(int number, const std::string& text);
+
+    /// Fills the block from the position on and gives the number of bytes that came: fewer only at the end of
+    /// the file, 0 behind it. The rest of the block stays as it was.
+    std::size_t readBlock(int number, std::span<char> block);
+    /// Writes the whole block at the position.
+    void writeBlock(int number, std::span<const char> block);
 
 private:
     class Stream;

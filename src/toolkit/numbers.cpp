@@ -67,4 +67,6 @@ std::string textOf(float value) {
 
 std::string textOf(std::int32_t value) { return std::to_string(value); }
 
+std::string signedTextOf(std::int32_t value) { return (value < 0 ? "" : " ") + textOf(value); }
+
 } // namespace toolkit
