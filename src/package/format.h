@@ -44,6 +44,12 @@ namespace package {
 
 inline constexpr const char* mark = "Tessellarium";
 
+/// Of rows; the tables that they are read into have no room for more.
+inline constexpr int mostRows = 500;
+/// From so many bytes on a position needs a ninth digit, and the trailer can't be read.
+inline constexpr std::int64_t lengthLimit = 100'000'000;
+inline constexpr std::int64_t trailerLength = 34;
+
 // How far before the last byte of the file the fields of the trailer begin.
 inline constexpr std::int64_t markOffset = 13;
 inline constexpr std::int64_t countOffset = 23;

@@ -40,6 +40,8 @@ public:
     virtual std::unique_ptr<File> open(const std::string& path, Access access) = 0;
     /// Whether a plain file of that name exists; never fails.
     virtual bool exists(const std::string& path) = 0;
+    /// Whether two paths name one existing file, however they are written.
+    virtual bool same(const std::string& one, const std::string& other) = 0;
     /// Fails with 53, 76, 75 or 70.
     virtual void remove(const std::string& path) = 0;
     /// The names, without folder, of the plain files (neither hidden nor system) that match `pattern`,

@@ -62,7 +62,7 @@ void Application::yield() {
 void Application::reportFailure(const Failure& failure) {
     // A tick beneath the box may fail as well: one box is enough.
     if (std::exchange(failuresShown_, false)) {
-        system_.messageBox(failure.description(), title_);
+        showMessage(failure.description());
     }
     end(1);
 }

@@ -46,6 +46,9 @@ public:
     /// Ends the process at once, from anywhere.
     [[noreturn]] void end(int exitCode = 0);
 
+    /// A box with one button under the program's own title, answered before the call returns.
+    void showMessage(const std::string& text) { system_.messageBox(text, title_); }
+
     /// What happens to a failure that no one caught: the process ends with a code that is not 0, after a
     /// message box with the description if `showFailures` was called.
     [[noreturn]] void reportFailure(const Failure& failure);

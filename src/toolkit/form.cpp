@@ -5,7 +5,8 @@
 namespace toolkit {
 
 Form::Form(const FormDesign& design)
-    : Element(design.name), Canvas(static_cast<Element&>(*this), design.backColor), design_(design) {}
+    : Element(design.name), Canvas(static_cast<Element&>(*this), design.backColor), design_(design),
+      caption_(design.caption) {}
 
 Form::~Form() { closeWindow(); }
 
@@ -24,6 +25,7 @@ void Form::load() {
         area.height = static_cast<float>(screen.height * scale.y);
     }
     assume(area, true);
+    caption_ = design_.caption;
     assumePicture(nullptr, design_.backColor);
     for (Component* component : components_) {
         component->load();
@@ -43,6 +45,13 @@ void Form::show() {
     }
     if (visible()) {
         window().show(true);
+    }
+}
+
+void Form::setCaption(const std::string& caption) {
+    caption_ = caption;
+    if (hasWindow()) {
+        window().setText(caption);
     }
 }
 
@@ -76,7 +85,7 @@ void Form::unload(sys::CloseReason reason) {
 
 std::unique_ptr<sys::Window> Form::makeWindow() {
     auto made = Application::current().system().createForm(
-        {design_.caption, backColor(), design_.maximized, design_.inTaskBar});
+        {caption_, backColor(), design_.maximized, design_.inTaskBar});
     made->place(area());
     paintNewSurface(*made);
     return made;

@@ -42,6 +42,9 @@ public:
     bool shown() const { return loaded_ && shown_; }
     bool keyPreview() const { return design_.keyPreview; }
 
+    const std::string& caption() const { return caption_; }
+    void setCaption(const std::string& caption);
+
     /// The native window for controls to stand in.
     sys::Window& nativeWindow() { return window(); }
 
@@ -62,6 +65,7 @@ private:
     bool askedToGo(sys::CloseReason reason);
 
     FormDesign design_;
+    std::string caption_;
     std::vector<Component*> components_; // in the order of the design, which is the order from back to front
     bool loaded_ = false;
     bool shown_ = false;

@@ -3,6 +3,7 @@
 
 #include "toolkit/control.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -19,9 +20,11 @@ public:
     std::int16_t listCount() const;
     /// The text at a 0-based index; fails with 9 outside the list.
     const std::string& list(std::int16_t index) const;
+    void setList(std::int16_t index, const std::string& text);
 
 private:
     void load() override;
+    std::size_t checked(std::int16_t index) const;
 
     std::vector<std::string> items_;
 };

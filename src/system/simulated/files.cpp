@@ -179,6 +179,10 @@ bool Drives::exists(const std::string& path) {
     }
 }
 
+bool Drives::same(const std::string& one, const std::string& other) {
+    return exists(one) && exists(other) && place(one).key() == place(other).key();
+}
+
 void Drives::remove(const std::string& path) {
     const Place at = place(path);
     const auto found = volumes_.find(at.letter);

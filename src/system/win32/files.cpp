@@ -142,6 +142,32 @@ OwnedFile tryToOpen(const std::string& path, Access access) {
     return OwnedFile(file == INVALID_HANDLE_VALUE ? nullptr : file);
 }
 
+/// A file as the system tells it from all others.
+class IdentifiedFile {
+public:
+    explicit IdentifiedFile(const std::string& path) {
+        const HANDLE file = CreateFileA(path.c_str(), FILE_READ_ATTRIBUTES,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (file == INVALID_HANDLE_VALUE)
+            return;
+        file_.reset(file);
+        exists_ = GetFileInformationByHandle(file, &information_) != 0;
+    }
+
+    bool exists() const { return exists_; }
+    bool operator==(const IdentifiedFile& other) const {
+        return information_.dwVolumeSerialNumber == other.information_.dwVolumeSerialNumber &&
+               information_.nFileIndexHigh == other.information_.nFileIndexHigh &&
+               information_.nFileIndexLow == other.information_.nFileIndexLow;
+    }
+
+private:
+    OwnedFile file_;
+    BY_HANDLE_FILE_INFORMATION information_{};
+    bool exists_ = false;
+};
+
 struct CloseSearch {
     void operator()(HANDLE search) const { FindClose(search); }
 };
@@ -163,6 +189,13 @@ std::unique_ptr<File> Win32Files::open(const std::string& path, Access access) {
 bool Win32Files::exists(const std::string& path) {
     const DWORD attributes = GetFileAttributesA(path.c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+bool Win32Files::same(const std::string& one, const std::string& other) {
+    // Both are held open, so that neither identity can pass to another file meanwhile.
+    const IdentifiedFile first(one);
+    const IdentifiedFile second(other);
+    return first.exists() && second.exists() && first == second;
 }
 
 void Win32Files::remove(const std::string& path) {

@@ -1,0 +1,285 @@
+// The writing of a packaged screen saver from the designer's rows.
+#include "designer/frm_designer.h"
+#include "package/format.h"
+#include "startup/marrowfieldry.h"
+#include "startup/shared_state.h"
+#include "startup/trace.h"
+#include "toolkit/application.h"
+#include "toolkit/failure_handling.h"
+#include "toolkit/numbers.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+using toolkit::Application;
+using toolkit::OpenMode;
+
+namespace {
+
+// File numbers
+constexpr int packageFile = 1;
+constexpr int sourceFile = 2;
+
+toolkit::FileTable& files() { return Application::current().files(); }
+
+/// Copies whole blocks up to and including the one in which the source ends. What a short read leaves of the
+/// block before means nothing to a reader.
+template <class Block, class AfterBlock>
+void copyBlocks(int source, int target, Block& block, const AfterBlock& afterBlock) {
+    std::size_t count = 0;
+    do {
+        count = files().readBlock(source, block);
+        files().writeBlock(target, block);
+        afterBlock();
+    } while (count == block.size());
+}
+
+std::string numberLine(std::int32_t number) { return toolkit::signedTextOf(number) + " "; }
+
+std::string eightDigits(std::int32_t number) {
+    std::array<char, 16> digits{};
+    std::snprintf(digits.data(), digits.size(), "%08d", static_cast<int>(number));
+    return digits.data();
+}
+
+/// Of a source's segment, in bytes.
+std::int64_t segmentLength(std::int64_t sourceLength) {
+    constexpr auto block = static_cast<std::int64_t>(package::blockSize);
+    return (sourceLength / block + 1) * block;
+}
+
+/// 0 when there is no such file.
+std::int64_t lengthOf(const std::string& path) {
+    if (!Application::current().system().files().exists(path)) {
+        return 0;
+    }
+    files().open(sourceFile, path, OpenMode::input);
+    const std::int64_t length = files().length(sourceFile);
+    files().close(sourceFile);
+    return length;
+}
+
+std::int32_t position(int number) { return static_cast<std::int32_t>(files().position(number)); }
+
+/// The entry of a row, counted from 1 here; more rows than the tables hold are failure 9.
+std::int32_t& entry(ItemPositions& positions, std::int16_t row) {
+    if (row > lastItem) {
+        throw Failure(FailureCode::subscriptOutOfRange);
+    }
+    return positions[static_cast<std::size_t>(row)];
+}
+
+} // namespace
+
+void frmDesigner::WritePackage(const std::string& target) {
+    const std::int16_t removed = RemoveBlankRows();
+    const auto finish = [&] {
+        ListView1.setVisible(true);
+        Frame2.setVisible(false);
+        if (removed != False) {
+            AddRow();
+        }
+    };
+    toolkit::handlingFailures(
+        [&] {
+            ListView1.setVisible(false);
+            Frame2.setVisible(true);
+            if (const std::string reason = refusal(target); !reason.empty()) {
+                Application::current().showMessage(reason);
+                finish();
+                return;
+            }
+            sys::Files& system = Application::current().system().files();
+            if (system.exists(target)) {
+                system.remove(target);
+            }
+            files().open(packageFile, ownFileName(), OpenMode::input);
+            const std::int64_t programLength = files().length(packageFile);
+            files().close(packageFile);
+            if (const std::optional<std::string> missing = missingImage()) {
+                Application::current().showMessage("Unable to locate image: " + *missing);
+                ListView1.setVisible(true);
+                Frame2.setVisible(false);
+                return; // the blank rows don't come back: meant so
+            }
+            Block block{};
+            copyProgram(target, block);
+            files().open(packageFile, target, OpenMode::binary);
+            files().seek(packageFile, programLength); // on its last byte
+            for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
+                appendMedia(row, block);
+                UpdateThinking(row, ListView1.rowCount());
+            }
+            const std::int32_t directory = position(packageFile);
+            files().close(packageFile);
+            WriteLog("Writing Completed");
+            appendDirectory(target, directory);
+            finish();
+        },
+        [&](const Failure& failure) {
+            Application::current().showMessage("An Error Has Occurred: " + failure.description());
+            toolkit::handlingFailures([] { files().close(packageFile); }, [](const Failure&) {});
+            toolkit::handlingFailures([] { files().close(sourceFile); }, [](const Failure&) {});
+            finish();
+        });
+}
+
+/// Why the document can't be packaged as `target`, in words for the user; "" when it can.
+std::string frmDesigner::refusal(const std::string& target) {
+    const std::int16_t rows = ListView1.rowCount();
+    if (rows > package::mostRows) {
+        return "A screen saver holds at most " + std::to_string(package::mostRows) +
+               " items, and this template has " + std::to_string(rows) + ".";
+    }
+    sys::Files& system = Application::current().system().files();
+    if (system.same(target, ownFileName())) {
+        return "This is the running program itself. Choose another name.";
+    }
+    for (std::int16_t row = 1; row <= rows; ++row) {
+        const auto index = static_cast<std::int16_t>(row - 1);
+        const bool isImage = hasImage(row) && system.same(target, lstImagePath.list(index));
+        const bool isSound = hasSound(row) && system.same(target, lstSoundPath.list(index));
+        if (isImage || isSound) {
+            return "This file belongs to the template, and would be lost. Choose another name.";
+        }
+    }
+    const std::int64_t length = packageLength();
+    if (length >= package::lengthLimit) {
+        return "A screen saver stays below " + std::to_string(package::lengthLimit) +
+               " bytes, and with this template it would have " + std::to_string(length) + ".";
+    }
+    return "";
+}
+
+/// What a package of the rows would have, in bytes.
+std::int64_t frmDesigner::packageLength() {
+    const std::int64_t programLength = lengthOf(ownFileName());
+    std::int64_t end = programLength; // of the media, and a 1-based position
+    std::size_t directory = numberLine(shared.SoundMode).size() + 2;
+    const auto addSegment = [&](bool present, const std::string& path) {
+        const std::int64_t start = end;
+        end += present ? segmentLength(lengthOf(path)) : 0;
+        for (const std::int64_t number : {present ? start : 0, present ? end : 0}) {
+            directory += std::to_string(number).size() + 4;
+        }
+    };
+    for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
+        const auto index = static_cast<std::int16_t>(row - 1);
+        addSegment(hasImage(row), lstImagePath.list(index));
+        addSegment(hasSound(row), lstSoundPath.list(index));
+        directory += ListView1.text(row, dissolvesColumn).size() + 2;
+        directory += ListView1.text(row, commentsColumn).size() + 2;
+        directory += 3 + 2;
+    }
+    return std::max(end - 1, segmentLength(programLength)) + static_cast<std::int64_t>(directory) +
+           package::trailerLength;
+}
+
+/// The path of the first picture that isn't there; nothing when all are. Sounds aren't looked for.
+std::optional<std::string> frmDesigner::missingImage() const {
+    for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
+        const std::string& path = lstImagePath.list(static_cast<std::int16_t>(row - 1));
+        if (hasImage(row) && !Application::current().system().files().exists(path)) {
+            return path;
+        }
+    }
+    return {};
+}
+
+bool frmDesigner::hasImage(std::int16_t row) const { return !ListView1.text(row, imagesColumn).empty(); }
+
+bool frmDesigner::hasSound(std::int16_t row) const { return !ListView1.text(row, soundsColumn).empty(); }
+
+void frmDesigner::copyProgram(const std::string& target, Block& block) {
+    constexpr int program = 1;
+    constexpr int copy = 2;
+    files().open(program, ownFileName(), OpenMode::binaryRead);
+    files().open(copy, target, OpenMode::binary);
+    Label1.setCaption("Writing Executable File");
+    Label1.refresh();
+    copyBlocks(program, copy, block, [] {});
+    files().close(program);
+    files().close(copy);
+}
+
+/// Appends the picture and the sound of a row, and notes where they stand.
+void frmDesigner::appendMedia(std::int16_t row, Block& block) {
+    const auto index = static_cast<std::int16_t>(row - 1);
+    const auto append = [&](bool present, const std::string& path, const char* text, ItemPositions& starts,
+                            ItemPositions& ends) {
+        entry(starts, row) = 0;
+        entry(ends, row) = 0;
+        if (!present) {
+            return;
+        }
+        entry(starts, row) = position(packageFile);
+        // A sound that isn't there becomes an empty file: meant so.
+        files().open(sourceFile, path, OpenMode::binary);
+        Label1.setCaption(text);
+        Label1.refresh();
+        copyBlocks(sourceFile, packageFile, block, [] { Application::current().yield(); });
+        entry(ends, row) = position(packageFile);
+        files().close(sourceFile);
+    };
+    if (hasImage(row)) {
+        WriteLog("Writing ", ListView1.text(row, imagesColumn));
+    }
+    append(hasImage(row), lstImagePath.list(index), "Appending Images", shared.ImageStart, shared.ImageEnd);
+    if (hasSound(row)) {
+        WriteLog("Writing ", ListView1.text(row, soundsColumn));
+    }
+    append(hasSound(row), lstSoundPath.list(index), "Appending Sounds", shared.SoundStart, shared.SoundEnd);
+}
+
+void frmDesigner::appendDirectory(const std::string& target, std::int32_t directory) {
+    files().open(packageFile, target, OpenMode::append);
+    const auto write = [](const std::string& text) { files().writeLine(packageFile, text); };
+    write(numberLine(shared.SoundMode));
+    for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
+        WriteLog("Writing Data");
+        write(numberLine(entry(shared.ImageStart, row)));
+        write(numberLine(entry(shared.ImageEnd, row)));
+        write(ListView1.text(row, dissolvesColumn));
+        write(ListView1.text(row, commentsColumn));
+        write(numberLine(entry(shared.SoundStart, row)));
+        write(numberLine(entry(shared.SoundEnd, row)));
+        std::string extension;
+        // By the path and not by the column: meant so.
+        if (const std::string& path = lstSoundPath.list(static_cast<std::int16_t>(row - 1)); !path.empty()) {
+            Parser.setFileSpec(path);
+            extension = Parser.Extension.substr(0, 3);
+        }
+        extension.resize(3, ' ');
+        write(extension);
+    }
+    files().close(packageFile);
+    files().open(packageFile, target, OpenMode::append);
+    write(eightDigits(directory));
+    write(eightDigits(ListView1.rowCount()));
+    write(package::mark);
+    files().close(packageFile);
+}
+
+std::int16_t frmDesigner::RemoveBlankRows() {
+    std::int16_t removed = False;
+    std::int16_t row = 1;
+    while (row <= ListView1.rowCount()) {
+        if (hasImage(row) || hasSound(row)) {
+            ++row;
+        } else {
+            // Its paths stay, so that the rows below pair with those of the row above them: meant so.
+            ListView1.removeRow(row);
+            removed = True;
+        }
+    }
+    return removed;
+}
+
+void frmDesigner::UpdateThinking(const std::int32_t& current, const std::int32_t& total) {
+    const std::int32_t before = toolkit::round32(ProgressBar1.value());
+    ProgressBar1.setValue(static_cast<float>(current) / static_cast<float>(total) * 100);
+    if (ProgressBar1.value() != static_cast<float>(before)) {
+        ProgressBar1.refresh();
+    }
+}
