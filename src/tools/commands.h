@@ -10,5 +10,7 @@ namespace tools {
 int inspectPath(const std::vector<std::string>& words);
 int inspectPlaylist(const std::vector<std::string>& words);
 int inspectShow(const std::vector<std::string>& words);
+int inspectTemplate(const std::vector<std::string>& words);
+int inspectWrite(const std::vector<std::string>& words);
 
 } // namespace tools

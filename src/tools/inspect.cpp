@@ -24,6 +24,10 @@ constexpr const char* usage =
     "  show [--drive L=DIR]... --steps N --screen WxH [--twips T] [--random a,b,...] [--frames DIR] "
     "KEY=VALUE...\n"
     "      what happens in N ticks of the show's clock; --frames writes the screen after each as PNG\n"
+    "  template [--drive L=DIR]... PATH\n"
+    "      what the template designer would hold of a template\n"
+    "  write [--drive L=DIR]... --exe FILE --template PATH --out FILE\n"
+    "      packages a template as a screen saver of its own, with the program FILE\n"
     "Files that the program reads are Windows paths on the drives given; KEY=VALUE are settings as they\n"
     "are stored, for example AllImages=1 ImagePath='C:\\Pictures'.\n";
 
@@ -55,6 +59,12 @@ int run(std::vector<std::string> words) {
     }
     if (command == "show") {
         return tools::inspectShow(words);
+    }
+    if (command == "template") {
+        return tools::inspectTemplate(words);
+    }
+    if (command == "write") {
+        return tools::inspectWrite(words);
     }
     throw tools::WrongCall("unknown command " + command + "; --help lists them");
 }

@@ -86,6 +86,11 @@ void ProgramRun::takeSettings(const std::vector<std::string>& words) {
     }
 }
 
+void ProgramRun::startNothing() {
+    machine_.setCommandLine("/?");
+    Main();
+}
+
 void ProgramRun::startShow() { Main(); }
 
 void ProgramRun::runToNextTick() {

@@ -27,6 +27,8 @@ public:
     /// Each "KEY=VALUE": a setting as the store holds it. Fails with `WrongCall`.
     void takeSettings(const std::vector<std::string>& words);
 
+    /// Runs the program's start with a switch that asks for nothing: its tables are there then, and no form.
+    void startNothing();
     /// Runs the program's start up to the show's form; what ends the program there comes out as `Failure`.
     void startShow();
     /// Runs until the show's clock has ticked once more and the screen shows what came of it. What ends the

@@ -1,0 +1,36 @@
+#include "tools/arguments.h"
+#include "tools/commands.h"
+#include "tools/designer_run.h"
+#include "tools/json.h"
+
+#include <iostream>
+
+namespace tools {
+
+int inspectTemplate(const std::vector<std::string>& words) {
+    const Arguments arguments(words, {"--drive"});
+    if (arguments.plain().size() != 1) {
+        throw WrongCall("template takes one path");
+    }
+    DesignerRun run(drivesFrom(arguments.all("--drive")));
+    run.load(arguments.plain().front());
+
+    const frmDesigner& form = run.form();
+    const auto print = [](const Json& object) { std::cout << object.dump() << '\n'; };
+    print({{"mode", form.optAsync.value() ? 3 : form.optSync2.value() ? 2 : 1}});
+    for (std::int16_t row = 1; row <= form.ListView1.rowCount(); ++row) {
+        const auto column = [&](frmDesigner::Column name) {
+            return jsonText(form.ListView1.text(row, name));
+        };
+        const auto index = static_cast<std::int16_t>(row - 1);
+        print({{"image", column(frmDesigner::imagesColumn)},
+               {"sound", column(frmDesigner::soundsColumn)},
+               {"dissolve", column(frmDesigner::dissolvesColumn)},
+               {"comment", column(frmDesigner::commentsColumn)},
+               {"imagePath", jsonText(form.lstImagePath.list(index))},
+               {"soundPath", jsonText(form.lstSoundPath.list(index))}});
+    }
+    return 0;
+}
+
+} // namespace tools
