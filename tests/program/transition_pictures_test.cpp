@@ -10,6 +10,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
+#include <optional>
+#include <utility>
 
 namespace {
 
@@ -120,12 +123,8 @@ public:
 private:
     /// Of both axes, x and y.
     using Pair = std::array<float, 2>;
-    /// A block, 0-based; -1 for the whole width or height.
-    struct Part {
-        int column;
-        int row;
-        auto operator<=>(const Part&) const = default;
-    };
+    /// The column and row of a block, 0-based; -1 for the whole width or height.
+    using Part = std::pair<int, int>;
 
     Pair inTwips(sys::Size size) const {
         return {static_cast<float>(size.width * situation_.twips),
@@ -146,7 +145,7 @@ private:
                 const auto at = [&](std::size_t axis) {
                     return static_cast<int>(paint.target[axis]) / floored(picture_[axis], situation_.blocks);
                 };
-                parts.push_back({blocks || columns ? at(0) : -1, blocks || !columns ? at(1) : -1});
+                parts.emplace_back(blocks || columns ? at(0) : -1, blocks || !columns ? at(1) : -1);
             }
             std::vector<Part> sorted = parts;
             std::ranges::sort(sorted);

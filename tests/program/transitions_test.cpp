@@ -121,13 +121,16 @@ TEST(BlockTransition, Result_IsThePlainPicture) {
 
 TEST(BlockTransition, EndedInTheMiddle_StaysHalfBuilt) {
     Show show("Random Blocks", {100, 100});
+    int draws = 0;
     show.recorder.afterPaint = [&] {
         if (show.paints().size() == 30) {
             show.form().ShowEnding = True;
+            draws = show.recorder.draws;
         }
     };
     show.run();
     EXPECT_EQ(show.paints().size(), 30U);
+    EXPECT_EQ(show.recorder.draws, draws) << "it returns at once";
     EXPECT_EQ(show.program.traced("S: MainForm DisplayBlock"), 30);
 }
 
@@ -247,13 +250,16 @@ TEST(CurtainTransition, EndedInTheMiddle_PaintsNoFurtherStrip) {
     for (const char* name : {"Bottom To Top", "Top/Bottom To Center", "Random Vertical"}) {
         SCOPED_TRACE(name);
         Show show(name, {320, 240});
+        int draws = 0;
         show.recorder.afterPaint = [&] {
             if (show.paints().size() == 3) {
                 show.form().ShowEnding = True;
+                draws = show.recorder.draws;
             }
         };
         show.run();
         EXPECT_EQ(show.paints().size(), 3U);
+        EXPECT_EQ(show.recorder.draws, draws);
         EXPECT_EQ(show.program.traced("S: MainForm DisplayCurtain"), 3);
     }
 }
