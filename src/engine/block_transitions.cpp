@@ -13,8 +13,8 @@ void MainForm::RandomBlockPaint() {
     UsedCells used{};
     std::int16_t Remaining = wrap16(shared.Blocks * shared.Blocks);
     while (Remaining > 0 && ShowEnding == 0) {
-        const std::int16_t Column = randomStrip();
-        const std::int16_t Row = randomStrip();
+        const std::int16_t Column = randomStrip(observer);
+        const std::int16_t Row = randomStrip(observer);
         bool& taken = used[static_cast<std::size_t>(Row)][static_cast<std::size_t>(Column)];
         if (!taken) {
             DisplayBlock(Column, Row);

@@ -37,7 +37,7 @@ void MainForm::RandomCurtainPaint(const std::int16_t& Vertical) {
     UsedCells used{};
     std::int16_t Remaining = shared.Blocks;
     while (Remaining > 0 && ShowEnding == 0) {
-        const std::int16_t strip = randomStrip();
+        const std::int16_t strip = randomStrip(observer);
         const auto index = static_cast<std::size_t>(strip);
         bool& taken = Vertical != 0 ? used[1][index] : used[index][1];
         if (!taken) {

@@ -13,6 +13,8 @@ public:
     virtual void held() = 0;
     virtual void stepBegun() = 0;
     virtual void transitionChosen(const std::string& name) = 0;
+    /// A transition drew a block's column or row or a strip, which may be painted already.
+    virtual void stripDrawn() {}
     virtual void paused(std::int16_t divisor) = 0;
     /// The handler of the step has a failure.
     virtual void failed(const Failure& failure) = 0;

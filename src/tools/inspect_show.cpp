@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <iostream>
 #include <optional>
+#include <stdexcept>
 #include <system_error>
 #include <vector>
 
@@ -91,7 +92,17 @@ public:
         stepPosition_ = lines_.size();
         transition_.clear();
     }
-    void transitionChosen(const std::string& name) override { transition_ = name; }
+    void transitionChosen(const std::string& name) override {
+        transition_ = name;
+        strips_ = 0;
+    }
+    /// Draws that come again in turn may never hit each block: a transition would draw for ever.
+    void stripDrawn() override {
+        constexpr int plenty = 10'000'000;
+        if (++strips_ > plenty) {
+            throw std::runtime_error("the draws of --random never hit every block or strip");
+        }
+    }
     void paused(std::int16_t divisor) override { add({{"op", "pause"}, {"divisor", divisor}}); }
     void failed(const Failure& failure) override {
         add({{"op", "failure"}, {"code", failure.number()}, {"description", failure.description()}});
@@ -130,6 +141,7 @@ private:
     bool begun_ = false;
     std::size_t stepPosition_ = 0;
     std::string transition_;
+    int strips_ = 0; // drawn in this transition
 };
 
 sys::Size screenFrom(const std::string& text) {

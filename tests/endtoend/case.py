@@ -34,10 +34,11 @@ class Machines:
 
     current = None
 
-    def __init__(self, product, helpers, template, folder, failures):
+    def __init__(self, product, helpers, template, folder, failures, shots=None):
         self.product = product
         self.helpers = helpers
         self.failures = failures
+        self.shots = shots
         self._template = template
         self._folder = folder
         self._sessions = {}
@@ -73,7 +74,7 @@ class Show:
     def wait_for_form(self):
         """The show's window, once it can be seen."""
         def form():
-            self._must_run()
+            self.must_run()
             return next((window for window in self.forms() if window.visible), None)
         return wait_until(form, "the show's form doesn't come up")
 
@@ -81,7 +82,8 @@ class Show:
         return [window for window in self._machine.probe.windows()
                 if window.text == CAPTION and window.kind != "Static"]
 
-    def _must_run(self):
+    def must_run(self):
+        """Fails when the product has ended."""
         if not self.running():
             raise NotReached(f"the product {self._end()}")
 
@@ -95,7 +97,7 @@ class Show:
 
         def shown():
             nonlocal difference
-            self._must_run()
+            self.must_run()
             difference = frame.difference(self._machine.shot())
             return not difference
         wait_until(shown, lambda: f"the screen doesn't show it: {difference}", limit)
@@ -106,7 +108,7 @@ class Show:
         seen = []
 
         def enough():
-            self._must_run()
+            self.must_run()
             shot = self._machine.shot()
             name = next((name for name, frame in frames.items() if not frame.difference(shot)), None)
             if name and (not seen or seen[-1] != name):
@@ -126,7 +128,7 @@ class Show:
         """For what must not happen there is no event: looks for a while."""
         end = time.monotonic() + seconds
         while time.monotonic() < end:
-            self._must_run()
+            self.must_run()
             time.sleep(0.05)
 
     def stop(self):
@@ -240,6 +242,13 @@ class EndToEndCase(unittest.TestCase):
         if comment:
             frame.ignore(comment.left, comment.top, comment.right, comment.bottom)
         return frame
+
+    def keep_shot(self, shot, name):
+        """Saves what the screen showed, when the run was asked to keep it."""
+        folder = Machines.current.shots
+        if folder:
+            os.makedirs(folder, exist_ok=True)
+            shot.save(os.path.join(folder, f"{self._testMethodName} {name}.png".replace("/", "-")))
 
     def keep_screen(self):
         """Saves what the screen shows, for whoever looks after a failure."""

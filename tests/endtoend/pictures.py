@@ -1,5 +1,5 @@
-"""Makes the pictures of the tests: four quarters of flat colours, so that a picture that is cut, mirrored or
-put elsewhere shows."""
+"""Makes the pictures of the tests: four quarters of flat colours, or a grid of them, so that a picture that is
+cut, mirrored or put elsewhere shows."""
 
 import itertools
 import os
@@ -9,14 +9,33 @@ import subprocess
 _shades = itertools.cycle(range(0, 105, 7))
 
 
-class Picture:
+class MadePicture:
+    """A picture that is made for a test; `_ppm` gives its pixels."""
+
+    def __init__(self, width, height):
+        self.width = width
+        self.height = height
+        self.tolerance = 0
+
+    def save(self, path, *options):
+        """Writes the picture in the format of the name's extension; a name of several folders makes them.
+        `options` go to ImageMagick. The picture itself comes back, for tests to expect it."""
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        kind = os.path.splitext(path)[1].lower()
+        target = {".gif": "gif", ".bmp": "bmp3", ".jpg": "jpeg", ".jpe": "jpeg", ".jpeg": "jpeg"}[kind]
+        subprocess.run(["convert", "ppm:-", "-quality", "100", "-sampling-factor", "4:4:4", "-strip",
+                        *options, f"{target}:{path}"], input=self._ppm(), check=True)
+        if target == "jpeg":
+            self.tolerance = 3
+        return self
+
+
+class Picture(MadePicture):
     """A picture of quarters: upper left, upper right, lower left, lower right."""
 
     def __init__(self, width, height, colours):
-        self.width = width
-        self.height = height
+        super().__init__(width, height)
         self.colours = colours if isinstance(colours[0], tuple) else (colours,) * 4
-        self.tolerance = 0
         # Where a JPEG of blocks of 16 pixels keeps the quarters apart.
         self.middle_x = max(width // 2 // 16 * 16, 1)
         self.middle_y = max(height // 2 // 16 * 16, 1)
@@ -75,20 +94,38 @@ class Picture:
                 + struct.pack("<HHHIHIH", 1, 9, 0x300, 9 + len(body) // 2, objects, longest, 0) + body)
 
     def save(self, path, *options):
-        """Writes the picture in the format of the name's extension; a name of several folders makes them.
-        `options` go to ImageMagick. The picture itself comes back, for tests to expect it."""
+        """As any picture's; a metafile too."""
+        if not path.lower().endswith(".wmf"):
+            return super().save(path, *options)
         os.makedirs(os.path.dirname(path), exist_ok=True)
-        kind = os.path.splitext(path)[1].lower()
-        if kind == ".wmf":
-            with open(path, "wb") as file:
-                file.write(self._wmf())
-            return self
-        target = {".gif": "gif", ".bmp": "bmp3", ".jpg": "jpeg", ".jpe": "jpeg", ".jpeg": "jpeg"}[kind]
-        subprocess.run(["convert", "ppm:-", "-quality", "100", "-sampling-factor", "4:4:4", "-strip",
-                        *options, f"{target}:{path}"], input=self._ppm(), check=True)
-        if target == "jpeg":
-            self.tolerance = 3
+        with open(path, "wb") as file:
+            file.write(self._wmf())
         return self
+
+
+class Grid(MadePicture):
+    """A picture of cells between the given edges, in pixels, first and last included. A cell's red tells its
+    column, its green its row, and the blue is the picture's own; no part is 0, so that all differs from
+    black."""
+
+    def __init__(self, columns, rows, blue):
+        super().__init__(columns[-1], rows[-1])
+        self.columns = columns
+        self.rows = rows
+        self.blue = blue
+
+    def colour(self, column, row):
+        """Both 0-based."""
+        return (30 + 225 * column // (len(self.columns) - 1), 30 + 225 * row // (len(self.rows) - 1),
+                self.blue)
+
+    def _ppm(self):
+        rows = []
+        for row in range(len(self.rows) - 1):
+            line = b"".join(bytes(self.colour(column, row)) * (self.columns[column + 1] - self.columns[column])
+                            for column in range(len(self.columns) - 1))
+            rows.append(line * (self.rows[row + 1] - self.rows[row]))
+        return b"P6 %d %d 255\n" % (self.width, self.height) + b"".join(rows)
 
 
 class Bitmap:

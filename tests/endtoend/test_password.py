@@ -8,13 +8,11 @@ from pictures import quarters
 from session import wait_until
 
 
-class PasswordTest(EndToEndCase):
-    interval = QUICK
+class PasswordCase(EndToEndCase):
+    """A machine of the non-NT family that asks for a password."""
 
     def setUp(self):
         super().setUp()
-        self.frames = {name: self.frame().centre(self.add(name, quarters(*size)))
-                       for name, size in {"one.bmp": (300, 200), "two.gif": (200, 300)}.items()}
         self.library = os.path.join(self.machine.drive, "windows", "system32", "password.cpl")
         shutil.copy(os.path.join(self.helpers, "password.cpl"), self.library)
         self.addCleanup(lambda: os.path.exists(self.library) and os.remove(self.library))
@@ -24,14 +22,10 @@ class PasswordTest(EndToEndCase):
         self.machine.set_value(VERSION, "Version", "win98")
         self.machine.set_value(DESKTOP, "ScreenSaveUsePassword", 1)
 
-    def start_asking(self, *answers, **settings):
-        """The show, with what the library will answer: 0 is a wrong password."""
+    def answer(self, *answers):
+        """What the library will answer: 0 is a wrong password, as is every answer after these."""
         with open(os.path.join(self.state, "answers"), "w", encoding="ascii") as file:
             file.writelines(f"{answer}\n" for answer in answers)
-        show = self.start(AllImages="1", **settings)
-        show.form = show.wait_for_form()
-        show.watch(self.frames, 1)
-        return show
 
     def calls(self):
         """What the library noted; nothing when it was never loaded."""
@@ -44,6 +38,23 @@ class PasswordTest(EndToEndCase):
     def wait_for_calls(self, count):
         wait_until(lambda: len(self.calls()) > count, lambda: f"calls: {self.calls()}")
         self.assertEqual(self.calls()[0], "loaded")
+
+
+class PasswordTest(PasswordCase):
+    interval = QUICK
+
+    def setUp(self):
+        super().setUp()
+        self.frames = {name: self.frame().centre(self.add(name, quarters(*size)))
+                       for name, size in {"one.bmp": (300, 200), "two.gif": (200, 300)}.items()}
+
+    def start_asking(self, *answers, **settings):
+        """The show, with what the library will answer."""
+        self.answer(*answers)
+        show = self.start(AllImages="1", **settings)
+        show.form = show.wait_for_form()
+        show.watch(self.frames, 1)
+        return show
 
     def assert_calls(self, show, count):
         """So many requests so far, and no more to come."""

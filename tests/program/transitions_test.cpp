@@ -48,9 +48,8 @@ struct Show {
     std::vector<int> strips(bool vertical) {
         std::vector<int> numbers;
         for (const RecordedPaint& paint : paints()) {
-            numbers.push_back(static_cast<int>(vertical ? paint.target[0] / form().PictureBlockWidth
-                                                        : paint.target[1] / form().PictureBlockHeight) +
-                              1);
+            const int start = static_cast<int>(paint.target[vertical ? 0 : 1]);
+            numbers.push_back(start / (vertical ? form().PictureBlockWidth : form().PictureBlockHeight) + 1);
         }
         return numbers;
     }
@@ -122,13 +121,16 @@ TEST(BlockTransition, Result_IsThePlainPicture) {
 
 TEST(BlockTransition, EndedInTheMiddle_StaysHalfBuilt) {
     Show show("Random Blocks", {100, 100});
+    int draws = 0;
     show.recorder.afterPaint = [&] {
         if (show.paints().size() == 30) {
             show.form().ShowEnding = True;
+            draws = show.recorder.draws;
         }
     };
     show.run();
     EXPECT_EQ(show.paints().size(), 30U);
+    EXPECT_EQ(show.recorder.draws, draws) << "it returns at once";
     EXPECT_EQ(show.program.traced("S: MainForm DisplayBlock"), 30);
 }
 
@@ -229,17 +231,35 @@ TEST(CurtainTransition, Random_PaintsEachStripOnce) {
     }
 }
 
-TEST(CurtainTransition, EndedInTheMiddle_PaintsNoFurtherStrip) {
-    for (const char* name : {"Bottom To Top", "Top/Bottom To Center", "Random Vertical"}) {
-        SCOPED_TRACE(name);
-        Show show(name, {320, 240});
+TEST(CurtainTransition, Draws_AreOneAStrip) {
+    for (const bool vertical : {false, true}) {
+        Show show(vertical ? "Random Vertical" : "Random Horizontal", {100, 100});
+        // Two draws for the position of the picture; a strip drawn twice is painted once.
+        show.program.application().random().setDraws({0.75F, 0.25F, 0.75F, 0.75F, 0.0F, 0.25F});
         show.recorder.afterPaint = [&] {
             if (show.paints().size() == 3) {
                 show.form().ShowEnding = True;
             }
         };
         show.run();
+        EXPECT_THAT(show.strips(vertical), ElementsAre(8, 1, 3));
+    }
+}
+
+TEST(CurtainTransition, EndedInTheMiddle_PaintsNoFurtherStrip) {
+    for (const char* name : {"Bottom To Top", "Top/Bottom To Center", "Random Vertical"}) {
+        SCOPED_TRACE(name);
+        Show show(name, {320, 240});
+        int draws = 0;
+        show.recorder.afterPaint = [&] {
+            if (show.paints().size() == 3) {
+                show.form().ShowEnding = True;
+                draws = show.recorder.draws;
+            }
+        };
+        show.run();
         EXPECT_EQ(show.paints().size(), 3U);
+        EXPECT_EQ(show.recorder.draws, draws);
         EXPECT_EQ(show.program.traced("S: MainForm DisplayCurtain"), 3);
     }
 }
@@ -285,12 +305,27 @@ TEST(SlideTransition, Common_HidesThePictureBoxAndPaintsOnTheForm) {
 }
 
 TEST(SlideTransition, PictureLargerThanTheForm_IsShownPlainly) {
-    for (const sys::Size size : {sys::Size{641, 10}, sys::Size{10, 481}}) {
-        Show show("Slide Top To Center", size);
+    for (const char* side : {"Bottom", "Top", "Left", "Right"}) {
+        for (const sys::Size size : {sys::Size{641, 10}, sys::Size{10, 481}}) {
+            SCOPED_TRACE(side);
+            Show show(std::string("Slide ") + side + " To Center", size);
+            show.run();
+            EXPECT_TRUE(show.form().Picture1.visible());
+            EXPECT_EQ(show.program.traced(std::string("S: MainForm Slide") + side + "2Center"), 0);
+            EXPECT_EQ(show.program.traced(std::string("E: MainForm Slide") + side + "2Center"), 0);
+            EXPECT_EQ(show.program.traced("S: MainForm NormalDisplay"), 1);
+        }
+    }
+}
+
+TEST(SlideTransition, RandomPosition_DoesNotMoveIt) {
+    for (const char* name : {"Slide Bottom To Center", "Slide Right To Center"}) {
+        Show show(name, {100, 100}, 10, {{"ImagePositionRandom", "1"}});
+        show.program.application().random().setDraws({0.9F});
         show.run();
-        EXPECT_TRUE(show.form().Picture1.visible());
-        EXPECT_EQ(show.program.traced("S: MainForm SlideTop2Center"), 0);
-        EXPECT_EQ(show.program.traced("S: MainForm NormalDisplay"), 1);
+        show.program.advance(1);
+        EXPECT_EQ(show.program.pixel(320, 235), red) << name;
+        EXPECT_EQ(show.program.pixel(560, 400), black) << name;
     }
 }
 

@@ -5,6 +5,7 @@
 #include "startup/settings.h"
 #include "startup/shared_state.h"
 #include "startup/trace.h"
+#include "system/simulated/pictures.h"
 
 #include <algorithm>
 
@@ -35,7 +36,11 @@ void Program::setting(const std::string& key, const std::string& value) {
 }
 
 void Program::addPicture(const std::string& path, sys::Size size, sys::Color color) {
-    machine.files().addFile(path, bmpFile(size, color));
+    addPicture(path, sys::simulated::Bitmap(size, sys::simulated::opaque(color)));
+}
+
+void Program::addPicture(const std::string& path, const sys::simulated::Bitmap& pixels) {
+    machine.files().addFile(path, sys::simulated::bmpFile(pixels));
 }
 
 void Program::useTemplate(const std::vector<std::string>& lines) {
@@ -85,28 +90,4 @@ long Program::traced(const std::string& line) const { return std::ranges::count(
 sys::Color Program::pixel(int x, int y) const {
     const sys::simulated::Pixel pixel = machine.screen().at(x, y);
     return {pixel.red, pixel.green, pixel.blue};
-}
-
-std::vector<std::uint8_t> bmpFile(sys::Size size, sys::Color color) {
-    const int rowBytes = (size.width * 3 + 3) / 4 * 4;
-    const int imageBytes = rowBytes * size.height;
-    std::vector<std::uint8_t> file{'B', 'M'};
-    const auto add32 = [&](int value) {
-        for (int shift = 0; shift < 32; shift += 8) {
-            file.push_back(static_cast<std::uint8_t>(static_cast<unsigned>(value) >> shift & 0xFFU));
-        }
-    };
-    constexpr int headerBytes = 54;
-    for (const int value : {headerBytes + imageBytes, 0, headerBytes, 40, size.width, size.height,
-                            1 | 24 << 16, 0, imageBytes, 0, 0, 0, 0}) {
-        add32(value);
-    }
-    for (int row = 0; row < size.height; ++row) {
-        const std::size_t rowStart = file.size();
-        for (int column = 0; column < size.width; ++column) {
-            file.insert(file.end(), {color.blue, color.green, color.red});
-        }
-        file.resize(rowStart + static_cast<std::size_t>(rowBytes));
-    }
-    return file;
 }

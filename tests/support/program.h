@@ -25,6 +25,8 @@ public:
     void setting(const std::string& key, const std::string& value);
     /// A picture file of one colour on drive C, for example "C:\\pics\\red.bmp".
     void addPicture(const std::string& path, sys::Size size, sys::Color color = {255, 0, 0});
+    /// A picture file with these pixels.
+    void addPicture(const std::string& path, const sys::simulated::Bitmap& pixels);
     /// A template "C:\\t\\t.txt" with these lines, and the settings that show it.
     void useTemplate(const std::vector<std::string>& lines);
 
@@ -61,6 +63,3 @@ private:
     std::optional<int> exitCode_;
     bool unwound_ = false;
 };
-
-/// The bytes of a 24-bit BMP of one colour.
-std::vector<std::uint8_t> bmpFile(sys::Size size, sys::Color color);

@@ -48,12 +48,14 @@ public:
     void held() override {}
     void stepBegun() override {}
     void transitionChosen(const std::string& /*name*/) override {}
+    void stripDrawn() override { ++draws; }
     void paused(std::int16_t divisor) override { pauses.push_back(divisor); }
     void failed(const Failure& /*failure*/) override {}
     void plainSoundPlayed(const std::string& /*file*/) override {}
 
     std::vector<RecordedPaint> paints;
     std::vector<int> pauses; // the divisors
+    int draws = 0;           // of the transitions alone
     std::function<void()> afterPaint;
 
 private:

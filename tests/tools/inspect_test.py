@@ -357,6 +357,22 @@ class ShowTest(InspectTest):
         lines = self.show(1, *self.template("IMAGE=b.gif", "DISSOLVE=Random"), "--random", "0,0,0.75")
         self.assertEqual(lines[0], self.step(0, "C:\\t\\b.gif", "Slide Bottom To Center"))
 
+    def test_RandomDraws_ThatNeverHitEveryBlock_AreToldOf(self):
+        # The transition draws until each block and strip has come, here for ever.
+        for name, paints in ("Random Blocks", 1), ("Random Horizontal", 2), ("Random Vertical", 2):
+            with self.subTest(name):
+                result = self.run_tool("show", *self.drive(), "--steps", "2", "--screen", "640x480", "--random",
+                                       "0.5,0.25", *self.template("IMAGE=b.gif", "DISSOLVE=" + name))
+                self.assertEqual((result.returncode, result.stderr),
+                                 (1, b"tessellarium-inspect: the draws of --random never hit every block or strip\n"))
+                self.assertEqual(result.stdout.count(b'"op":"paint"'), paints, "what came before is printed")
+
+    def test_RandomDraws_ThatHitEveryStrip_Suffice(self):
+        draws = ",".join(str((number * 7 % 100) / 100) for number in range(100))
+        for name, paints in ("Random Horizontal", 10), ("Random Vertical", 10):
+            lines = self.show(1, *self.template("IMAGE=b.gif", "DISSOLVE=" + name), "--random", draws)
+            self.assertEqual(len([line for line in lines if line[0][1] == "paint"]), paints)
+
     def test_RandomDraws_Become32BitFloats(self):
         settings = self.template(*["IMAGE=b.gif"] * 10)
         self.assertEqual(dict(self.show(1, *settings, "ImageOrderRandom=1", "--random", "0.7")[0])["index"], 6)
