@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <set>
 
 namespace {
@@ -27,6 +28,11 @@ using Lines = std::vector<std::string>;
 
 constexpr std::uint32_t otherMessage = 0x400; // one that no system knows
 constexpr sys::PixelRect hostPlace{100, 50, 252, 162};
+
+const Lines tickLines = {"S: ControlForm Timer1", "E: ControlForm Timer1"};
+const Lines endingTickLines = {"S: ControlForm Timer1", "E: ControlForm Timer1", "S: ControlForm Form_Unload",
+                               "S: UnSubClass",         "E: UnSubClass",         "E: ControlForm Form_Unload",
+                               "E: ControlForm Timer1"};
 
 class Preview {
 public:
@@ -49,7 +55,7 @@ public:
     ControlForm& form() { return program.application().form<ControlForm>(); }
     /// The lines of the trace since the last call.
     Lines newTrace() {
-        const Lines lines(std::next(program.trace.begin(), linesTaken_), program.trace.end());
+        Lines lines(std::next(program.trace.begin(), linesTaken_), program.trace.end());
         linesTaken_ += std::ssize(lines);
         return lines;
     }
@@ -77,12 +83,22 @@ private:
     std::ptrdiff_t linesTaken_ = 0;
 };
 
-std::string number(sys::WindowHandle handle) { return std::to_string(handle); }
+/// The tick so many milliseconds from now lets it run out, and nothing of it is left.
+void expectItsLastTickIn(Preview& preview, int milliseconds) {
+    preview.newTrace();
+    preview.program.advance(milliseconds - 1);
+    EXPECT_FALSE(preview.program.over());
+    preview.program.advance(1);
+    EXPECT_TRUE(preview.program.over());
+    EXPECT_FALSE(preview.program.ended()) << "it isn't ended from inside";
+    EXPECT_THAT(preview.newTrace(), ElementsAreArray(endingTickLines));
+    EXPECT_THAT(
+        preview.program.machine.windows(),
+        Each(testing::Property(&sys::simulated::WindowNode::kind, sys::simulated::WindowKind::foreign)));
+    EXPECT_EQ(preview.program.machine.nextDue(), std::nullopt) << "no timer is left";
+}
 
-const Lines tickLines = {"S: ControlForm Timer1", "E: ControlForm Timer1"};
-const Lines endingTickLines = {"S: ControlForm Timer1", "E: ControlForm Timer1", "S: ControlForm Form_Unload",
-                               "S: UnSubClass",         "E: UnSubClass",         "E: ControlForm Form_Unload",
-                               "E: ControlForm Timer1"};
+std::string number(sys::WindowHandle handle) { return std::to_string(handle); }
 
 // Coming up
 
@@ -182,20 +198,15 @@ TEST(Preview, LargeHost_IsMeasuredIn32Bits) {
 
 TEST(Preview, HostSmallerThanTheLogo_CutsItOffEvenly) {
     Preview preview;
+    auto expected = preview.program.machine.screen();
     preview.start({100, 50, 153, 71}); // of 53 by 21 pixels
     preview.program.advance(10);
     EXPECT_EQ(preview.form().Picture2.left(), -300);
     EXPECT_EQ(preview.form().Picture2.top(), -240);
     const auto picture = preview.program.machine.decodePicture(resources::logo);
     const auto& pixels = dynamic_cast<const sys::simulated::DecodedPicture&>(*picture).pixels();
-    const auto screen = preview.program.machine.screen();
-    for (int y = 0; y < 21; ++y) {
-        for (int x = 0; x < 53; ++x) {
-            ASSERT_EQ(screen.at(100 + x, 50 + y), pixels.at(20 + x, 16 + y)) << x << ", " << y;
-        }
-    }
-    EXPECT_EQ(preview.program.pixel(99, 60), preview.program.pixel(0, 0));
-    EXPECT_EQ(preview.program.pixel(153, 60), preview.program.pixel(0, 0));
+    expected.copy(pixels, {20, 16, 73, 37}, {100 - 20, 50 - 16});
+    EXPECT_TRUE(preview.program.machine.screen() == expected);
 }
 
 TEST(Preview, Screen_ShowsAWhiteAreaWithTheLogoInTheHostAndNothingElse) {
@@ -347,17 +358,17 @@ TEST(Preview, Close_TakesTheAreaBackAndGoesNoFurther) {
 TEST(Preview, AfterClose_TheNextTickEndsIt) {
     Preview preview;
     preview.start();
+    preview.close();
+    expectItsLastTickIn(preview, 10);
+    EXPECT_THAT(preview.inHost(), IsEmpty()) << "the logo has gone as well";
+}
+
+TEST(Preview, PostedClose_EndsItToo) {
+    Preview preview;
+    preview.start();
     preview.program.machine.postMessage(preview.area, sys::simulated::closeMessage);
-    preview.program.advance(9);
-    EXPECT_FALSE(preview.program.over());
-    preview.newTrace();
-    preview.program.advance(1);
-    EXPECT_THAT(preview.newTrace(), ElementsAreArray(endingTickLines));
+    preview.program.advance(10);
     EXPECT_TRUE(preview.program.over());
-    EXPECT_FALSE(preview.program.ended()) << "it runs out, and isn't ended from inside";
-    EXPECT_THAT(preview.inHost(), IsEmpty());
-    EXPECT_EQ(preview.program.machine.windows().size(), 1U) << "the host alone";
-    EXPECT_EQ(preview.program.machine.nextDue(), std::nullopt) << "and no timer";
 }
 
 TEST(Preview, SecondClose_BeforeTheTick_DoesTheSameAgain) {
@@ -439,21 +450,15 @@ TEST(Preview, FailureInsideTheWindowProcedure_EndsTheProcessAndDoesNotReachTheSy
 
 TEST(Preview, HostThatGoes_EndsItAtTheNextTick) {
     for (const int interval : {1, 10, 120}) {
+        SCOPED_TRACE(interval);
         Preview preview;
         preview.program.setting("ImageInterval", std::to_string(interval));
         preview.start();
         preview.program.advance(interval);
-        preview.newTrace();
         preview.program.machine.removeForeignWindow(preview.host);
         EXPECT_EQ(preview.window(preview.area), nullptr) << "it goes with its parent";
         EXPECT_EQ(preview.window(preview.logo), nullptr);
-        preview.program.advance(interval - 1);
-        EXPECT_FALSE(preview.program.over());
-        preview.program.advance(1);
-        EXPECT_TRUE(preview.program.over()) << interval;
-        EXPECT_FALSE(preview.program.ended());
-        EXPECT_THAT(preview.newTrace(), ElementsAreArray(endingTickLines));
-        EXPECT_THAT(preview.program.machine.windows(), IsEmpty());
+        expectItsLastTickIn(preview, interval);
     }
 }
 
@@ -469,31 +474,30 @@ TEST(Preview, HostThatGoesAfterClose_EndsItOnce) {
     EXPECT_THAT(preview.program.machine.windows(), IsEmpty());
 }
 
-TEST(Preview, NoHost_IsFoundOutAtTheFirstTick) {
+TEST(Preview, NoHost_LeavesAnEmptyAreaAndNoResultIsLookedAt) {
+    Preview preview;
+    preview.startWith("4321");
+    const sys::WindowHandle form = preview.form().hWnd();
+    EXPECT_EQ(shared.HostRect, sys::PixelRect{});
+    EXPECT_EQ(shared.ApiResult, 0);
+    EXPECT_EQ(shared.PreviewActive, True);
+    EXPECT_EQ(preview.form().Picture1.width(), 0);
+    EXPECT_EQ(preview.form().Picture2.left(), -697.5F);
+    EXPECT_EQ(preview.form().Picture2.top(), -397.5F);
+    EXPECT_EQ(preview.window(preview.area)->parent()->id(), form);
+    EXPECT_EQ(preview.window(preview.logo)->parent()->id(), form);
+}
+
+TEST(Preview, NoHost_ShowsNothingAndIsFoundOutAtTheFirstTick) {
     for (const char* commandLine :
          {"/p 0", "/p", "/P", "/p:4321", "/p junk", "/p -1", "/p 4321", "/p 2147483647"}) {
+        SCOPED_TRACE(commandLine);
         Preview preview;
         const auto before = preview.program.machine.screen();
         preview.program.start(commandLine);
-        ASSERT_FALSE(preview.program.over()) << commandLine;
-        const sys::WindowHandle form = preview.form().hWnd();
-        EXPECT_EQ(shared.HostRect, sys::PixelRect{}) << commandLine;
-        EXPECT_EQ(shared.ApiResult, 0);
-        EXPECT_EQ(shared.PreviewActive, True) << "no result is looked at";
-        EXPECT_EQ(preview.form().Picture1.width(), 0);
-        EXPECT_EQ(preview.form().Picture2.left(), -697.5F);
-        EXPECT_EQ(preview.form().Picture2.top(), -397.5F);
-        EXPECT_EQ(preview.window(preview.form().Picture1.hWnd())->parent()->id(), form);
-        EXPECT_EQ(preview.window(preview.form().Picture2.hWnd())->parent()->id(), form);
-        preview.newTrace();
-        preview.program.advance(9);
-        EXPECT_TRUE(preview.program.machine.screen() == before) << "nothing is seen";
-        EXPECT_FALSE(preview.program.over());
-        preview.program.advance(1);
-        EXPECT_TRUE(preview.program.over()) << commandLine;
-        EXPECT_FALSE(preview.program.ended());
-        EXPECT_THAT(preview.newTrace(), ElementsAreArray(endingTickLines));
-        EXPECT_THAT(preview.program.machine.windows(), IsEmpty());
+        preview.program.advance(5);
+        EXPECT_TRUE(preview.program.machine.screen() == before);
+        expectItsLastTickIn(preview, 5);
     }
 }
 

@@ -1,5 +1,7 @@
 #include "system/simulated/window_procedures.h"
 
+#include <bit>
+
 namespace sys::simulated {
 
 std::intptr_t WindowProcedures::send(WindowHandle window, std::uint32_t message, std::uintptr_t wParam,
@@ -11,7 +13,7 @@ std::intptr_t WindowProcedures::send(WindowHandle window, std::uint32_t message,
 std::intptr_t WindowProcedures::call(std::intptr_t procedure, WindowHandle window, std::uint32_t message,
                                      std::uintptr_t wParam, std::intptr_t lParam) {
     if (procedure != nativeProcedure) {
-        return reinterpret_cast<WindowProcedure>(procedure)(window, message, wParam, lParam);
+        return std::bit_cast<WindowProcedure>(procedure)(window, message, wParam, lParam);
     }
     if (message == closeMessage) {
         devices_.input().closeRequested(window, CloseReason::byUser);
