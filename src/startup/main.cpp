@@ -1,4 +1,5 @@
 // `Main`, the program's only entry.
+#include "show/control_form.h"
 #include "show/main_form.h"
 #include "startup/marrowfieldry.h"
 #include "startup/settings.h"
@@ -89,10 +90,10 @@ void Main() {
         application.form<MainForm>().show();
     } else if (road == "/P") {
         parseHostWindow(commandLine);
+        application.form<ControlForm>().load();
     } else if (road == "/A") {
         parseHostWindow(commandLine);
-        shared.ApiResult = system.platform().pwdChangePassword(
-            "SCRSAVE", static_cast<sys::WindowHandle>(static_cast<std::uint32_t>(shared.HostWindow)));
+        shared.ApiResult = system.platform().pwdChangePassword("SCRSAVE", sys::handleOf(shared.HostWindow));
     }
     WriteLog("E: Main");
 }

@@ -52,7 +52,8 @@ struct SharedState {
     std::int32_t ApiResult = 0; // results of platform calls that nobody looks at
     std::int16_t UsePassword = 0;
     std::int16_t MouseMoveCount = 0;
-    std::int32_t HostWindow = 0;
+    std::int32_t HostWindow = 0; // from the command line
+    sys::PixelRect HostRect;     // client area of `HostWindow`
     std::int16_t TwipsPerPixelX = 0;
     std::int16_t TwipsPerPixelY = 0;
     std::int32_t PlatformId = 0;
@@ -75,6 +76,8 @@ struct SharedState {
 
     std::array<std::string, 21> DissolveNames;
     std::int16_t DissolveLast = 0;
+    std::int16_t PreviewActive = False; // the preview's pictures stand in `HostWindow`
+    std::intptr_t PrevWndProc = 0;      // what `Subclass` replaced; 0 when no hook stands
 };
 
 inline SharedState shared;

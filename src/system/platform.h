@@ -11,6 +11,14 @@ namespace sys {
 
 using RegistryKey = std::uintptr_t;
 
+/// A window procedure of the program, which the system calls itself with the messages of a window. A plain
+/// function will do: 64-bit Windows has a single calling convention. No exception may leave it.
+using WindowProcedure = std::intptr_t (*)(WindowHandle window, std::uint32_t message, std::uintptr_t wParam,
+                                          std::intptr_t lParam);
+
+/// The index of a window's procedure among its values.
+inline constexpr int windowProcedureIndex = -4;
+
 /// The record of `GetVersionExA`: 148 bytes, its first field holding its own size.
 struct VersionRecord {
     std::uint32_t size = 0;
@@ -45,6 +53,20 @@ public:
     /// `after` -1 is the topmost position; flags 3 keep position and size.
     virtual std::int32_t setWindowPos(WindowHandle window, std::intptr_t after, int x, int y, int width,
                                       int height, std::uint32_t flags) = 0;
+    /// Fills `rect` with the client area, in pixels, from 0, 0 on; 0, and `rect` as it was, for no window.
+    virtual std::int32_t getClientRect(WindowHandle window, PixelRect& rect) = 0;
+    /// Moves a child window, as it stands, to another parent, also to one of another program, and there in
+    /// front of its siblings. The former parent; 0 when either is no window. Unlike with the system a
+    /// parent of 0 doesn't stand for the desktop but is no window.
+    virtual WindowHandle setParent(WindowHandle child, WindowHandle parent) = 0;
+    /// Of the values of a window only that of `windowProcedureIndex` is known: a `WindowProcedure` as a
+    /// number, or the system's own sign for one. The former value; 0 after a failure.
+    virtual std::intptr_t setWindowLong(WindowHandle window, int index, std::intptr_t value) = 0;
+    /// Hands a message to a procedure that `setWindowLong` has replaced.
+    virtual std::intptr_t callWindowProc(std::intptr_t procedure, WindowHandle window, std::uint32_t message,
+                                         std::uintptr_t wParam, std::intptr_t lParam) = 0;
+    /// Not 0 while the handle names a window, whosever it is.
+    virtual std::int32_t isWindow(WindowHandle window) = 0;
     /// The cursor's new display count; it shows from 0 on.
     virtual int showCursor(bool show) = 0;
     /// Milliseconds since the system started, taken as signed.

@@ -13,6 +13,13 @@ namespace sys {
 /// The system's own handle of a window; 0 is none.
 using WindowHandle = std::uintptr_t;
 
+/// Only 32 bits of a handle matter, which is how one program tells another of a window: such a number becomes
+/// a handle by its sign, as the system itself extends it.
+constexpr WindowHandle handleOf(std::int32_t number) {
+    return static_cast<WindowHandle>(static_cast<std::intptr_t>(number));
+}
+constexpr std::int32_t numberOf(WindowHandle handle) { return static_cast<std::int32_t>(handle); }
+
 /// A decoded picture; it never changes. The null pointer is the empty picture.
 class Picture {
 public:

@@ -39,6 +39,7 @@ sys::Window& Element::window() {
         window_ = makeWindow();
         window_->place(area_);
         Application::current().input().add(window_->handle(), *this);
+        windowMade();
     }
     return *window_;
 }
@@ -67,7 +68,13 @@ Element* Control::keyPreviewer() { return form().keyPreview() ? &form() : nullpt
 
 void Control::unload() { closeWindow(); }
 
-bool Control::canShow() const { return form().shown(); }
+bool Control::canShow() const { return hasWindow() || form().shown(); }
+
+void Control::windowMade() {
+    if (visible()) {
+        window().show(true);
+    }
+}
 
 void Control::formShown() {
     if (visible() && canShow()) {

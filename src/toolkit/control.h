@@ -78,8 +78,11 @@ protected:
     void assume(const sys::Area& area, bool visible);
     const sys::Area& area() const { return area_; }
 
-    /// Whether the native window is to be on the screen as far as the form is.
+    /// Whether the native window takes part in `visible`. That of a control does from its making on, also on
+    /// a form that is never shown: nothing is seen of it then, unless it is given to another parent.
     virtual bool canShow() const = 0;
+    /// Called once for each native window, when it has been made and placed.
+    virtual void windowMade() {}
     virtual std::unique_ptr<sys::Window> makeWindow() = 0;
 
 private:
@@ -114,6 +117,8 @@ protected:
     bool canShow() const override;
 
 private:
+    void windowMade() override;
+
     Design design_;
 };
 

@@ -32,6 +32,10 @@ public:
     /// Asks a window to go, as another program does.
     virtual void requestClose(sys::WindowHandle window, sys::CloseReason reason) = 0;
 
+    /// Sends a message to a window, as another program does; its procedure's answer.
+    virtual std::intptr_t sendMessage(sys::WindowHandle window, std::uint32_t message, std::uintptr_t wParam,
+                                      std::intptr_t lParam) = 0;
+
     /// What can be seen in an area of the screen, row by row.
     virtual std::vector<sys::Color> pixels(const sys::PixelRect& area) = 0;
 

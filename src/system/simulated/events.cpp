@@ -1,6 +1,7 @@
 #include "system/simulated/events.h"
 
 #include "system/simulated/process_end.h"
+#include "system/simulated/window_procedures.h"
 
 namespace sys::simulated {
 
@@ -252,8 +253,10 @@ void User::pressMouse(Point at, MouseButton button, int shift) {
 }
 
 void User::closeWindow(WindowHandle window, CloseReason reason) {
-    post([devices = &devices_, screen = &screen_, window, reason] {
-        if (screen->find(window) != nullptr) {
+    post([devices = &devices_, procedures = &procedures_, window, reason] {
+        if (reason == CloseReason::byUser) {
+            procedures->send(window, closeMessage, 0, 0);
+        } else if (procedures->of(window) != 0) {
             devices->input().closeRequested(window, reason);
         }
     });

@@ -12,6 +12,8 @@
 
 namespace sys::simulated {
 
+class WindowProcedures;
+
 /// A program can't go on: it waits for what can never come, or makes the clock stand still.
 class Stuck : public std::logic_error {
 public:
@@ -102,8 +104,8 @@ private:
 /// the screen, `shift` is made of `ShiftState`.
 class User {
 public:
-    User(EventQueue& queue, Devices& devices, Screen& screen, std::int64_t delay)
-        : queue_(queue), devices_(devices), screen_(screen), delay_(delay) {}
+    User(EventQueue& queue, Devices& devices, WindowProcedures& procedures, std::int64_t delay)
+        : queue_(queue), devices_(devices), procedures_(procedures), delay_(delay) {}
 
     /// Presses a key, by its virtual code; the character that it makes, if any, follows as a second event.
     void press(int keyCode, int shift = 0);
@@ -133,7 +135,7 @@ private:
 
     EventQueue& queue_;
     Devices& devices_;
-    Screen& screen_;
+    WindowProcedures& procedures_;
     std::int64_t delay_;
 };
 

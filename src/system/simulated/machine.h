@@ -10,6 +10,7 @@
 #include "system/simulated/process_end.h"
 #include "system/simulated/screen.h"
 #include "system/simulated/settings_store.h"
+#include "system/simulated/window_procedures.h"
 #include "system/system.h"
 
 #include <memory>
@@ -66,7 +67,7 @@ public:
 
     // Time
     /// The person at the machine, who acts `delay` ms from now.
-    User user(std::int64_t delay = 0) { return {queue_, devices_, screen_, delay}; }
+    User user(std::int64_t delay = 0) { return {queue_, devices_, procedures_, delay}; }
     /// Lets `duration` ms pass and delivers all that becomes due in them, in order.
     void advance(std::int64_t duration) { queue_.advance(duration); }
     /// Delivers all that is due without moving the clock.
@@ -95,9 +96,25 @@ public:
     /// The form that the keyboard acts on, or 0.
     WindowHandle focusedWindow() const;
     Presented presented() const { return screen_.presented(); }
-    /// A window of another program, which shows nothing.
-    WindowHandle addForeignWindow(const std::string& caption);
+    /// A window of another program, which shows nothing itself, at a place in pixels of the screen; without
+    /// one it is hidden.
+    WindowHandle addForeignWindow(const std::string& caption, const PixelRect& place = {});
+    /// Takes its children along, whosever they are.
     void removeForeignWindow(WindowHandle handle);
+
+    // Messages of other programs, and of the system
+    /// The answer of the window's procedure; 0 when there is no such window.
+    std::intptr_t sendMessage(WindowHandle window, std::uint32_t message, std::uintptr_t wParam = 0,
+                              std::intptr_t lParam = 0) {
+        return procedures_.send(window, message, wParam, lParam);
+    }
+    /// An event that waits in the queue.
+    void postMessage(WindowHandle window, std::uint32_t message, std::uintptr_t wParam = 0,
+                     std::intptr_t lParam = 0) {
+        queue_.post(0, [=, this] { procedures_.send(window, message, wParam, lParam); });
+    }
+    /// `nativeProcedure`, unless the program has given the window one of its own.
+    std::intptr_t windowProcedure(WindowHandle window) const { return procedures_.of(window); }
 
     // Process and dialogs
     void setIdentity(const ProgramIdentity& program) { program_ = program; }
@@ -119,6 +136,7 @@ private:
     Devices devices_;
     Drives drives_;
     StoredSettings settings_;
+    WindowProcedures procedures_;
     SimulatedPlatform platform_;
     ProgramIdentity program_;
     double timeOfDay_ = 12 * 60 * 60; // in seconds, when the clock stood at `timeOfDaySetAt_`

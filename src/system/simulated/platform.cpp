@@ -28,6 +28,11 @@ enum Position : std::intptr_t { notTopmost = -2, topmost = -1, top = 0, bottom =
 
 enum SoundFlags : std::uint32_t { asynchronous = 0x1, noDefault = 0x2, noStop = 0x10 };
 
+struct Procedure {
+    std::intptr_t value;
+};
+
+std::string shown(Procedure procedure) { return procedure.value == nativeProcedure ? "native" : "program"; }
 std::string shown(const std::string& text) { return '"' + text + '"'; }
 template <class Number> std::string shown(Number number) { return std::to_string(number); }
 
@@ -164,6 +169,45 @@ std::int32_t SimulatedPlatform::setWindowPos(WindowHandle window, std::intptr_t 
         node->setVisible((flags & show) != 0);
     }
     return 1;
+}
+
+std::int32_t SimulatedPlatform::getClientRect(WindowHandle window, PixelRect& rect) {
+    record("getClientRect", window);
+    const WindowNode* node = screen_.find(window);
+    if (node == nullptr) {
+        return 0;
+    }
+    const PixelRect place = node->rect();
+    rect = {0, 0, place.width(), place.height()};
+    return 1;
+}
+
+WindowHandle SimulatedPlatform::setParent(WindowHandle child, WindowHandle parent) {
+    record("setParent", child, parent);
+    WindowNode* node = screen_.find(child);
+    WindowNode* newParent = screen_.find(parent);
+    if (node == nullptr || newParent == nullptr) {
+        return 0;
+    }
+    const WindowHandle former = node->parent() != nullptr ? node->parent()->id() : 0;
+    return screen_.setParent(*node, *newParent) ? former : 0;
+}
+
+std::intptr_t SimulatedPlatform::setWindowLong(WindowHandle window, int index, std::intptr_t value) {
+    record("setWindowLong", window, index, Procedure{value});
+    return index == windowProcedureIndex ? procedures_.replace(window, value) : 0;
+}
+
+std::intptr_t SimulatedPlatform::callWindowProc(std::intptr_t procedure, WindowHandle window,
+                                                std::uint32_t message, std::uintptr_t wParam,
+                                                std::intptr_t lParam) {
+    record("callWindowProc", Procedure{procedure}, window, message, wParam, lParam);
+    return procedures_.call(procedure, window, message, wParam, lParam);
+}
+
+std::int32_t SimulatedPlatform::isWindow(WindowHandle window) {
+    record("isWindow", window);
+    return screen_.find(window) != nullptr ? 1 : 0;
 }
 
 int SimulatedPlatform::showCursor(bool show) {

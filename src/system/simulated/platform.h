@@ -5,6 +5,7 @@
 #include "system/simulated/events.h"
 #include "system/simulated/files.h"
 #include "system/simulated/screen.h"
+#include "system/simulated/window_procedures.h"
 
 #include <deque>
 #include <map>
@@ -26,8 +27,8 @@ constexpr std::uint32_t numberValue = 4;              // REG_DWORD
 
 class SimulatedPlatform final : public Platform {
 public:
-    SimulatedPlatform(Screen& screen, EventQueue& queue, Drives& drives)
-        : screen_(screen), queue_(queue), drives_(drives), tickStart_(queue.now()) {}
+    SimulatedPlatform(Screen& screen, WindowProcedures& procedures, EventQueue& queue, Drives& drives)
+        : screen_(screen), procedures_(procedures), queue_(queue), drives_(drives), tickStart_(queue.now()) {}
 
     WindowHandle findWindow(const std::string& caption) override;
     std::int32_t pwdChangePassword(const std::string& provider, WindowHandle owner) override;
@@ -42,13 +43,19 @@ public:
                                       std::uint32_t flags) override;
     std::int32_t setWindowPos(WindowHandle window, std::intptr_t after, int x, int y, int width, int height,
                               std::uint32_t flags) override;
+    std::int32_t getClientRect(WindowHandle window, PixelRect& rect) override;
+    WindowHandle setParent(WindowHandle child, WindowHandle parent) override;
+    std::intptr_t setWindowLong(WindowHandle window, int index, std::intptr_t value) override;
+    std::intptr_t callWindowProc(std::intptr_t procedure, WindowHandle window, std::uint32_t message,
+                                 std::uintptr_t wParam, std::intptr_t lParam) override;
+    std::int32_t isWindow(WindowHandle window) override;
     int showCursor(bool show) override;
     std::int32_t getTickCount() override;
     std::int32_t sndPlaySound(const std::string& name, std::uint32_t flags) override;
 
     /// All calls in order, but `getTickCount`, which programs call without end: for example
     /// `findWindow("Screen Saver Main Form")`, `showCursor(0)`, `sndPlaySound("0", 1)`. Handles and numbers
-    /// are decimal.
+    /// are decimal; of a window procedure it says "native" or "program".
     const std::vector<std::string>& calls() const { return calls_; }
     void forgetCalls() { calls_.clear(); }
 
@@ -95,6 +102,7 @@ private:
     template <class... Arguments> void record(std::string_view name, const Arguments&... arguments);
 
     Screen& screen_;
+    WindowProcedures& procedures_;
     EventQueue& queue_;
     Drives& drives_;
     std::vector<std::string> calls_;

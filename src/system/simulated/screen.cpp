@@ -117,6 +117,21 @@ void Screen::setTopmost(WindowNode& window, bool topmost) {
     raise(window);
 }
 
+bool Screen::setParent(WindowNode& child, WindowNode& parent) {
+    for (const WindowNode* above = &parent; above != nullptr; above = above->parent_) {
+        if (above == &child) {
+            return false;
+        }
+    }
+    if (child.parent_ == nullptr) {
+        return false;
+    }
+    std::erase(siblings(child), &child);
+    child.parent_ = &parent;
+    raise(child);
+    return true;
+}
+
 Bitmap Screen::compose() const {
     Bitmap picture(size_, desktop);
     std::for_each(topLevel_.rbegin(), topLevel_.rend(),
@@ -151,13 +166,14 @@ WindowHandle Screen::attach(WindowNode& window) {
 }
 
 void Screen::detach(WindowNode& window) {
-    for (WindowNode* child : window.children_) {
-        child->visible_ = false;
-        child->parent_ = nullptr;
+    for (WindowNode* child : std::vector(window.children_)) {
+        detach(*child);
     }
     std::erase(siblings(window), &window);
     std::erase(activated_, &window);
     windows_.erase(window.id_);
+    window.visible_ = false;
+    window.parent_ = nullptr;
 }
 
 std::vector<WindowNode*>& Screen::siblings(const WindowNode& window) {

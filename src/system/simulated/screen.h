@@ -15,7 +15,8 @@ class Screen;
 
 enum class WindowKind { form, pictureBox, label, foreign };
 
-/// A window's place in the tree. The screen must outlive it; its parent need not.
+/// A window's place in the tree. The screen must outlive it; its parent need not: a window goes with its
+/// parent, and what is left of it then is an object that stands for no window any more.
 class WindowNode {
 public:
     WindowNode(Screen& screen, WindowKind kind, WindowNode* parent, std::string text);
@@ -110,6 +111,8 @@ public:
     void raise(WindowNode& window);
     void lower(WindowNode& window);
     void setTopmost(WindowNode& window, bool topmost);
+    /// Gives a child to another parent, in front of its children; false when that is no place for it.
+    bool setParent(WindowNode& child, WindowNode& parent);
 
     /// The picture that the visible windows make, from what each has presented.
     Bitmap compose() const;

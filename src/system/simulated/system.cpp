@@ -25,7 +25,8 @@ public:
 
 Machine::Machine(const MachineOptions& options)
     : screen_(options.screen, options.twipsPerPixel), devices_(screen_), drives_(options.program.folder),
-      platform_(screen_, queue_, drives_), program_(options.program) {
+      procedures_(screen_, devices_), platform_(screen_, procedures_, queue_, drives_),
+      program_(options.program) {
     drives_.addFile(program_.folder + '\\' + program_.executableName + ".scr", programFile);
     queue_.connectAlarm([this] { devices_.input().alarmRang(); });
 }
@@ -78,9 +79,14 @@ WindowHandle Machine::focusedWindow() const {
     return form != nullptr ? form->id() : 0;
 }
 
-WindowHandle Machine::addForeignWindow(const std::string& caption) {
-    foreignWindows_.push_back(std::make_unique<ForeignWindow>(screen_, caption));
-    return foreignWindows_.back()->id();
+WindowHandle Machine::addForeignWindow(const std::string& caption, const PixelRect& place) {
+    WindowNode& window = *foreignWindows_.emplace_back(std::make_unique<ForeignWindow>(screen_, caption));
+    const TwipsPerPixel scale = screen_.scale();
+    window.moveTo({static_cast<float>(place.left * scale.x), static_cast<float>(place.top * scale.y),
+                   static_cast<float>(place.width() * scale.x),
+                   static_cast<float>(place.height() * scale.y)});
+    window.setVisible(!place.empty());
+    return window.id();
 }
 
 void Machine::removeForeignWindow(WindowHandle handle) {

@@ -71,6 +71,31 @@ std::int32_t Win32Platform::setWindowPos(WindowHandle window, std::intptr_t afte
     return SetWindowPos(toNative(window), reinterpret_cast<HWND>(after), x, y, width, height, flags);
 }
 
+std::int32_t Win32Platform::getClientRect(WindowHandle window, PixelRect& rect) {
+    RECT client{};
+    if (!GetClientRect(toNative(window), &client))
+        return 0;
+    rect = {client.left, client.top, client.right, client.bottom};
+    return 1;
+}
+
+WindowHandle Win32Platform::setParent(WindowHandle child, WindowHandle parent) {
+    return parent ? toHandle(SetParent(toNative(child), toNative(parent))) : 0;
+}
+
+std::intptr_t Win32Platform::setWindowLong(WindowHandle window, int index, std::intptr_t value) {
+    static_assert(windowProcedureIndex == GWLP_WNDPROC);
+    return SetWindowLongPtrA(toNative(window), index, value);
+}
+
+std::intptr_t Win32Platform::callWindowProc(std::intptr_t procedure, WindowHandle window,
+                                            std::uint32_t message, std::uintptr_t wParam,
+                                            std::intptr_t lParam) {
+    return CallWindowProcA(reinterpret_cast<WNDPROC>(procedure), toNative(window), message, wParam, lParam);
+}
+
+std::int32_t Win32Platform::isWindow(WindowHandle window) { return IsWindow(toNative(window)); }
+
 int Win32Platform::showCursor(bool show) { return ShowCursor(show ? TRUE : FALSE); }
 
 std::int32_t Win32Platform::getTickCount() { return static_cast<std::int32_t>(GetTickCount()); }

@@ -20,6 +20,12 @@ public:
                                       std::uint32_t flags) override;
     std::int32_t setWindowPos(WindowHandle window, std::intptr_t after, int x, int y, int width, int height,
                               std::uint32_t flags) override;
+    std::int32_t getClientRect(WindowHandle window, PixelRect& rect) override;
+    WindowHandle setParent(WindowHandle child, WindowHandle parent) override;
+    std::intptr_t setWindowLong(WindowHandle window, int index, std::intptr_t value) override;
+    std::intptr_t callWindowProc(std::intptr_t procedure, WindowHandle window, std::uint32_t message,
+                                 std::uintptr_t wParam, std::intptr_t lParam) override;
+    std::int32_t isWindow(WindowHandle window) override;
     int showCursor(bool show) override;
     std::int32_t getTickCount() override;
     std::int32_t sndPlaySound(const std::string& name, std::uint32_t flags) override;

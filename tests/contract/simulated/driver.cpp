@@ -27,6 +27,11 @@ public:
         machine_.user().closeWindow(window, reason);
     }
 
+    std::intptr_t sendMessage(sys::WindowHandle window, std::uint32_t message, std::uintptr_t wParam,
+                              std::intptr_t lParam) override {
+        return machine_.sendMessage(window, message, wParam, lParam);
+    }
+
     std::vector<sys::Color> pixels(const sys::PixelRect& area) override {
         const sys::simulated::Bitmap screen = machine_.screen();
         std::vector<sys::Color> colors;

@@ -105,6 +105,11 @@ public:
         }
     }
 
+    std::intptr_t sendMessage(sys::WindowHandle window, std::uint32_t message, std::uintptr_t wParam,
+                              std::intptr_t lParam) override {
+        return SendMessageA(toNative(window), message, wParam, lParam);
+    }
+
     std::vector<sys::Color> pixels(const sys::PixelRect& area) override {
         // NOTE: under Wine painting reaches the screen at the next look at the queue.
         MSG message;

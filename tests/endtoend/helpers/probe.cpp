@@ -15,6 +15,7 @@
 #include <windows.h>
 
 #include <psapi.h>
+#include <tlhelp32.h>
 
 namespace {
 
@@ -164,6 +165,8 @@ void tellPointer(const Fields& /*arguments*/) {
     answer(info.ptScreenPos.x, info.ptScreenPos.y, (info.flags & CURSOR_SHOWING) != 0 ? 1 : 0);
 }
 
+void tellDesktop(const Fields& /*arguments*/) { answer(numberOf(GetDesktopWindow())); }
+
 /// The time of the last input that came from outside, by the system's tick count.
 void tellLastInput(const Fields& /*arguments*/) {
     LASTINPUTINFO info{};
@@ -203,6 +206,17 @@ void removeKey(const Fields& arguments) {
 
 // Processes
 
+/// The names of the programs that run.
+void listProcesses(const Fields& /*arguments*/) {
+    const HANDLE processes = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+    PROCESSENTRY32 entry{};
+    entry.dwSize = sizeof entry;
+    for (BOOL more = Process32First(processes, &entry); more; more = Process32Next(processes, &entry)) {
+        answer(encoded(entry.szExeFile));
+    }
+    CloseHandle(processes);
+}
+
 void listModules(const Fields& arguments) {
     const HANDLE process = OpenProcess(PROCESS_QUERY_INFORMATION | PROCESS_VM_READ, FALSE,
                                        static_cast<DWORD>(std::stoul(arguments.at(1))));
@@ -239,6 +253,7 @@ int main() {
         {"pointer", tellPointer}, {"last input", tellLastInput},
         {"set", setValue},        {"unset", removeValue},
         {"clear", removeKey},     {"modules", listModules},
+        {"desktop", tellDesktop}, {"processes", listProcesses},
     };
     for (std::string line; std::getline(std::cin, line);) {
         const Fields fields = split(line);

@@ -1,6 +1,7 @@
 // Forms: loading, showing, unloading, and the run of an application that rests on them.
 #include "toolkit/form.h"
 
+#include "system/simulated/pictures.h"
 #include "toolkit/label.h"
 #include "toolkit/picture_box.h"
 #include "toolkit/timer.h"
@@ -275,12 +276,68 @@ TEST_F(Forms, Handle_MakesTheWindowBeforeTheFormIsShown) {
     form.load();
     const sys::WindowHandle handle = form.box.hWnd();
     ASSERT_NE(machine.window(handle), nullptr);
-    EXPECT_FALSE(machine.window(handle)->visible());
+    EXPECT_FALSE(machine.window(form.hWnd())->visible());
     EXPECT_EQ(machine.window(handle)->parent()->id(), form.hWnd());
     EXPECT_EQ(form.box.hWnd(), handle);
     form.show();
     EXPECT_EQ(form.box.hWnd(), handle);
     EXPECT_TRUE(machine.window(handle)->visible());
+}
+
+TEST_F(Forms, WindowOfAControl_OnAFormThatIsNotShown_FollowsTheControlsVisible) {
+    form.load();
+    form.box.setVisible(false);
+    form.box.setVisible(true);
+    EXPECT_THAT(machine.windows(), IsEmpty()) << "but is made by that only on a form that is shown";
+    const auto* box = machine.window(form.box.hWnd());
+    EXPECT_TRUE(box->visible());
+    EXPECT_EQ(machine.windowAt({15, 5}), 0U) << "and can't be seen";
+    form.box.setVisible(false);
+    EXPECT_FALSE(box->visible());
+    form.box.setVisible(true);
+    EXPECT_TRUE(box->visible());
+    EXPECT_FALSE(machine.window(form.label.hWnd())->visible());
+    form.setVisible(false);
+    form.setVisible(true);
+    EXPECT_FALSE(machine.window(form.hWnd())->visible()) << "that of the form waits until it is shown";
+}
+
+TEST_F(Forms, ControlGivenToAnotherWindow_IsSeenThere) {
+    const auto other = machine.addForeignWindow("Other", {100, 100, 150, 150});
+    form.load();
+    machine.platform().setParent(form.box.hWnd(), other);
+    EXPECT_EQ(seen(110, 100), red) << "at the place that it has on its form";
+    form.box.move(0, 0, 150, 150);
+    form.box.PaintPicture(
+        machine.decodePicture(sys::simulated::bmpFile(sys::simulated::Bitmap({20, 20}, {0, 255, 0, 255}))),
+        {});
+    application.yield();
+    EXPECT_EQ(seen(109, 109), green);
+    EXPECT_NE(seen(110, 109), green);
+    form.box.setVisible(false);
+    EXPECT_NE(seen(105, 105), green);
+    form.box.setVisible(true);
+    EXPECT_EQ(seen(105, 105), green);
+    form.unload();
+    EXPECT_THAT(machine.window(other)->children(), IsEmpty());
+}
+
+TEST_F(Forms, ControlThatWentWithAnotherWindow_DoesNotTroubleItsForm) {
+    const auto other = machine.addForeignWindow("Other", {100, 100, 150, 150});
+    form.load();
+    const sys::WindowHandle handle = form.box.hWnd();
+    machine.platform().setParent(handle, other);
+    machine.removeForeignWindow(other);
+    EXPECT_EQ(machine.window(handle), nullptr);
+    form.box.move(1, 2, 3, 4);
+    form.box.setBackColor(green);
+    form.box.setVisible(false);
+    form.box.setVisible(true);
+    application.yield();
+    form.unload();
+    EXPECT_THAT(machine.windows(), IsEmpty());
+    form.show();
+    EXPECT_EQ(seen(10, 0), red) << "made anew";
 }
 
 TEST_F(Forms, Run_EndsWith0WhenTheLastFormIsUnloaded) {

@@ -35,12 +35,21 @@ TEST_F(SimulatedCalls, EachCall_IsRecordedWithItsArguments) {
     platform.setWindowPos(3, -1, 0, 0, 0, 0, 3);
     platform.showCursor(false);
     platform.sndPlaySound("0", 1);
+    sys::PixelRect rect;
+    platform.getClientRect(7, rect);
+    platform.setParent(7, 8);
+    platform.setWindowLong(7, -4, 4711);
+    platform.setWindowLong(7, -4, sys::simulated::nativeProcedure);
+    platform.callWindowProc(sys::simulated::nativeProcedure, 7, 1024, 1, -1);
+    platform.isWindow(7);
     platform.getTickCount();
     EXPECT_THAT(platform.calls(),
                 ElementsAre("findWindow(\"Some Form\")", "pwdChangePassword(\"SCRSAVE\", 12)",
                             "getVersionEx(148)", "regOpenKeyEx(2147483649, \"a\\b\", 1)", "regCloseKey(9)",
                             "systemParametersInfo(97, 1, 0)", "setWindowPos(3, -1, 0, 0, 0, 0, 3)",
-                            "showCursor(0)", "sndPlaySound(\"0\", 1)"));
+                            "showCursor(0)", "sndPlaySound(\"0\", 1)", "getClientRect(7)", "setParent(7, 8)",
+                            "setWindowLong(7, -4, program)", "setWindowLong(7, -4, native)",
+                            "callWindowProc(native, 7, 1024, 1, -1)", "isWindow(7)"));
     platform.forgetCalls();
     EXPECT_THAT(platform.calls(), IsEmpty());
 }
@@ -60,6 +69,67 @@ TEST_F(SimulatedCalls, FindWindow_FindsFormsOfThisAndOtherPrograms) {
     EXPECT_EQ(platform.findWindow("Other"), form->handle());
     form.reset();
     EXPECT_EQ(platform.findWindow("Other"), 0U);
+}
+
+TEST_F(SimulatedCalls, ClientRect_BeginsAt0AndNeedsAWindow) {
+    const auto other = machine.addForeignWindow("Other", {10, 20, 40, 60});
+    sys::PixelRect rect{1, 2, 3, 4};
+    EXPECT_EQ(platform.getClientRect(4711, rect), 0);
+    EXPECT_EQ(rect, (sys::PixelRect{1, 2, 3, 4}));
+    EXPECT_EQ(platform.getClientRect(other, rect), 1);
+    EXPECT_EQ(rect, (sys::PixelRect{0, 0, 30, 40}));
+}
+
+TEST_F(SimulatedCalls, IsWindow_HoldsUntilTheWindowGoes) {
+    EXPECT_EQ(platform.isWindow(0), 0);
+    const auto other = machine.addForeignWindow("Other");
+    EXPECT_EQ(platform.isWindow(other), 1);
+    machine.removeForeignWindow(other);
+    EXPECT_EQ(platform.isWindow(other), 0);
+}
+
+std::intptr_t added(sys::WindowHandle, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam) {
+    return message + static_cast<std::intptr_t>(wParam) + lParam;
+}
+
+TEST_F(SimulatedCalls, WindowProcedure_OfTheProgram_AnswersMessages) {
+    const auto form = machine.createForm({"Form", {}});
+    const auto program = reinterpret_cast<std::intptr_t>(&added);
+    const std::intptr_t native = platform.setWindowLong(form->handle(), -4, program);
+    EXPECT_EQ(native, sys::simulated::nativeProcedure);
+    EXPECT_EQ(machine.windowProcedure(form->handle()), program);
+    EXPECT_EQ(machine.sendMessage(form->handle(), 1000, 200, -7), 1193);
+    EXPECT_EQ(machine.sendMessage(form->handle(), 0x10), 0x10);
+    machine.user().closeWindow(form->handle());
+    machine.runUntilIdle();
+    EXPECT_THAT(input.events, IsEmpty()) << "it keeps a request to close for itself";
+    EXPECT_EQ(platform.callWindowProc(native, form->handle(), 0x10, 0, 0), 0);
+    EXPECT_THAT(input.take(), ElementsAre("close 0"));
+    EXPECT_EQ(platform.setWindowLong(form->handle(), -4, native), program);
+    EXPECT_EQ(machine.sendMessage(form->handle(), 1000, 200, -7), 0);
+    machine.sendMessage(form->handle(), 0x10);
+    EXPECT_THAT(input.take(), ElementsAre("close 0"));
+}
+
+TEST_F(SimulatedCalls, WindowProcedure_OfNoWindow_IsNone) {
+    EXPECT_EQ(platform.setWindowLong(4711, -4, 1), 0);
+    EXPECT_EQ(machine.windowProcedure(4711), 0);
+    EXPECT_EQ(machine.sendMessage(4711, 0x10), 0);
+    const auto form = machine.createForm({"Form", {}});
+    EXPECT_EQ(platform.setWindowLong(form->handle(), -16, 1), 0) << "no other value is known";
+    EXPECT_EQ(machine.windowProcedure(form->handle()), sys::simulated::nativeProcedure);
+}
+
+TEST_F(SimulatedCalls, PostedMessage_WaitsInTheQueue) {
+    auto form = machine.createForm({"Form", {}});
+    machine.postMessage(form->handle(), 0x10);
+    EXPECT_THAT(input.events, IsEmpty());
+    machine.runUntilIdle();
+    EXPECT_THAT(input.take(), ElementsAre("close 0"));
+    machine.postMessage(form->handle(), 0x10);
+    form.reset();
+    machine.runUntilIdle();
+    EXPECT_THAT(input.events, IsEmpty()) << "and may come too late";
 }
 
 TEST_F(SimulatedCalls, Cursor_ShowsFromZeroOn) {

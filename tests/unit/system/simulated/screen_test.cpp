@@ -238,8 +238,73 @@ TEST_F(SimulatedScreen, ChildThatOutlivesItsParent_IsNowhere) {
     label->show(true);
     form.reset();
     label->show(true);
+    EXPECT_EQ(machine.window(label->handle()), nullptr);
     EXPECT_TRUE(machine.windows().empty());
     EXPECT_NE(machine.screen().at(5, 5), red);
+}
+
+TEST_F(SimulatedScreen, WindowThatGoes_TakesAlongAllThatIsInIt) {
+    const auto other = machine.addForeignWindow("Other", {0, 0, 50, 50});
+    const auto form = shownForm("Form", {0, 0, 300, 300}, {});
+    const auto box = machine.createPictureBox(*form, {255, 0, 0});
+    const auto inner = machine.createPictureBox(*box, {0, 255, 0});
+    for (const auto& each : {box.get(), inner.get()}) {
+        each->place({0, 0, 300, 300});
+        each->show(true);
+    }
+    machine.platform().setParent(box->handle(), other);
+    machine.removeForeignWindow(other);
+    EXPECT_EQ(machine.window(box->handle()), nullptr);
+    EXPECT_EQ(machine.window(inner->handle()), nullptr);
+    EXPECT_NE(machine.window(form->handle()), nullptr);
+    inner->show(true);
+    paintAt(*inner, plain({10, 10}, blue), 0, 0);
+    inner->present();
+    EXPECT_EQ(machine.screen().at(5, 5), black) << "nothing of them is seen any more";
+}
+
+TEST_F(SimulatedScreen, ForeignWindow_StandsAtItsPlaceAndShowsNothingItself) {
+    const Bitmap desktop = machine.screen();
+    const auto shown = machine.addForeignWindow("Shown", {10, 20, 40, 60});
+    EXPECT_EQ(machine.window(shown)->rect(), (sys::PixelRect{10, 20, 40, 60}));
+    EXPECT_EQ(machine.windowAt({10, 20}), shown);
+    EXPECT_EQ(machine.screen(), desktop);
+    EXPECT_FALSE(machine.window(machine.addForeignWindow("Hidden"))->visible());
+}
+
+TEST_F(SimulatedScreen, SetParent_KeepsThePositionAndComesInFront) {
+    const auto other = machine.addForeignWindow("Other", {50, 40, 70, 60});
+    const auto form = shownForm("Form", {0, 0, 300, 300}, {});
+    const auto first = machine.createPictureBox(*form, {255, 0, 0});
+    const auto second = machine.createPictureBox(*form, {0, 255, 0});
+    for (const auto& box : {first.get(), second.get()}) {
+        box->place({75, 30, 300, 300});
+        box->show(true);
+    }
+    EXPECT_EQ(machine.platform().setParent(second->handle(), other), form->handle());
+    EXPECT_EQ(machine.screen().at(5, 2), red);
+    EXPECT_EQ(machine.screen().at(55, 42), green);
+    EXPECT_EQ(machine.platform().setParent(first->handle(), other), form->handle());
+    EXPECT_EQ(machine.screen().at(55, 42), red) << "the last one to come stands in front";
+    EXPECT_NE(machine.screen().at(70, 42), red) << "within its new parent";
+    EXPECT_EQ(machine.screen().at(5, 2), black);
+    EXPECT_EQ(machine.platform().setParent(first->handle(), form->handle()), other);
+    EXPECT_EQ(machine.screen().at(5, 2), red);
+    EXPECT_EQ(machine.screen().at(55, 42), green);
+}
+
+TEST_F(SimulatedScreen, SetParent_RefusesWhatIsNoPlace) {
+    const auto form = shownForm("Form", {0, 0, 300, 300}, {});
+    const auto outer = machine.createPictureBox(*form, {255, 0, 0});
+    const auto inner = machine.createPictureBox(*outer, {0, 255, 0});
+    auto& platform = machine.platform();
+    EXPECT_EQ(platform.setParent(outer->handle(), 0), 0U);
+    EXPECT_EQ(platform.setParent(outer->handle(), 4711), 0U);
+    EXPECT_EQ(platform.setParent(4711, form->handle()), 0U);
+    EXPECT_EQ(platform.setParent(outer->handle(), outer->handle()), 0U);
+    EXPECT_EQ(platform.setParent(outer->handle(), inner->handle()), 0U) << "which stands in it";
+    EXPECT_EQ(machine.window(outer->handle())->parent()->id(), form->handle());
+    EXPECT_EQ(machine.window(inner->handle())->parent()->id(), outer->handle());
 }
 
 TEST_F(SimulatedScreen, HalfTwips_RoundEachEdgeByItself) {
