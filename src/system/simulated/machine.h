@@ -10,6 +10,7 @@
 #include "system/simulated/process_end.h"
 #include "system/simulated/screen.h"
 #include "system/simulated/settings_store.h"
+#include "system/simulated/sound_device.h"
 #include "system/system.h"
 
 #include <memory>
@@ -50,6 +51,7 @@ public:
     std::unique_ptr<sys::Canvas> createForm(const FormStyle& style) override;
     std::unique_ptr<sys::Canvas> createPictureBox(Window& parent, Color backColor) override;
     std::unique_ptr<sys::Window> createLabel(Window& parent, const LabelStyle& style) override;
+    std::unique_ptr<sys::MediaPlayer> createMediaPlayer(Window& parent) override;
     Size measureText(const std::string& text, const Font& font) override;
     PicturePtr decodePicture(std::span<const std::uint8_t> bytes) override;
     void messageBox(const std::string& text, const std::string& title) override;
@@ -92,12 +94,15 @@ public:
     const Bitmap& surface(WindowHandle handle) const;
     /// The foremost visible window at a pixel, or 0.
     WindowHandle windowAt(Point pixel) const;
-    /// The form that the keyboard acts on, or 0.
+    /// The form, or the control that took the focus from it, that the keyboard acts on, or 0.
     WindowHandle focusedWindow() const;
     Presented presented() const { return screen_.presented(); }
     /// A window of another program, which shows nothing.
     WindowHandle addForeignWindow(const std::string& caption);
     void removeForeignWindow(WindowHandle handle);
+
+    /// What media players play on.
+    SoundDevice& sound() { return sound_; }
 
     // Process and dialogs
     void setIdentity(const ProgramIdentity& program) { program_ = program; }
@@ -120,6 +125,7 @@ private:
     Drives drives_;
     StoredSettings settings_;
     SimulatedPlatform platform_;
+    SoundDevice sound_;
     ProgramIdentity program_;
     double timeOfDay_ = 12 * 60 * 60; // in seconds, when the clock stood at `timeOfDaySetAt_`
     std::int64_t timeOfDaySetAt_ = EventQueue::startOfClock;
