@@ -47,7 +47,7 @@ TEST_F(SimulatedPlayer, Wav_PlaysAsLongAsItsHeaderSays) {
 }
 
 TEST_F(SimulatedPlayer, WavThatBreaksOff_PlaysWhatThereIs) {
-    add("half.wav", wavFile(1000).substr(0, 44 + 4000));
+    add("half.wav", wavFile(1000).substr(0, 44 + 44100));
     play("half.wav");
     machine.advance(499);
     EXPECT_TRUE(player->playing());
