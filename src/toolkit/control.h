@@ -62,7 +62,7 @@ public:
 
     Event<> click;
     Event<> dblClick;
-    Event<> gotFocus; // of controls that can have the keyboard
+    Event<> gotFocus;                                          // of controls that can have the keyboard
     Event<std::int16_t, std::int16_t> keyDown;                 // key code, shift state
     Event<std::int16_t> keyPress;                              // character
     Event<std::int16_t, std::int16_t, float, float> mouseDown; // button, shift state, x, y in twips

@@ -131,8 +131,8 @@ TEST_F(Sound, WhatCannotBePlayed_HasEnded) {
     write("cut.wav", wavFile(1000).substr(0, 30));
     write("text.mp3", "nor is this");
     driver->addFolder(path("folder.wav"));
-    for (const char* name :
-         {"none.wav", "empty.wav", "text.wav", "cut.wav", "text.mp3", "folder.wav", "none\\a.wav", "?*.wav"}) {
+    for (const char* name : {"none.wav", "empty.wav", "text.wav", "cut.wav", "text.mp3", "folder.wav",
+                             "none\\a.wav", "?*.wav"}) {
         take(name);
         player.play();
         EXPECT_TRUE(driver->waitUntil([&] { return player.playState() == PlayState::stopped; })) << name;

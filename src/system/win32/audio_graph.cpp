@@ -59,8 +59,8 @@ bool isFed(IBaseFilter& renderer) {
 std::wstring wide(const std::string& text) {
     const auto length = static_cast<int>(text.size());
     std::wstring result(text.size(), L'\0');
-    result.resize(static_cast<std::size_t>(
-        MultiByteToWideChar(CP_ACP, 0, text.data(), length, result.data(), length)));
+    result.resize(
+        static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, text.data(), length, result.data(), length)));
     return result;
 }
 
@@ -73,9 +73,8 @@ bool connect(IFilterGraph2& graph, IBaseFilter& renderer, const std::string& fil
         return false;
     const ComPtr<IBaseFilter> source(added);
     // Only to the renderer that is there: no window may come up for the pictures of a film.
-    forEachPin(*source, PINDIR_OUTPUT, [&](IPin& pin) {
-        graph.RenderEx(&pin, AM_RENDEREX_RENDERTOEXISTINGRENDERERS, nullptr);
-    });
+    forEachPin(*source, PINDIR_OUTPUT,
+               [&](IPin& pin) { graph.RenderEx(&pin, AM_RENDEREX_RENDERTOEXISTINGRENDERERS, nullptr); });
     // Whatever the results were: they also tell of pictures that found no renderer.
     return isFed(renderer);
 }

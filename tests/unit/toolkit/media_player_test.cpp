@@ -149,7 +149,8 @@ TEST_F(MediaPlayerControl, Stop_Stops) {
 TEST_F(MediaPlayerControl, WhatCannotBePlayed_HasEnded) {
     machine.files().addFile("C:\\broken.wav", "RIFF");
     machine.files().failTransfers("C:\\b.wav");
-    for (const char* name : {"C:\\none.wav", "C:\\broken.wav", "C:\\b.wav", "Q:\\a.wav", "C:\\", "\\\\host\\a"}) {
+    for (const char* name :
+         {"C:\\none.wav", "C:\\broken.wav", "C:\\b.wav", "Q:\\a.wav", "C:\\", "\\\\host\\a"}) {
         player.setFileName(name);
         player.play();
         EXPECT_EQ(player.playState(), PlayState::stopped) << name;

@@ -171,8 +171,7 @@ TEST_F(SimulatedPlayer, Focus_KeysOfTheUserReachItBeforeItTellsOfIt) {
         input.events.back() = event + (machine.focusedWindow() == player->handle() ? " in player" : "");
     };
     machine.runUntilIdle();
-    EXPECT_THAT(input.take(),
-                ElementsAre("key 65 in player", "character 97 in player", "focus in player"));
+    EXPECT_THAT(input.take(), ElementsAre("key 65 in player", "character 97 in player", "focus in player"));
     form->focus();
     machine.user().press(functionKey);
     machine.runUntilIdle();
