@@ -10,7 +10,7 @@ add_program_library(program)
 set(CMAKE_CXX_STANDARD_LIBRARIES "")
 find_sources(win32_sources src/system/win32/*.cpp)
 add_library(win32 STATIC ${win32_sources})
-target_link_libraries(win32 PUBLIC program gdi32 user32 advapi32 ole32 uuid kernel32 PRIVATE strict)
+target_link_libraries(win32 PUBLIC program gdi32 user32 advapi32 ole32 uuid strmiids kernel32 PRIVATE strict)
 
 add_executable(screen_saver WIN32 src/main_win32.cpp resources/tessellarium.rc)
 set_target_properties(screen_saver PROPERTIES OUTPUT_NAME Tessellarium SUFFIX .scr)

@@ -91,6 +91,7 @@ private:
     void MediaPlayer1_KeyPress(std::int16_t character);
     void Timer1_Timer();
     void Timer2_Timer();
+    void playNextOfSoundList();
     void bindHandlers();
 
     // The parts of `LoadImage`, in their order.

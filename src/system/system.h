@@ -5,6 +5,7 @@
 #include "system/failure.h"
 #include "system/files.h"
 #include "system/geometry.h"
+#include "system/media_player.h"
 #include "system/platform.h"
 #include "system/windows.h"
 
@@ -40,6 +41,7 @@ public:
     virtual std::unique_ptr<Canvas> createForm(const FormStyle& style) = 0;
     virtual std::unique_ptr<Canvas> createPictureBox(Window& parent, Color backColor) = 0;
     virtual std::unique_ptr<Window> createLabel(Window& parent, const LabelStyle& style) = 0;
+    virtual std::unique_ptr<MediaPlayer> createMediaPlayer(Window& parent) = 0;
     /// The pixels that a text takes, its lines divided by CR LF.
     virtual Size measureText(const std::string& text, const Font& font) = 0;
 

@@ -108,6 +108,8 @@ public:
     /// `keyCode` is the system's virtual key.
     virtual void keyPressed(WindowHandle window, int keyCode, int shift) = 0;
     virtual void characterTyped(WindowHandle window, int character) = 0;
+    /// A control that can have the keyboard has taken it from its form.
+    virtual void focusGained(WindowHandle window) = 0;
     virtual void closeRequested(WindowHandle window, CloseReason reason) = 0;
     /// The alarm set with `System::setAlarm` has come.
     virtual void alarmRang() = 0;

@@ -62,6 +62,7 @@ public:
 
     Event<> click;
     Event<> dblClick;
+    Event<> gotFocus;                                          // of controls that can have the keyboard
     Event<std::int16_t, std::int16_t> keyDown;                 // key code, shift state
     Event<std::int16_t> keyPress;                              // character
     Event<std::int16_t, std::int16_t, float, float> mouseDown; // button, shift state, x, y in twips
@@ -122,7 +123,7 @@ private:
     Design design_;
 };
 
-/// A control that this program never has on the screen: values without a window.
+/// A control that this program never has on the screen: values, and no window unless a kind makes one.
 class HiddenControl : public Control {
 public:
     HiddenControl(Form& form, Design design) : Control(form, (design.visible = false, design)) {}

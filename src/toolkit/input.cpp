@@ -75,6 +75,12 @@ void Input::characterTyped(sys::WindowHandle window, int character) {
     }
 }
 
+void Input::focusGained(sys::WindowHandle window) {
+    if (Element* element = find(window)) {
+        deliver([&] { element->gotFocus.raise(); });
+    }
+}
+
 void Input::closeRequested(sys::WindowHandle window, sys::CloseReason reason) {
     if (auto* form = dynamic_cast<Form*>(find(window))) {
         deliver([&] { form->unload(reason); });

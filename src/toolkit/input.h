@@ -27,6 +27,7 @@ public:
     void mouseReleased(const sys::MouseEvent& event, bool inside) override;
     void keyPressed(sys::WindowHandle window, int keyCode, int shift) override;
     void characterTyped(sys::WindowHandle window, int character) override;
+    void focusGained(sys::WindowHandle window) override;
     void closeRequested(sys::WindowHandle window, sys::CloseReason reason) override;
     void alarmRang() override;
 

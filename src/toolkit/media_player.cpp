@@ -2,10 +2,57 @@
 
 #include "toolkit/application.h"
 
+#include <utility>
+
 namespace toolkit {
 
+void MediaPlayer::setFileName(const std::string& fileName) {
+    fileName_ = fileName;
+    told_ = false;
+    // The window, and with it all that plays, is made for the first sound.
+    if (!fileName.empty() || hasWindow()) {
+        player().open(fileName);
+    }
+    if (autoStart_ && !fileName.empty()) {
+        play();
+    }
+}
+
+PlayState MediaPlayer::playState() {
+    if (fileName_.empty()) {
+        return PlayState::closed;
+    }
+    return player().playing() ? PlayState::playing : PlayState::stopped;
+}
+
 void MediaPlayer::play() {
-    if (Observer* observer = Application::current().observer()) {
+    tellObserver();
+    if (hasWindow()) {
+        player().play();
+    }
+}
+
+void MediaPlayer::stop() {
+    if (hasWindow()) {
+        player().stop();
+    }
+}
+
+void MediaPlayer::load() {
+    HiddenControl::load();
+    fileName_.clear();
+    autoStart_ = true;
+    live_ = false;
+}
+
+std::unique_ptr<sys::Window> MediaPlayer::makeWindow() {
+    return Application::current().system().createMediaPlayer(form().nativeWindow());
+}
+
+/// Once for each file: `play` comes again behind a start by itself.
+void MediaPlayer::tellObserver() {
+    Observer* observer = Application::current().observer();
+    if (!std::exchange(told_, true) && observer != nullptr) {
         observer->mediaPlayed(fileName_);
     }
 }

@@ -1,6 +1,7 @@
-// The media control: plays one sound file at a time.
+// The media control: plays one sound file at a time, and has nothing to see.
 #pragma once
 
+#include "system/media_player.h"
 #include "toolkit/control.h"
 
 #include <cstdint>
@@ -10,24 +11,39 @@ namespace toolkit {
 
 enum class PlayState : std::int16_t { stopped = 0, paused = 1, playing = 2, closed = 6 };
 
+/// Playing never fails. What can't be played (a missing or broken file, a machine without a sound device) is
+/// a sound that has ended.
 class MediaPlayer : public HiddenControl {
 public:
     MediaPlayer(Form& form, const Design& design) : HiddenControl(form, design) {}
 
     const std::string& fileName() const { return fileName_; }
-    void setFileName(const std::string& fileName) { fileName_ = fileName; }
-    PlayState playState() const { return PlayState::stopped; }
-    /// Says that the control may play.
+    /// Lets go of the former file at once, so that it can be written again, and with `AutoStart` plays the
+    /// new one; "" for none.
+    void setFileName(const std::string& fileName);
+    bool autoStart() const { return autoStart_; }
+    void setAutoStart(bool autoStart) { autoStart_ = autoStart; }
+
+    /// `playing` from the start of a sound until it is over, then `stopped`; `closed` without a file name.
+    PlayState playState();
+    /// Plays the file from its beginning; nothing when it plays already.
+    void play();
+    void stop();
+
+    /// A mark of the container, which holds back nothing: a control that isn't live plays all the same.
     void setLive(bool live) { live_ = live; }
     bool live() const { return live_; }
-    void play();
-    void stop() {}
-
-    Event<> gotFocus;
 
 private:
+    void load() override;
+    std::unique_ptr<sys::Window> makeWindow() override;
+    sys::MediaPlayer& player() { return static_cast<sys::MediaPlayer&>(window()); }
+    void tellObserver();
+
     std::string fileName_;
+    bool autoStart_ = true;
     bool live_ = false;
+    bool told_ = false; // the observer knows of this file
 };
 
 } // namespace toolkit

@@ -10,7 +10,7 @@ namespace toolkit {
 
 void TimerQueue::insert(Timer& timer, std::int64_t due) {
     std::erase_if(entries_, [&](const Entry& entry) { return entry.timer == &timer; });
-    entries_.push_back({due, nextOrder_++, &timer});
+    entries_.push_back({due, nextOrder_--, &timer});
     std::ranges::sort(entries_, {}, [](const Entry& entry) { return std::tuple(entry.due, entry.order); });
 }
 

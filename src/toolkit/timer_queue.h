@@ -1,4 +1,5 @@
-// All timers of the program in order of their due times; ties by the order in which they were set.
+// All timers of the program in order of their due times. Of those that are due together the one set last goes
+// first: two timers with one interval can then start each other anew without one of them never ticking.
 #pragma once
 
 #include <cstdint>
@@ -27,8 +28,8 @@ public:
 
 private:
     struct Entry {
-        std::int64_t due = 0; // milliseconds of the system's clock
-        std::uint64_t order = 0;
+        std::int64_t due = 0;   // milliseconds of the system's clock
+        std::int64_t order = 0; // falls with each setting
         Timer* timer = nullptr;
     };
 
@@ -37,7 +38,7 @@ private:
 
     sys::System& system_;
     std::vector<Entry> entries_;
-    std::uint64_t nextOrder_ = 0;
+    std::int64_t nextOrder_ = 0;
 };
 
 } // namespace toolkit

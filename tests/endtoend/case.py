@@ -53,11 +53,12 @@ class Machines:
             machine.close()
         Machines.current = None
 
-    def session(self, size, dpi):
-        if (size, dpi) not in self._sessions:
+    def session(self, *kind):
+        """`kind` is what tells machines apart: size, dpi, whether there is sound."""
+        if kind not in self._sessions:
             folder = os.path.join(self._folder, f"screen{len(self._sessions)}")
-            self._sessions[size, dpi] = session.Session(self._template, self.helpers, folder, size, dpi)
-        return self._sessions[size, dpi]
+            self._sessions[kind] = session.Session(self._template, self.helpers, folder, *kind)
+        return self._sessions[kind]
 
 
 class Show:
@@ -141,13 +142,14 @@ class EndToEndCase(unittest.TestCase):
 
     size = (1366, 768)
     dpi = 96
+    sound = False  # whether the machine has a sound device
     interval = "1"  # seconds
 
     def setUp(self):
         machines = Machines.current
         self.helpers = machines.helpers
         self.failures = machines.failures
-        self.machine = machines.session(self.size, self.dpi)
+        self.machine = machines.session(self.size, self.dpi, self.sound)
         self.probe = self.machine.probe
         self.environment = {}  # what the product's is to have besides
         self._clear()

@@ -14,16 +14,17 @@ import screen
 
 
 
-def _load_with_wine():
-    """The script that knows how to make a prefix, as a module."""
-    path = pathlib.Path(__file__).resolve().parents[2] / "tools" / "with-wine"
-    loader = importlib.machinery.SourceFileLoader("with_wine", str(path))
-    module = importlib.util.module_from_spec(importlib.util.spec_from_loader("with_wine", loader))
+def _load_tool(name):
+    """A script of `tools` as a module."""
+    path = pathlib.Path(__file__).resolve().parents[2] / "tools" / name
+    loader = importlib.machinery.SourceFileLoader(name.replace("-", "_"), str(path))
+    module = importlib.util.module_from_spec(importlib.util.spec_from_loader(loader.name, loader))
     loader.exec_module(module)
     return module
 
 
-with_wine = _load_with_wine()
+with_wine = _load_tool("with-wine")  # knows how to make a prefix
+with_sound = _load_tool("with-sound")  # knows how to make a sound server
 
 # Loaded machines are slow: a limit is what no run should reach, never a wait.
 LIMIT = 30  # seconds
@@ -136,9 +137,10 @@ class Probe:
 
 
 class Session:
-    """One machine with its screen, from its start to its `close`."""
+    """One machine with its screen, from its start to its `close`; `sound` is its sound server, or None for a
+    machine that has nothing to play a sound on."""
 
-    def __init__(self, template, helpers, folder, size, dpi):
+    def __init__(self, template, helpers, folder, size, dpi, sound):
         self.width, self.height = size
         with contextlib.ExitStack() as stack:
             self._display = Display(folder, size)
@@ -146,12 +148,17 @@ class Session:
             with_wine.ensure_template(template, self._display.name)
             self.environment = stack.enter_context(
                 with_wine.fresh_prefix(template, dpi, self._display.name))
+            self.sound = None
+            if sound:
+                self.sound = with_sound.SoundServer(os.path.join(folder, "sound"))
+                stack.callback(self.sound.close)
+                self.environment.update(self.sound.environment)
             self.drive = os.path.join(self.environment["WINEPREFIX"], "drive_c")
             self.probe = Probe(["wine", os.path.join(helpers, "probe.exe")], self.environment)
             stack.callback(self.probe.close)
-            # A crash ends a program at once, and there is nothing to play a sound on.
+            # A crash ends a program at once.
             self.set_value("Software\\Wine\\WineDbg", "ShowCrashDialog", 0)
-            self.set_value("Software\\Wine\\Drivers", "Audio", "")
+            self.set_value("Software\\Wine\\Drivers", "Audio", "pulse" if sound else "")
             # So that a form that doesn't cover the screen shows.
             self.hold("backdrop", 0, 0, *size)
             self.close = stack.pop_all().close

@@ -162,14 +162,14 @@ void Devices::releaseButton(MouseButton button, int shift) {
 }
 
 void Devices::pressKey(int keyCode, int shift) {
-    if (const WindowNode* form = screen_.focused()) {
-        input_->keyPressed(form->id(), keyCode, shift);
+    if (const WindowNode* window = screen_.focused()) {
+        input_->keyPressed(window->id(), keyCode, shift);
     }
 }
 
 void Devices::typeCharacter(int character) {
-    if (const WindowNode* form = screen_.focused()) {
-        input_->characterTyped(form->id(), character);
+    if (const WindowNode* window = screen_.focused()) {
+        input_->characterTyped(window->id(), character);
     }
 }
 
@@ -250,6 +250,15 @@ void User::doubleClick(Point at, MouseButton button, int shift) {
 void User::pressMouse(Point at, MouseButton button, int shift) {
     goTo(at, shift);
     pressMouse(button, shift);
+}
+
+void User::giveFocus(WindowHandle control) {
+    post([queue = &queue_, devices = &devices_, screen = &screen_, control] {
+        if (WindowNode* window = screen->find(control)) {
+            screen->activate(*window);
+            queue->post(0, [devices, control] { devices->input().focusGained(control); });
+        }
+    });
 }
 
 void User::closeWindow(WindowHandle window, CloseReason reason) {

@@ -126,6 +126,10 @@ public:
     void doubleClick(Point at, MouseButton button = leftButton, int shift = 0);
     void pressMouse(Point at, MouseButton button = leftButton, int shift = 0);
 
+    /// Gives the keyboard to a control that takes it, if it is still there by then. The control tells of it
+    /// behind all that waits already, so that keys which the user has pressed at once reach it.
+    void giveFocus(WindowHandle control);
+
     /// Asks a window to go, if it is still there by then.
     void closeWindow(WindowHandle window, CloseReason reason = CloseReason::byUser);
 

@@ -11,6 +11,7 @@
 #include "system/simulated/screen.h"
 #include "system/simulated/settings_store.h"
 #include "system/simulated/window_procedures.h"
+#include "system/simulated/sound_device.h"
 #include "system/system.h"
 
 #include <memory>
@@ -51,6 +52,7 @@ public:
     std::unique_ptr<sys::Canvas> createForm(const FormStyle& style) override;
     std::unique_ptr<sys::Canvas> createPictureBox(Window& parent, Color backColor) override;
     std::unique_ptr<sys::Window> createLabel(Window& parent, const LabelStyle& style) override;
+    std::unique_ptr<sys::MediaPlayer> createMediaPlayer(Window& parent) override;
     Size measureText(const std::string& text, const Font& font) override;
     PicturePtr decodePicture(std::span<const std::uint8_t> bytes) override;
     void messageBox(const std::string& text, const std::string& title) override;
@@ -93,7 +95,7 @@ public:
     const Bitmap& surface(WindowHandle handle) const;
     /// The foremost visible window at a pixel, or 0.
     WindowHandle windowAt(Point pixel) const;
-    /// The form that the keyboard acts on, or 0.
+    /// The form, or the control that took the focus from it, that the keyboard acts on, or 0.
     WindowHandle focusedWindow() const;
     Presented presented() const { return screen_.presented(); }
     /// A window of another program, which shows nothing itself, at a place in pixels of the screen; without
@@ -115,6 +117,9 @@ public:
     }
     /// `nativeProcedure`, unless the program has given the window one of its own.
     std::intptr_t windowProcedure(WindowHandle window) const { return procedures_.of(window); }
+
+    /// What media players play on.
+    SoundDevice& sound() { return sound_; }
 
     // Process and dialogs
     void setIdentity(const ProgramIdentity& program) { program_ = program; }
@@ -138,6 +143,7 @@ private:
     StoredSettings settings_;
     WindowProcedures procedures_;
     SimulatedPlatform platform_;
+    SoundDevice sound_;
     ProgramIdentity program_;
     double timeOfDay_ = 12 * 60 * 60; // in seconds, when the clock stood at `timeOfDaySetAt_`
     std::int64_t timeOfDaySetAt_ = EventQueue::startOfClock;

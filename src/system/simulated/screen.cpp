@@ -94,7 +94,11 @@ WindowNode* Screen::windowAt(Point pixel) const {
 WindowNode* Screen::focused() const {
     const auto found =
         std::find_if(activated_.rbegin(), activated_.rend(), [](auto* form) { return form->visible(); });
-    return found == activated_.rend() ? nullptr : *found;
+    if (found == activated_.rend()) {
+        return nullptr;
+    }
+    const bool taken = focusTaker_ != nullptr && *found == focusTaker_->parent_;
+    return taken ? focusTaker_ : *found;
 }
 
 void Screen::activate(WindowNode& window) {
@@ -105,6 +109,7 @@ void Screen::activate(WindowNode& window) {
     std::erase(activated_, form);
     activated_.push_back(form);
     raise(*form);
+    focusTaker_ = window.kind_ == WindowKind::mediaPlayer ? &window : nullptr;
 }
 
 void Screen::raise(WindowNode& window) { insert(window, true); }
@@ -171,6 +176,9 @@ void Screen::detach(WindowNode& window) {
     }
     std::erase(siblings(window), &window);
     std::erase(activated_, &window);
+    if (focusTaker_ == &window) {
+        focusTaker_ = nullptr;
+    }
     windows_.erase(window.id_);
     window.visible_ = false;
     window.parent_ = nullptr;

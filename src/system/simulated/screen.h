@@ -13,7 +13,7 @@ namespace sys::simulated {
 
 class Screen;
 
-enum class WindowKind { form, pictureBox, label, foreign };
+enum class WindowKind { form, pictureBox, label, mediaPlayer, foreign };
 
 /// A window's place in the tree. The screen must outlive it; its parent need not: a window goes with its
 /// parent, and what is left of it then is an object that stands for no window any more.
@@ -43,7 +43,7 @@ public:
 
     void moveTo(const Area& area);
     void setVisible(bool visible);
-    /// Brings its form to the front and gives it the keyboard.
+    /// Brings its form to the front and gives the keyboard to it, or to this window if it takes it.
     void activate();
     void setCaption(const std::string& text) { text_ = text; }
     void setInTaskBar(bool inTaskBar) { inTaskBar_ = inTaskBar; }
@@ -102,9 +102,11 @@ public:
     const std::vector<WindowNode*>& topLevel() const { return topLevel_; }
     /// The foremost visible window at a pixel, or null.
     WindowNode* windowAt(Point pixel) const;
-    /// The form that the keyboard acts on, or null: the visible one that was shown or clicked last.
+    /// What the keyboard acts on, or null: the visible form that was shown or clicked last, or the control
+    /// that took the focus from it.
     WindowNode* focused() const;
-    /// Brings the window's form to the front and gives it the keyboard.
+    /// Brings the window's form to the front and gives the keyboard to it; to the window itself if that is
+    /// of a kind that takes it.
     void activate(WindowNode& window);
 
     /// Brings a window in front of its siblings; only topmost ones stay before it.
@@ -134,6 +136,7 @@ private:
     std::map<WindowHandle, WindowNode*> windows_;
     std::vector<WindowNode*> topLevel_;  // front first
     std::vector<WindowNode*> activated_; // forms; the last one was activated last
+    WindowNode* focusTaker_ = nullptr;   // the control that took the focus from the last form
     WindowHandle nextHandle_ = 0x10002;
     Presented presented_;
 };

@@ -25,7 +25,7 @@ public:
 
 Machine::Machine(const MachineOptions& options)
     : screen_(options.screen, options.twipsPerPixel), devices_(screen_), drives_(options.program.folder),
-      procedures_(screen_, devices_), platform_(screen_, procedures_, queue_, drives_),
+      procedures_(screen_, devices_), platform_(screen_, procedures_, queue_, drives_), sound_(queue_),
       program_(options.program) {
     drives_.addFile(program_.folder + '\\' + program_.executableName + ".scr", programFile);
     queue_.connectAlarm([this] { devices_.input().alarmRang(); });
@@ -75,8 +75,8 @@ WindowHandle Machine::windowAt(Point pixel) const {
 }
 
 WindowHandle Machine::focusedWindow() const {
-    const WindowNode* form = screen_.focused();
-    return form != nullptr ? form->id() : 0;
+    const WindowNode* window = screen_.focused();
+    return window != nullptr ? window->id() : 0;
 }
 
 WindowHandle Machine::addForeignWindow(const std::string& caption, const PixelRect& place) {

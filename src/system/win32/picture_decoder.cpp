@@ -1,12 +1,12 @@
 #include "system/win32/picture_decoder.h"
 
 #include "system/win32/codec_input.h"
+#include "system/win32/com.h"
 #include "system/win32/dib.h"
 #include "system/win32/metafile.h"
 #include "system/win32/picture_bytes.h"
 #include "system/win32/pictures.h"
 
-#include <objbase.h>
 #include <wincodec.h>
 
 #include <algorithm>
@@ -17,11 +17,6 @@
 namespace sys::win32 {
 
 namespace {
-
-struct ReleaseInterface {
-    void operator()(IUnknown* object) const { object->Release(); }
-};
-template <class Interface> using ComPtr = std::unique_ptr<Interface, ReleaseInterface>;
 
 void check(HRESULT result) {
     if (SUCCEEDED(result))
@@ -85,17 +80,6 @@ public:
     }
 
 private:
-    struct Apartment {
-        Apartment() : entered(SUCCEEDED(CoInitialize(nullptr))) {}
-        Apartment(const Apartment&) = delete;
-        Apartment& operator=(const Apartment&) = delete;
-        ~Apartment() {
-            if (entered)
-                CoUninitialize();
-        }
-        bool entered;
-    };
-
     /// Reads from `bytes` for as long as it lives.
     ComPtr<IWICBitmapFrameDecode> frameOf(Bytes bytes, const GUID& container, UINT index) {
         demand(bytes.size() <= std::numeric_limits<DWORD>::max());

@@ -26,6 +26,7 @@ public:
     std::unique_ptr<Canvas> createForm(const FormStyle& style) override;
     std::unique_ptr<Canvas> createPictureBox(Window& parent, Color backColor) override;
     std::unique_ptr<Window> createLabel(Window& parent, const LabelStyle& style) override;
+    std::unique_ptr<MediaPlayer> createMediaPlayer(Window& parent) override;
     Size measureText(const std::string& text, const Font& font) override;
     PicturePtr decodePicture(std::span<const std::uint8_t> bytes) override;
     void messageBox(const std::string& text, const std::string& title) override;

@@ -122,18 +122,33 @@ TEST_F(Timers, Ticks_ComeInTheOrderOfTheirDueTimes) {
     EXPECT_THAT(events, ElementsAre("quick 300", "quick 600", "quick 900", "slow 1000", "quick 1200"));
 }
 
-TEST_F(Timers, Ties_ComeInTheOrderInWhichTheyWereSet) {
+TEST_F(Timers, Ties_BeginWithTheOneThatWasSetLast) {
     form.running.setInterval(1000);
     quick.setInterval(1000);
     form.running.setEnabled(true);
     quick.setEnabled(true);
     slow.setEnabled(true);
     machine.advance(1000);
-    EXPECT_THAT(events, ElementsAre("running 1000", "quick 1000", "slow 1000"));
+    EXPECT_THAT(events, ElementsAre("slow 1000", "quick 1000", "running 1000"));
     quick.setInterval(1000); // set anew: now the last
     events.clear();
     machine.advance(1000);
-    EXPECT_THAT(events, ElementsAre("running 2000", "slow 2000", "quick 2000"));
+    EXPECT_THAT(events, ElementsAre("quick 2000", "running 2000", "slow 2000"));
+}
+
+TEST_F(Timers, HandlerThatStartsATimerOfTheSameIntervalAnew_LeavesItItsTicks) {
+    quick.setInterval(1000);
+    slow.tick = [this] {
+        logTick("slow");
+        for (const bool enabled : {false, true}) {
+            slow.setEnabled(enabled);
+            quick.setEnabled(enabled);
+        }
+    };
+    slow.setEnabled(true);
+    quick.setEnabled(true);
+    machine.advance(2000);
+    EXPECT_THAT(events, ElementsAre("quick 1000", "slow 1000", "quick 2000", "slow 2000"));
 }
 
 TEST_F(Timers, Handler_ThatDisablesItsTimer_EndsTheTicks) {
@@ -152,8 +167,8 @@ TEST_F(Timers, Handler_ThatDisablesAnotherDueTimer_KeepsItFromTicking) {
         logTick("quick");
         slow.setEnabled(false);
     };
-    quick.setEnabled(true);
     slow.setEnabled(true);
+    quick.setEnabled(true);
     machine.advance(1000);
     EXPECT_THAT(events, ElementsAre("quick 1000"));
 }
@@ -185,8 +200,8 @@ TEST_F(Timers, TimerDueTogetherWithAYieldingOne_TicksOnceInsideTheYield) {
         yieldFor(50);
         logTick("back");
     };
-    slow.setEnabled(true);
     quick.setEnabled(true);
+    slow.setEnabled(true);
     machine.advance(1999);
     EXPECT_THAT(events, ElementsAre("slow 1000", "quick 1000", "back 1050"));
 }
@@ -235,8 +250,8 @@ TEST_F(Timers, UnloadInsideATick_StopsAllTimersOfTheForm) {
         logTick("slow");
         form.unload();
     };
-    slow.setEnabled(true);
     quick.setEnabled(true);
+    slow.setEnabled(true);
     machine.advance(5000);
     EXPECT_THAT(events, ElementsAre("slow 1000"));
 }

@@ -29,6 +29,7 @@ public:
     void characterTyped(sys::WindowHandle, int character) override {
         add("character " + std::to_string(character));
     }
+    void focusGained(sys::WindowHandle) override { add("focus"); }
     void closeRequested(sys::WindowHandle, sys::CloseReason reason) override {
         add("close " + std::to_string(static_cast<int>(reason)));
     }

@@ -1,0 +1,38 @@
+// The playing of one sound file by the system's media component.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace sys::win32 {
+
+/// Holds its file and the sound device for as long as it lives.
+class AudioGraph {
+public:
+    /// Null when the file can't be played, or there is nothing to play it on.
+    static std::unique_ptr<AudioGraph> make(const std::string& fileName);
+    AudioGraph(const AudioGraph&) = delete;
+    AudioGraph& operator=(const AudioGraph&) = delete;
+    ~AudioGraph();
+
+    /// Plays from the beginning; false when the system refuses.
+    bool run();
+    void stop();
+    /// Whether the sound that runs is over. One that stands still for some seconds, as when its device has
+    /// gone, is over, too.
+    bool over();
+
+private:
+    struct Components;
+
+    explicit AudioGraph(std::unique_ptr<Components> components);
+    bool endReported();
+    bool standsStill();
+
+    std::unique_ptr<Components> components_;
+    std::int64_t position_ = 0; // when last looked at, in the component's own unit
+    std::int64_t movedAt_ = 0;  // when the position was last seen to change, by `clockNow`
+};
+
+} // namespace sys::win32

@@ -1,0 +1,56 @@
+#include "system/win32/audio_graph.h"
+#include "system/win32/native_window.h"
+#include "system/win32/system_win32.h"
+
+namespace sys::win32 {
+
+namespace {
+
+/// A child window that is never shown, as a sound has nothing to see, and never has the keyboard.
+class MediaPlayerWindow : public NativeWindow<MediaPlayer> {
+public:
+    MediaPlayerWindow(HWND parent, TwipsPerPixel scale) : NativeWindow(scale) {
+        adopt(CreateWindowExA(0, "STATIC", "", WS_CHILD, 0, 0, 0, 0, parent, nullptr,
+                              GetModuleHandleA(nullptr), nullptr));
+    }
+
+    void show(bool) override {}
+    void focus() override {}
+
+    void open(const std::string& fileName) override {
+        stop();
+        graph_ = nullptr;
+        if (!fileName.empty())
+            graph_ = AudioGraph::make(fileName);
+    }
+
+    void play() override {
+        if (graph_ && !playing())
+            running_ = graph_->run();
+    }
+
+    void stop() override {
+        if (running_)
+            graph_->stop();
+        running_ = false;
+    }
+
+    bool playing() override {
+        // Stopped at its end, so that the device is free and lets the machine go to sleep.
+        if (running_ && graph_->over())
+            stop();
+        return running_;
+    }
+
+private:
+    std::unique_ptr<AudioGraph> graph_; // null: nothing that can be played
+    bool running_ = false;
+};
+
+} // namespace
+
+std::unique_ptr<MediaPlayer> Win32System::createMediaPlayer(Window& parent) {
+    return std::make_unique<MediaPlayerWindow>(toNative(parent.handle()), twipsPerPixel());
+}
+
+} // namespace sys::win32
