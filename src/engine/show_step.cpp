@@ -249,8 +249,8 @@ void MainForm::startSound() {
             Timer2.setEnabled(true);
             SoundListPending = False;
         }
-    } else if (shared.SoundMode == noSound) {
-        return;
+    } else if (shared.SoundMode != soundWithImage && shared.SoundMode != imageWaitsSound) {
+        return; // no sound, or what a damaged package has for a mode
     } else if (shared.RunMode == standAloneMode) {
         LoadImbeddedSound(shared.ImageIndex);
         if (!ExtractedSound.empty()) {
@@ -264,7 +264,7 @@ void MainForm::startSound() {
             observer->plainSoundPlayed(sound);
         }
         Application::current().system().platform().sndPlaySound(sound, asynchronousSound);
-    } else if (shared.SoundMode == imageWaitsSound) {
+    } else {
         MediaPlayer1.setFileName(itemText(shared.ImageSounds, shared.ImageIndex));
         MediaPlayer1.play();
         Label2.setCaption("Play");

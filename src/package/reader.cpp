@@ -1,5 +1,6 @@
 // The reading of a packaged show from the program's own file.
 #include "package/format.h"
+#include "package/trailer.h"
 #include "show/main_form.h"
 #include "show/show_system.h"
 #include "startup/marrowfieldry.h"
@@ -46,15 +47,35 @@ void copySegment(int source, int target, std::int32_t end, const std::int16_t& S
     }
 }
 
-/// The file of a sound, beside the program. The extension comes from the package, and one that would name
+/// Frees an open file number at the end of its scope. After a failure nothing else does, and the show goes
+/// on: the next routine takes the number again, and the show's end deletes the picture.
+class Freed {
+public:
+    explicit Freed(int number) : number_(number) {}
+    ~Freed() { files().abandon(number_); }
+    Freed(const Freed&) = delete;
+    Freed& operator=(const Freed&) = delete;
+
+private:
+    int number_;
+};
+
+/// Whether a name can hold the character without leading to another folder or file.
+bool canStandInExtension(char character) {
+    constexpr std::string_view leadsElsewhere = "\\/:*?<>|\".";
+    // The system takes names up to their first zero.
+    return static_cast<unsigned char>(character) >= ' ' &&
+           leadsElsewhere.find(character) == std::string_view::npos;
+}
+
+/// The file of a sound, beside the program. The extension comes from the package: one that would name
 /// another file than a sound's fails with 75.
-std::string soundFile(const std::string& extension) {
-    constexpr std::string_view leadsElsewhere = "\\/:*?.";
-    // Blanks at a name's end mean nothing to the system.
-    const std::string name = toolkit::upperCase(extension.substr(0, extension.find_last_not_of(' ') + 1));
-    constexpr std::array ownFiles = {"SCR", "PIC", "LOG"};
-    if (name.find_first_of(leadsElsewhere) != std::string::npos ||
-        std::ranges::find(ownFiles, name) != ownFiles.end()) {
+std::string soundFile(const std::string& stored) {
+    // Blanks fill the extension up, and mean nothing to the system at a name's end.
+    const std::string extension = stored.substr(0, stored.find_last_not_of(' ') + 1);
+    constexpr std::array ownFiles = {"SCR", "PIC", "LOG", "HLP"};
+    if (!std::ranges::all_of(extension, canStandInExtension) ||
+        std::ranges::find(ownFiles, toolkit::upperCase(extension)) != ownFiles.end()) {
         throw Failure(FailureCode::pathFileAccess);
     }
     return AddBackslash(Application::current().system().identity().folder) + "Tessellarium." + extension;
@@ -66,24 +87,18 @@ std::int16_t MainForm::ReadSCR() {
     constexpr int own = 1;
     WriteLog("S: MainForm ReadSCR");
     lstImageNames.clear();
-    files().open(own, ownFileName(), OpenMode::input);
-    const std::int64_t length = files().length(own);
-    files().close(own);
     files().open(own, ownFileName(), OpenMode::binaryRead);
-    files().seek(own, length - package::markOffset);
-    if (files().readField(own) != package::mark) {
+    if (!package::endsWithMark(files(), own)) {
         return False; // the file stays open: meant so
     }
-    files().seek(own, length - package::countOffset);
-    const std::int16_t count = read16(own);
-    files().seek(own, length - package::directoryOffset);
-    const std::int32_t directory = read32(own);
+    const Freed ownFile(own);
+    const package::Trailer trailer = package::readTrailer(files(), own);
     // One above the last row, so that the walk through the sounds has a silent step: meant so.
-    shared.SoundLast = count;
-    files().seek(own, directory);
+    shared.SoundLast = trailer.count;
+    files().seek(own, trailer.directory);
     shared.SoundMode = read16(own);
     WriteLog("X: ", toolkit::signedTextOf(shared.SoundMode));
-    for (std::int16_t row = 0; row < count; ++row) {
+    for (std::int16_t row = 0; row < trailer.count; ++row) {
         entry(shared.ImageStart, row) = read32(own);
         entry(shared.ImageEnd, row) = read32(own);
         entry(shared.ImageDissolves, row) = files().readField(own);
@@ -114,8 +129,10 @@ std::int16_t MainForm::LoadImbeddedImage(const std::int16_t& index) {
     std::int16_t Timer2WasOn = False;
     DisableTimers(Timer1WasOn, Timer2WasOn);
     files().open(own, ownFileName(), OpenMode::binaryRead);
+    const Freed ownFile(own);
     // Not emptied: a longer former picture leaves its tail, which no decoder reads.
     files().open(picture, temporaryPicture(), OpenMode::binary);
+    const Freed pictureFile(picture);
     files().seek(own, entry(shared.ImageStart, index));
     copySegment<package::blockSize>(own, picture, entry(shared.ImageEnd, index), ShowEnding);
     files().close(own);
@@ -141,8 +158,10 @@ void MainForm::LoadImbeddedSound(const std::int16_t& index) {
         std::int16_t Timer2WasOn = False;
         DisableTimers(Timer1WasOn, Timer2WasOn);
         files().open(own, ownFileName(), OpenMode::binaryRead);
+        const Freed ownFile(own);
         ExtractedSound = soundFile(entry(shared.SoundExt, index));
         files().open(sound, ExtractedSound, OpenMode::binary);
+        const Freed target(sound);
         files().seek(own, entry(shared.SoundStart, index));
         copySegment<package::soundBlockSize>(own, sound, entry(shared.SoundEnd, index), ShowEnding);
         files().close(own);

@@ -1,7 +1,7 @@
 #include "startup/marrowfieldry.h"
 
 #include "package/comment.h"
-#include "package/format.h"
+#include "package/trailer.h"
 #include "startup/shared_state.h"
 #include "startup/trace.h"
 #include "toolkit/application.h"
@@ -29,11 +29,10 @@ namespace {
 
 constexpr int ownFile = 1; // the file number
 
-std::string readMark() {
+bool isPackage() {
     toolkit::FileTable& files = Application::current().files();
-    files.open(ownFile, ownFileName(), toolkit::OpenMode::input);
-    files.seek(ownFile, files.length(ownFile) - package::markOffset);
-    return files.readField(ownFile);
+    files.open(ownFile, ownFileName(), toolkit::OpenMode::binaryRead);
+    return package::endsWithMark(files, ownFile);
 }
 
 } // namespace
@@ -43,7 +42,7 @@ std::int16_t DetermineRunMode() {
     std::int16_t mode = 0;
     toolkit::handlingFailures(
         [&] {
-            if (readMark() == package::mark) {
+            if (isPackage()) {
                 mode = standAloneMode;
             }
             WriteLog("E: DetermineRunMode");

@@ -127,6 +127,8 @@ void FileTable::close(int number) {
     }
 }
 
+void FileTable::abandon(int number) noexcept { streams_.erase(number); }
+
 FileTable::Stream& FileTable::stream(int number) { return *streams_.at(number); }
 
 bool FileTable::atEnd(int number) { return stream(number).peek() == Stream::end; }

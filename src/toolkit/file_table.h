@@ -32,12 +32,15 @@ public:
     /// Writes out what is still in memory and may fail as a write does; the number is free all the same.
     /// A number that isn't open is left alone.
     void close(int number);
+    /// Frees the number without writing out what is still in memory. A number that isn't open is left alone.
+    void abandon(int number) noexcept;
 
     /// Whether the position has reached the end of the file.
     bool atEnd(int number);
     /// In bytes.
     std::int64_t length(int number);
-    /// The 1-based position of the next byte that is read or written; of no meaning in a file opened to append.
+    /// The 1-based position of the next byte that is read or written; of no meaning in a file opened to
+    /// append.
     std::int64_t position(int number);
     /// Moves to a 1-based position; fails with 5 below 1.
     void seek(int number, std::int64_t position);
