@@ -173,6 +173,14 @@ void Devices::typeCharacter(int character) {
     }
 }
 
+bool Devices::activate(WindowHandle window) {
+    WindowNode* const node = screen_.find(window);
+    if (node != nullptr) {
+        screen_.activate(*node);
+    }
+    return node != nullptr;
+}
+
 WindowNode* Devices::target() const {
     WindowNode* pressed = screen_.find(pressed_);
     return pressed != nullptr && pressed->visible() ? pressed : screen_.windowAt(pointer_);
@@ -253,9 +261,8 @@ void User::pressMouse(Point at, MouseButton button, int shift) {
 }
 
 void User::giveFocus(WindowHandle control) {
-    post([queue = &queue_, devices = &devices_, screen = &screen_, control] {
-        if (WindowNode* window = screen->find(control)) {
-            screen->activate(*window);
+    post([queue = &queue_, devices = &devices_, control] {
+        if (devices->activate(control)) {
             queue->post(0, [devices, control] { devices->input().focusGained(control); });
         }
     });

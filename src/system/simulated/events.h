@@ -86,6 +86,8 @@ public:
     void releaseButton(MouseButton button, int shift);
     void pressKey(int keyCode, int shift);
     void typeCharacter(int character);
+    /// Hands the keyboard to a window, which isn't told; false when it is gone.
+    bool activate(WindowHandle window);
 
 private:
     /// The window that gets the mouse: the one that was pressed, as long as a button is down.
