@@ -51,7 +51,7 @@ Failure failureAt(const std::string& path, DWORD error) {
     if (isOnMissingDrive(path)) {
         return Failure(FailureCode::deviceUnavailable);
     }
-    if (isFolder(path)) {
+    if (path.empty() || isFolder(path)) {
         return Failure(FailureCode::pathFileAccess);
     }
     return Failure(codeOf(error));
