@@ -164,6 +164,19 @@ TEST(BlockTransition, OtherTwipsPerPixel_OverlapByOneRoundedPixel) {
     }
 }
 
+TEST(BlockTransition, PixelsThatAreNotSquare_OverlapByTheirOwnSides) {
+    for (const char* name : {"Random Blocks", "Top To Bottom", "Left To Right"}) {
+        SCOPED_TRACE(name);
+        Show show(name, {100, 100}, 10, {}, {12, 7.5}); // 1200 by 750 twips
+        show.run();
+        const RecordedPaint& first = show.paints()[0];
+        const bool rows = *name == 'T';
+        const bool columns = *name == 'L';
+        EXPECT_EQ(first.target[2], (rows ? 1200 : 120) + 12);
+        EXPECT_EQ(first.target[3], (columns ? 750 : 75) + 8);
+    }
+}
+
 TEST(BlockTransition, Block_OfAnEndingShow_IsNeitherPaintedNorTraced) {
     Show show("Normal", {100, 100});
     show.form().ShowEnding = True;
