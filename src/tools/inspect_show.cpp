@@ -7,7 +7,6 @@
 #include <filesystem>
 #include <iostream>
 #include <optional>
-#include <stdexcept>
 #include <system_error>
 #include <vector>
 
@@ -100,7 +99,7 @@ public:
     void stripDrawn() override {
         constexpr int plenty = 10'000'000;
         if (++strips_ > plenty) {
-            throw std::runtime_error("the draws of --random never hit every block or strip");
+            throw WrongCall("the draws of --random never hit every block or strip");
         }
     }
     void paused(std::int16_t divisor) override { add({{"op", "pause"}, {"divisor", divisor}}); }
