@@ -40,7 +40,7 @@ protected:
         program.useTemplate(lines);
         program.start("/s");
     }
-    /// A packaged show of two items with pictures but no sounds, whose reader finds nothing.
+    /// A show that goes on as a packaged one without sounds.
     void startPackaged(std::int16_t soundMode) {
         program.start("/s");
         shared.RunMode = standAloneMode;
@@ -337,7 +337,7 @@ TEST_F(ShowSound, SoundList_EndOfTheShow_StopsTheSound) {
     EXPECT_EQ(over(0), 3500);
 }
 
-// A packaged show. What it extracts comes with its reader; without one `ExtractedSound` stays empty.
+// A packaged show without sounds
 
 TEST_F(ShowSound, PackagedSoundList_ReachesAnIndexWithoutASoundAndWraps) {
     startPackaged(soundList);
