@@ -187,11 +187,13 @@ struct CloseSearch {
 
 std::unique_ptr<File> Win32Files::open(const std::string& path, Access access) {
     OwnedFile file = tryToOpen(path, access);
-    if (!file && access == Access::readWrite && GetLastError() == ERROR_ACCESS_DENIED && exists(path)) {
+    DWORD error = GetLastError();
+    if (!file && access == Access::readWrite && error == ERROR_ACCESS_DENIED && exists(path)) {
         file = tryToOpen(path, Access::read);
+        error = GetLastError();
     }
     if (!file) {
-        throw failureAt(path, GetLastError());
+        throw failureAt(path, error);
     }
     // Not a console, a serial line or the like, where a read could wait for ever.
     if (GetFileType(file.get()) != FILE_TYPE_DISK) {
