@@ -1,4 +1,5 @@
-// The reading of a packaged show from the program's own file.
+// The reading of a packaged show from the program's own file. What a failure leaves open is freed: the show
+// goes on, the next routine takes the number again, and the show's end deletes the picture.
 #include "package/format.h"
 #include "package/trailer.h"
 #include "show/main_form.h"
@@ -16,6 +17,7 @@
 
 using toolkit::Application;
 using toolkit::FileTable;
+using toolkit::Freed;
 using toolkit::OpenMode;
 
 namespace {
@@ -47,19 +49,6 @@ void copySegment(int source, int target, std::int32_t end, const std::int16_t& S
     }
 }
 
-/// Frees an open file number at the end of its scope. After a failure nothing else does, and the show goes
-/// on: the next routine takes the number again, and the show's end deletes the picture.
-class Freed {
-public:
-    explicit Freed(int number) : number_(number) {}
-    ~Freed() { files().abandon(number_); }
-    Freed(const Freed&) = delete;
-    Freed& operator=(const Freed&) = delete;
-
-private:
-    int number_;
-};
-
 /// Whether a name can hold the character without leading to another folder or file.
 bool canStandInExtension(char character) {
     constexpr std::string_view leadsElsewhere = "\\/:*?<>|\".";
@@ -88,10 +77,11 @@ std::int16_t MainForm::ReadSCR() {
     WriteLog("S: MainForm ReadSCR");
     lstImageNames.clear();
     files().open(own, ownFileName(), OpenMode::binaryRead);
+    Freed ownFile(files(), own);
     if (!package::endsWithMark(files(), own)) {
-        return False; // the file stays open: meant so
+        ownFile.leaveOpen(); // meant so
+        return False;
     }
-    const Freed ownFile(own);
     const package::Trailer trailer = package::readTrailer(files(), own);
     // One above the last row, so that the walk through the sounds has a silent step: meant so.
     shared.SoundLast = trailer.count;
@@ -129,10 +119,10 @@ std::int16_t MainForm::LoadImbeddedImage(const std::int16_t& index) {
     std::int16_t Timer2WasOn = False;
     DisableTimers(Timer1WasOn, Timer2WasOn);
     files().open(own, ownFileName(), OpenMode::binaryRead);
-    const Freed ownFile(own);
+    const Freed ownFile(files(), own);
     // Not emptied: a longer former picture leaves its tail, which no decoder reads.
     files().open(picture, temporaryPicture(), OpenMode::binary);
-    const Freed pictureFile(picture);
+    const Freed pictureFile(files(), picture);
     files().seek(own, entry(shared.ImageStart, index));
     copySegment<package::blockSize>(own, picture, entry(shared.ImageEnd, index), ShowEnding);
     files().close(own);
@@ -158,10 +148,10 @@ void MainForm::LoadImbeddedSound(const std::int16_t& index) {
         std::int16_t Timer2WasOn = False;
         DisableTimers(Timer1WasOn, Timer2WasOn);
         files().open(own, ownFileName(), OpenMode::binaryRead);
-        const Freed ownFile(own);
+        const Freed ownFile(files(), own);
         ExtractedSound = soundFile(entry(shared.SoundExt, index));
         files().open(sound, ExtractedSound, OpenMode::binary);
-        const Freed target(sound);
+        const Freed target(files(), sound);
         files().seek(own, entry(shared.SoundStart, index));
         copySegment<package::soundBlockSize>(own, sound, entry(shared.SoundEnd, index), ShowEnding);
         files().close(own);

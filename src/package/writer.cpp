@@ -85,6 +85,8 @@ void frmDesigner::WritePackage(const std::string& target) {
         [&] {
             ListView1.setVisible(false);
             Frame2.setVisible(true);
+            Frame2.refresh();
+            refresh();
             if (const std::string reason = refusal(target); !reason.empty()) {
                 Application::current().showMessage(reason);
                 finish();
@@ -107,7 +109,10 @@ void frmDesigner::WritePackage(const std::string& target) {
             copyProgram(target, block);
             files().open(packageFile, target, OpenMode::binary);
             files().seek(packageFile, programLength); // on its last byte
-            for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
+            // A handler that runs in a yield may change the rows. The loop keeps their first number, so that
+            // a row that went fails instead of leaving a package that looks whole.
+            const std::int16_t rows = ListView1.rowCount();
+            for (std::int16_t row = 1; row <= rows; ++row) {
                 appendMedia(row, block);
                 UpdateThinking(row, ListView1.rowCount());
             }

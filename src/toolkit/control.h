@@ -128,6 +128,9 @@ class HiddenControl : public Control {
 public:
     HiddenControl(Form& form, Design design) : Control(form, (design.visible = false, design)) {}
 
+    /// Asks for a repaint, of which nothing would be seen.
+    void refresh() {}
+
 private:
     bool canShow() const override { return false; }
     std::unique_ptr<sys::Window> makeWindow() override;

@@ -129,7 +129,13 @@ void FileTable::close(int number) {
 
 void FileTable::abandon(int number) noexcept { streams_.erase(number); }
 
-FileTable::Stream& FileTable::stream(int number) { return *streams_.at(number); }
+FileTable::Stream& FileTable::stream(int number) {
+    const auto found = streams_.find(number);
+    if (found == streams_.end()) {
+        throw Failure(FailureCode::badFileNumber);
+    }
+    return *found->second;
+}
 
 bool FileTable::atEnd(int number) { return stream(number).peek() == Stream::end; }
 

@@ -19,7 +19,8 @@ enum class OpenMode {
     binary,     // reading and writing of blocks; the file is made if need be, and keeps its content if not
 };
 
-/// A file stays open under its number until it is closed, also after a failure.
+/// A file stays open under its number until it is closed, also after a failure. Whatever is asked of a number
+/// that isn't open, but to close or abandon it, fails with 52.
 class FileTable {
 public:
     explicit FileTable(sys::Files& files);
@@ -69,6 +70,27 @@ private:
 
     sys::Files& files_;
     std::map<int, std::unique_ptr<Stream>> streams_;
+};
+
+/// Frees an open number at the end of its scope, for what a failure leaves behind: what is still in memory
+/// isn't written out.
+class Freed {
+public:
+    Freed(FileTable& files, int number) : files_(files), number_(number) {}
+    ~Freed() {
+        if (!leftOpen_) {
+            files_.abandon(number_);
+        }
+    }
+    Freed(const Freed&) = delete;
+    Freed& operator=(const Freed&) = delete;
+
+    void leaveOpen() { leftOpen_ = true; }
+
+private:
+    FileTable& files_;
+    int number_;
+    bool leftOpen_ = false;
 };
 
 } // namespace toolkit

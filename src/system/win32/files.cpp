@@ -11,8 +11,9 @@ namespace {
 
 /// What a drive letter stands for, when the path begins with one and nothing stands behind it.
 bool isOnMissingDrive(const std::string& path) {
-    if (path.size() < 2 || path[1] != ':')
+    if (path.size() < 2 || path[1] != ':') {
         return false;
+    }
     return GetDriveTypeA((path.substr(0, 2) + "\\").c_str()) == DRIVE_NO_ROOT_DIR;
 }
 
@@ -47,10 +48,12 @@ FailureCode codeOf(DWORD error) {
 
 /// The system's own errors for drives and folders differ from call to call, so that the path tells these.
 Failure failureAt(const std::string& path, DWORD error) {
-    if (isOnMissingDrive(path))
+    if (isOnMissingDrive(path)) {
         return Failure(FailureCode::deviceUnavailable);
-    if (isFolder(path))
+    }
+    if (path.empty() || isFolder(path)) {
         return Failure(FailureCode::pathFileAccess);
+    }
     return Failure(codeOf(error));
 }
 
@@ -67,10 +70,13 @@ public:
         std::size_t done = 0;
         while (done < size) {
             DWORD now = 0;
-            if (!ReadFile(file_.get(), static_cast<char*>(buffer) + done, piece(size - done), &now, nullptr))
+            if (ReadFile(file_.get(), static_cast<char*>(buffer) + done, piece(size - done), &now, nullptr) ==
+                0) {
                 throw Failure(FailureCode::deviceIo);
-            if (now == 0)
+            }
+            if (now == 0) {
                 break;
+            }
             done += now;
         }
         return done;
@@ -80,11 +86,13 @@ public:
         std::size_t done = 0;
         while (done < size) {
             DWORD now = 0;
-            if (!WriteFile(file_.get(), static_cast<const char*>(data) + done, piece(size - done), &now,
-                           nullptr))
+            if (WriteFile(file_.get(), static_cast<const char*>(data) + done, piece(size - done), &now,
+                          nullptr) == 0) {
                 throw Failure(codeOf(GetLastError()));
-            if (now == 0)
+            }
+            if (now == 0) {
                 throw Failure(FailureCode::diskFull);
+            }
             done += now;
         }
     }
@@ -92,14 +100,16 @@ public:
     void seek(std::int64_t offset) override {
         LARGE_INTEGER position;
         position.QuadPart = offset;
-        if (!SetFilePointerEx(file_.get(), position, nullptr, FILE_BEGIN))
+        if (SetFilePointerEx(file_.get(), position, nullptr, FILE_BEGIN) == 0) {
             throw Failure(FailureCode::deviceIo);
+        }
     }
 
     std::int64_t length() override {
         LARGE_INTEGER bytes;
-        if (!GetFileSizeEx(file_.get(), &bytes))
+        if (GetFileSizeEx(file_.get(), &bytes) == 0) {
             throw Failure(FailureCode::deviceIo);
+        }
         return bytes.QuadPart;
     }
 
@@ -149,8 +159,9 @@ public:
         const HANDLE file = CreateFileA(path.c_str(), FILE_READ_ATTRIBUTES,
                                         FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                         OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-        if (file == INVALID_HANDLE_VALUE)
+        if (file == INVALID_HANDLE_VALUE) {
             return;
+        }
         file_.reset(file);
         exists_ = GetFileInformationByHandle(file, &information_) != 0;
     }
@@ -176,13 +187,18 @@ struct CloseSearch {
 
 std::unique_ptr<File> Win32Files::open(const std::string& path, Access access) {
     OwnedFile file = tryToOpen(path, access);
-    if (!file && access == Access::readWrite && GetLastError() == ERROR_ACCESS_DENIED && exists(path))
+    DWORD error = GetLastError();
+    if (!file && access == Access::readWrite && error == ERROR_ACCESS_DENIED && exists(path)) {
         file = tryToOpen(path, Access::read);
-    if (!file)
-        throw failureAt(path, GetLastError());
+        error = GetLastError();
+    }
+    if (!file) {
+        throw failureAt(path, error);
+    }
     // Not a console, a serial line or the like, where a read could wait for ever.
-    if (GetFileType(file.get()) != FILE_TYPE_DISK)
+    if (GetFileType(file.get()) != FILE_TYPE_DISK) {
         throw Failure(FailureCode::pathFileAccess);
+    }
     return std::make_unique<OpenFile>(std::move(file));
 }
 
@@ -199,8 +215,9 @@ bool Win32Files::same(const std::string& one, const std::string& other) {
 }
 
 void Win32Files::remove(const std::string& path) {
-    if (!DeleteFileA(path.c_str()))
+    if (DeleteFileA(path.c_str()) == 0) {
         throw failureAt(path, GetLastError());
+    }
 }
 
 std::vector<std::string> Win32Files::list(const std::string& pattern) {
@@ -208,8 +225,9 @@ std::vector<std::string> Win32Files::list(const std::string& pattern) {
     const HANDLE first = FindFirstFileA(pattern.c_str(), &entry);
     if (first == INVALID_HANDLE_VALUE) {
         const DWORD error = GetLastError();
-        if (error == ERROR_FILE_NOT_FOUND || error == ERROR_NO_MORE_FILES)
+        if (error == ERROR_FILE_NOT_FOUND || error == ERROR_NO_MORE_FILES) {
             return {};
+        }
         // What stands before the name isn't a folder.
         throw failureAt(pattern, error == ERROR_INVALID_NAME ? ERROR_PATH_NOT_FOUND : error);
     }
@@ -217,12 +235,14 @@ std::vector<std::string> Win32Files::list(const std::string& pattern) {
     constexpr DWORD leftOut = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
     std::vector<std::string> names;
     do {
-        if ((entry.dwFileAttributes & leftOut) == 0)
+        if ((entry.dwFileAttributes & leftOut) == 0) {
             names.emplace_back(entry.cFileName);
-    } while (FindNextFileA(search.get(), &entry));
+        }
+    } while (FindNextFileA(search.get(), &entry) != 0);
     // A listing that broke off, such as that of a drive that was pulled out, is no shorter listing.
-    if (const DWORD error = GetLastError(); error != ERROR_NO_MORE_FILES)
+    if (const DWORD error = GetLastError(); error != ERROR_NO_MORE_FILES) {
         throw failureAt(pattern, error);
+    }
     return names;
 }
 

@@ -18,11 +18,12 @@ LabelWindow::LabelWindow(Events& events, HWND parent, const LabelStyle& style, T
 
 void LabelWindow::show(bool visible) {
     // Above siblings that the program has made topmost themselves: HWND_TOP would stay below these.
-    if (visible)
+    if (visible) {
         SetWindowPos(native(), HWND_TOPMOST, 0, 0, 0, 0,
                      SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
-    else
+    } else {
         ShowWindow(native(), SW_HIDE);
+    }
 }
 
 HBRUSH LabelWindow::prepare(HDC dc) const {

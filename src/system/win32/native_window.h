@@ -23,8 +23,9 @@ public:
     NativeWindow& operator=(const NativeWindow&) = delete;
     ~NativeWindow() override {
         // A window goes with its parent, and its handle may be another window's by now.
-        if (ownerOf(native_) != this)
+        if (ownerOf(native_) != this) {
             return;
+        }
         // Messages may still come, down to those of the destruction itself.
         SetWindowLongPtrA(native_, GWLP_USERDATA, 0);
         DestroyWindow(native_);
@@ -56,8 +57,9 @@ protected:
     /// To be called once for each object, with the native window that was made for it; fails with 7 if it
     /// could not be made.
     void adopt(HWND window) {
-        if (!window)
+        if (window == nullptr) {
             throw Failure(FailureCode::outOfMemory);
+        }
         native_ = window;
         SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     }

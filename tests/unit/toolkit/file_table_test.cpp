@@ -83,6 +83,20 @@ TEST_F(FileTableTest, Close_FreesNumberAndFile) {
     EXPECT_EQ(files.readLine(number), "one");
 }
 
+TEST_F(FileTableTest, NumberThatIsNotOpen_Fails52) {
+    std::string block(3, '-');
+    EXPECT_EQ(failureOf([&] { files.atEnd(number); }), 52);
+    EXPECT_EQ(failureOf([&] { files.length(number); }), 52);
+    EXPECT_EQ(failureOf([&] { files.position(number); }), 52);
+    EXPECT_EQ(failureOf([&] { files.seek(number, 1); }), 52);
+    EXPECT_EQ(failureOf([&] { files.readLine(number); }), 52);
+    EXPECT_EQ(failureOf([&] { files.readField(number); }), 52);
+    EXPECT_EQ(failureOf([&] { files.readNumberField(number); }), 52);
+    EXPECT_EQ(failureOf([&] { files.writeLine(number, ""); }), 52);
+    EXPECT_EQ(failureOf([&] { files.readBlock(number, block); }), 52);
+    EXPECT_EQ(failureOf([&] { files.writeBlock(number, block); }), 52);
+}
+
 TEST_F(FileTableTest, TwoNumbers_AreReadApart) {
     open("one\r\ntwo\r\n");
     files.open(number + 1, path, OpenMode::input);
@@ -545,6 +559,21 @@ TEST_F(FileBlocksTest, Abandon_FreesNumberAndFileAndWritesNothing) {
     EXPECT_EQ(drives.content(path), "");
     files.abandon(number);
     files.open(number, path, OpenMode::binary);
+}
+
+TEST_F(FileBlocksTest, Freed_AtItsEnd_AbandonsTheNumberUnlessItIsLeftOpen) {
+    for (const bool left : {false, true}) {
+        files.open(number, path, OpenMode::binary);
+        {
+            toolkit::Freed freed(files, number);
+            write("abc");
+            if (left) {
+                freed.leaveOpen();
+            }
+        }
+        EXPECT_EQ(drives.openFiles(), left ? 1 : 0);
+        EXPECT_EQ(closed(), left ? "abc" : "");
+    }
 }
 
 } // namespace
