@@ -10,8 +10,7 @@ import wave
 RATE = 44100  # samples a second, made and recorded
 LOUD = 8000  # of 32767
 QUIET = 800  # what is below counts as silence
-KEPT = 5  # of so many samples one is looked at; the tones are low enough for that
-WINDOW = KEPT * 176  # samples that are looked at together, 20 ms
+WINDOW = RATE // 50  # samples that are looked at together
 SHORTEST = 0.1  # seconds; what is shorter is no tone
 # Seconds; what is shorter is no gap in a tone: a loaded machine doesn't bring its sound in time.
 GAP = 0.3
@@ -51,11 +50,13 @@ def _make(*arguments):
 
 
 def _frequency(samples):
-    """Of one window, roughly; 0 for silence."""
-    if max(map(abs, samples)) < QUIET:
+    """Of one window, roughly; 0 for silence. By the middle one of all half waves, so that the pieces that a loaded
+    machine leaves out don't count."""
+    if max(samples) < QUIET:
         return 0
-    crossings = sum((a < 0) != (b < 0) for a, b in zip(samples, samples[1:]))
-    return crossings * RATE / KEPT / 2 / len(samples)
+    crossings = [index for index, (a, b) in enumerate(zip(samples, samples[1:])) if (a < 0) != (b < 0)]
+    lengths = sorted(b - a for a, b in zip(crossings, crossings[1:]))
+    return RATE / 2 / lengths[len(lengths) // 2] if lengths else math.inf
 
 
 class Listener:
@@ -77,7 +78,7 @@ class Listener:
         frequencies, such as two tones at once, comes as a tone of frequency None."""
         new = array.array("h", self._server.samples(self._begin + len(self._windows) * WINDOW))
         for index in range(len(new) // WINDOW):
-            found = _frequency(new[index * WINDOW:(index + 1) * WINDOW:KEPT])
+            found = _frequency(new[index * WINDOW:(index + 1) * WINDOW])
             near = min(self._frequencies, key=lambda frequency: abs(frequency - found))
             self._windows.append(0 if not found else near if abs(near - found) < 60 else None)
         return self._grouped()
