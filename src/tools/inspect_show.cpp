@@ -6,7 +6,6 @@
 #include "tools/program_run.h"
 
 #include <iostream>
-#include <stdexcept>
 #include <vector>
 
 namespace tools {
@@ -98,7 +97,7 @@ public:
     void stripDrawn() override {
         constexpr int plenty = 10'000'000;
         if (++strips_ > plenty) {
-            throw std::runtime_error("the draws of --random never hit every block or strip");
+            throw WrongCall("the draws of --random never hit every block or strip");
         }
     }
     void paused(std::int16_t divisor) override { add({{"op", "pause"}, {"divisor", divisor}}); }

@@ -364,7 +364,7 @@ class ShowTest(InspectTest):
                 result = self.run_tool("show", *self.drive(), "--steps", "2", "--screen", "640x480", "--random",
                                        "0.5,0.25", *self.template("IMAGE=b.gif", "DISSOLVE=" + name))
                 self.assertEqual((result.returncode, result.stderr),
-                                 (1, b"tessellarium-inspect: the draws of --random never hit every block or strip\n"))
+                                 (2, b"tessellarium-inspect: the draws of --random never hit every block or strip\n"))
                 self.assertEqual(result.stdout.count(b'"op":"paint"'), paints, "what came before is printed")
 
     def test_RandomDraws_ThatHitEveryStrip_Suffice(self):

@@ -9,10 +9,13 @@
 #include <uuids.h>
 
 #include <utility>
+#include <vector>
 
 namespace sys::win32 {
 
 namespace {
+
+std::vector<AudioGraph*> living;
 
 /// A component of the given class; null when the system can't make it.
 template <class Interface> ComPtr<Interface> make(const GUID& componentClass, const GUID& interfaceId) {
@@ -114,9 +117,21 @@ std::unique_ptr<AudioGraph> AudioGraph::make(const std::string& fileName) {
     return std::unique_ptr<AudioGraph>(new AudioGraph(std::move(components)));
 }
 
-AudioGraph::AudioGraph(std::unique_ptr<Components> components) : components_(std::move(components)) {}
+AudioGraph::AudioGraph(std::unique_ptr<Components> components) : components_(std::move(components)) {
+    living.push_back(this);
+}
 
-AudioGraph::~AudioGraph() { stop(); }
+AudioGraph::~AudioGraph() {
+    std::erase(living, this);
+    stop();
+}
+
+void AudioGraph::takeDownAll() {
+    for (AudioGraph* graph : living) {
+        graph->stop();
+        graph->components_ = nullptr;
+    }
+}
 
 bool AudioGraph::run() {
     LONGLONG beginning = 0;

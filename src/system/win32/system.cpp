@@ -1,5 +1,6 @@
 #include "system/win32/system_win32.h"
 
+#include "system/win32/audio_graph.h"
 #include "system/win32/events.h"
 #include "system/win32/files.h"
 #include "system/win32/late_library.h"
@@ -95,6 +96,9 @@ void Win32System::deliverEvents() { events_->deliver(); }
 
 void Win32System::waitForEvents() { events_->wait(); }
 
-void Win32System::endProcess(int exitCode) { ExitProcess(static_cast<UINT>(exitCode)); }
+void Win32System::endProcess(int exitCode) {
+    AudioGraph::takeDownAll();
+    ExitProcess(static_cast<UINT>(exitCode));
+}
 
 } // namespace sys::win32
