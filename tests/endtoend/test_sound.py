@@ -36,7 +36,7 @@ class SoundCase(EndToEndCase):
         sounds.save_tone(os.path.join(self.pictures, name), frequency, seconds)
 
 
-class SoundTest(SoundCase):
+class ListeningCase(SoundCase):
     """On a machine whose sounds are recorded."""
 
     sound = True
@@ -83,6 +83,8 @@ class SoundTest(SoundCase):
                    self.listener.now() - self.listener.tones()[-1].end > 1,
                    lambda: f"was heard: {self.listener.tones()}, the end was at {end}", LONG / 3)
 
+
+class SoundTest(ListeningCase):
     def test_without_a_sound_mode_nothing_is_heard_or_loaded(self):
         self.add_tone("low.wav", LOW, 1)
         show = self.start_template("IMAGE=a.bmp", "SOUND=low.wav", "IMAGE=b.bmp", "SOUND=low.wav",
