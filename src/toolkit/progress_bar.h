@@ -7,7 +7,7 @@ namespace toolkit {
 
 class ProgressBar : public HiddenControl {
 public:
-    ProgressBar(Form& form, const Design& design) : HiddenControl(form, design) {}
+    ProgressBar(Container& container, const Design& design) : HiddenControl(container, design) {}
 
     float value() const { return value_; }
     void setValue(float value) { value_ = value; }

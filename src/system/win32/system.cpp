@@ -75,10 +75,6 @@ Point Win32System::pointerPosition() {
 
 PicturePtr Win32System::decodePicture(std::span<const std::uint8_t> bytes) { return decoder_->decode(bytes); }
 
-void Win32System::messageBox(const std::string& text, const std::string& title) {
-    MessageBoxA(GetActiveWindow(), text.c_str(), title.c_str(), MB_OK | MB_TASKMODAL);
-}
-
 std::int64_t Win32System::now() { return clockNow(); }
 
 double Win32System::secondsSinceMidnight() {

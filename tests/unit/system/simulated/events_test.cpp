@@ -380,7 +380,7 @@ TEST_F(SimulatedEvents, MessageBox_IsRecordedAndLetsOnlyAlarmsCome) {
     input.handler = [&](const std::string&) { machine.setAlarm(machine.now() + 40); };
     machine.setAlarm(start + 40);
     machine.user(10).press(112);
-    machine.messageBox("text", "title");
+    machine.messageBox({.text = "text", .title = "title"});
     EXPECT_THAT(input.take(), ElementsAre("alarm", "alarm"));
     EXPECT_EQ(machine.now(), start + 100);
     EXPECT_THAT(machine.messageBoxes(), ElementsAre(sys::simulated::ShownMessage{"text", "title"}));
