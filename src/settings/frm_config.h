@@ -67,7 +67,7 @@ public:
     toolkit::DriveList     Drive2                {FolderFrame, {"Drive2",             120,  180, 2355,  315}};
     toolkit::FolderList    Dir2                  {FolderFrame, {"Dir2",               120,  720, 2355, 1890}};
     toolkit::FileList      File2                 {FolderFrame, {"File2",             2580,  180, 2415, 2430}, "*.jpg;*.jpeg;*.bmp;*.gif; *.jpe; *.wmf"};
-    toolkit::Label         Label8                {FolderFrame, {.control = {"Label8", 120, 2760, 1080,  240}, .caption = "Dissolve Type:"}};
+    toolkit::Label         Label8                {FolderFrame, {.control = {"Label8", 120, 2760}, .caption = "Dissolve Type:", .autoSize = true}};
     toolkit::DropDownList  Combo1                {FolderFrame, {"Combo1",            1200, 2700, 3735,  315}};
 
     // The pairs of options

@@ -38,17 +38,16 @@ int characterOf(int keyCode, int shift) {
     }
 }
 
-/// Fails when there is no such entry.
+/// 0 when there is no such entry.
 int commandOf(const std::vector<MenuEntry>& entries, const std::string& caption) {
     for (const MenuEntry& entry : entries) {
-        if (entry.caption == caption && entry.entries.empty()) {
-            return entry.command;
-        }
-        if (!entry.entries.empty()) {
-            return commandOf(entry.entries, caption);
+        const int command = entry.entries.empty() ? (entry.caption == caption ? entry.command : 0)
+                                                  : commandOf(entry.entries, caption);
+        if (command != 0) {
+            return command;
         }
     }
-    throw std::logic_error("The menu has no entry " + caption);
+    return 0;
 }
 
 } // namespace
@@ -382,7 +381,11 @@ void User::scroll(WindowHandle scrollBar, ScrollStep step, int position) {
 
 void User::choose(WindowHandle form, const std::string& caption) {
     act<WindowNode>(form, [caption](WindowNode& window, Input& input) {
-        input.commandChosen(window.id(), commandOf(window.menu(), caption));
+        const int command = commandOf(window.menu(), caption);
+        if (command == 0) {
+            throw std::logic_error("The menu has no entry " + caption);
+        }
+        input.commandChosen(window.id(), command);
     });
 }
 

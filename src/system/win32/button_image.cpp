@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <memory>
+#include <vector>
 
 namespace sys::win32 {
 
@@ -54,6 +55,29 @@ OwnedIcon iconFrom(std::span<const std::uint8_t> file, int side) {
                                               TRUE, version, side, side, LR_DEFAULTCOLOR));
 }
 
+/// The same icon, faint; null when it can't be made.
+OwnedIcon faded(HICON icon, int side) {
+    ICONINFO parts{};
+    if (!GetIconInfo(icon, &parts)) {
+        return nullptr;
+    }
+    const OwnedBitmap color(parts.hbmColor);
+    const OwnedBitmap mask(parts.hbmMask);
+    BITMAPINFO layout{};
+    layout.bmiHeader = {sizeof layout.bmiHeader, side, -side, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    std::vector<RGBQUAD> pixels(static_cast<std::size_t>(side) * static_cast<std::size_t>(side));
+    const OwnedDc dc(CreateCompatibleDC(nullptr));
+    const auto rows = static_cast<UINT>(side);
+    if (GetDIBits(dc.get(), color.get(), 0, rows, pixels.data(), &layout, DIB_RGB_COLORS) != side) {
+        return nullptr;
+    }
+    for (RGBQUAD& pixel : pixels) {
+        pixel.rgbReserved /= 3; // its opacity
+    }
+    SetDIBits(dc.get(), color.get(), 0, rows, pixels.data(), &layout, DIB_RGB_COLORS);
+    return OwnedIcon(CreateIconIndirect(&parts));
+}
+
 } // namespace
 
 void ButtonImage::show(HWND button, std::span<const std::uint8_t> icon, TwipsPerPixel scale) {
@@ -66,9 +90,15 @@ void ButtonImage::show(HWND button, std::span<const std::uint8_t> icon, TwipsPer
     if (!picture || create == nullptr || add == nullptr) {
         return;
     }
-    const HIMAGELIST images = create(side, side, ILC_COLOR32 | ILC_MASK, 1, 0);
+    // In the order in which a button takes them: normal, hot, pressed, disabled, default, hot under a pen.
+    const OwnedIcon faint = faded(picture.get(), side);
+    constexpr int states = 6;
+    constexpr int disabled = 3;
+    const HIMAGELIST images = create(side, side, ILC_COLOR32 | ILC_MASK, states, 0);
     images_ = images;
-    add(images, -1, picture.get());
+    for (int state = 0; state < states; ++state) {
+        add(images, -1, state == disabled && faint ? faint.get() : picture.get());
+    }
     BUTTON_IMAGELIST layout{};
     layout.himl = images;
     layout.uAlign = BUTTON_IMAGELIST_ALIGN_TOP;

@@ -44,6 +44,7 @@ std::string tailOf(const std::string& commandLine) {
 
 Win32System::Win32System() {
     trustOnlySystemLibraries();
+    SetErrorMode(SEM_FAILCRITICALERRORS); // a drive that isn't ready is a failure, not a question to the user
     scale_ = scaleOfScreen();
     events_ = std::make_unique<Events>(scale_);
     decoder_ = std::make_unique<PictureDecoder>(scale_);

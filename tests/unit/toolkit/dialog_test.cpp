@@ -504,13 +504,10 @@ TEST_F(Dialog, ModalForm_HoldsItsCallerAndBlocksTheOthersUntilItGoes) {
     machine.user().clickOn(form.ok.hWnd());
     machine.user(10).click({30, 20}); // on the form beneath
     machine.user(20).press(escape);
-    machine.user(30).press(space);
     machine.runUntilIdle();
     EXPECT_THAT(events, ElementsAre("show", "blocked", "shown"));
     EXPECT_TRUE(form.enabled());
-    EXPECT_EQ(machine.windows().front()->text(), "Dialog");
-    machine.advance(100);
-    EXPECT_THAT(events, ElementsAre("show", "blocked", "shown"));
+    EXPECT_EQ(focusedName(), "ok") << "the keyboard is back where it was";
 }
 
 TEST_F(Dialog, MessageBox_GivesTheAnswerAndFailsWithoutOne) {
