@@ -102,7 +102,7 @@ void ButtonImage::show(HWND button, std::span<const std::uint8_t> icon, TwipsPer
     BUTTON_IMAGELIST layout{};
     layout.himl = images;
     layout.uAlign = BUTTON_IMAGELIST_ALIGN_TOP;
-    layout.margin.top = side / 8;
+    layout.margin.top = side / 16;
     SendMessageA(button, BCM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(&layout));
 }
 
