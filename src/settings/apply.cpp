@@ -42,8 +42,8 @@ void frmConfig::cmdExit_Click() {
     unload();
 }
 
-/// Whether the template can be opened, or the user wants its name saved all the same. One that can't be opened
-/// at all ends the dialog.
+/// Whether the template can be opened, or the user wants its name saved all the same. One that can't be
+/// opened at all ends the dialog.
 bool frmConfig::templateMayBeSaved() {
     bool goOn = true;
     toolkit::handlingFailures(

@@ -163,7 +163,8 @@ void frmConfig::ArrangeMode() {
     }
 }
 
-/// Takes the lists to `ImagePath`; a drive or folder that isn't there takes all of them to where the machine is.
+/// Takes the lists to `ImagePath`; a drive or folder that isn't there takes all of them to where the machine
+/// is.
 void frmConfig::showFolder(toolkit::DriveList& drives, toolkit::FolderList& folders) {
     if (shared.ImagePath.empty()) {
         return;

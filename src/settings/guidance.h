@@ -3,12 +3,11 @@
 
 namespace guidance {
 
-inline constexpr const char* standAlone =
-    "Tessellarium is running in Stand-Alone Mode.\r\n"
-    "Modify the Tessellarium settings by selecting the options at\r\n"
-    "the bottom of this screen.\r\n"
-    "\r\n"
-    "Click Done when all options are to your liking.";
+inline constexpr const char* standAlone = "Tessellarium is running in Stand-Alone Mode.\r\n"
+                                          "Modify the Tessellarium settings by selecting the options at\r\n"
+                                          "the bottom of this screen.\r\n"
+                                          "\r\n"
+                                          "Click Done when all options are to your liking.";
 
 inline constexpr const char* templateMode =
     "Tessellarium is currently in Template Mode.\r\n"

@@ -14,15 +14,14 @@ void showHelp(toolkit::Form& form) {
     constexpr std::uint32_t contentsPage = 3;
     Application& application = Application::current();
     if (std::string_view(product::helpFile).empty()) {
-        application.ask({.text = "Unable to display Help Contents. There is no Help associated with this project.",
-                         .title = form.caption(),
-                         .icon = sys::MessageIcon::information});
+        application.ask(
+            {.text = "Unable to display Help Contents. There is no Help associated with this project.",
+             .title = form.caption(),
+             .icon = sys::MessageIcon::information});
         return;
     }
     toolkit::handlingFailures(
-        [&] {
-            application.system().platform().winHelp(form.hWnd(), product::helpFile, contentsPage);
-        },
+        [&] { application.system().platform().winHelp(form.hWnd(), product::helpFile, contentsPage); },
         [&](const Failure& failure) { application.showMessage(failure.description()); });
 }
 

@@ -51,8 +51,8 @@ MainForm::MainForm()
                      .colors = sys::LabelColors{white, black},
                      .autoSize = true}),
       Label2(*this, {.control = {.name = "Label2", .visible = false}, .colors = sys::LabelColors{}}),
-      lstImageNames(*this, {.name = "lstImageNames", .visible = false}), MediaPlayer1(*this, {.name = "MediaPlayer1"}),
-      Timer1(*this, {.interval = 600, .enabled = false}),
+      lstImageNames(*this, {.name = "lstImageNames", .visible = false}),
+      MediaPlayer1(*this, {.name = "MediaPlayer1"}), Timer1(*this, {.interval = 600, .enabled = false}),
       Timer2(*this, {.interval = 1000, .enabled = false}) {
     bindHandlers();
 }

@@ -14,8 +14,8 @@ namespace toolkit {
 class Control;
 class Form;
 
-/// What controls stand in: a form, or a frame on it. It knows its controls in the order of the design, which is
-/// the order from back to front and that of the tab key.
+/// What controls stand in: a form, or a frame on it. It knows its controls in the order of the design, which
+/// is the order from back to front and that of the tab key.
 class Container {
 public:
     Container() = default;

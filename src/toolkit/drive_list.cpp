@@ -25,8 +25,8 @@ void DriveList::load() {
         names.push_back({.text = std::string(1, drive.letter) + ":" + label});
     }
     const std::string current = files.wholeFolder("");
-    const auto found = std::ranges::find_if(
-        names, [&](const sys::ListItem& name) { return name.text[0] == current[0]; });
+    const auto found =
+        std::ranges::find_if(names, [&](const sys::ListItem& name) { return name.text[0] == current[0]; });
     const auto index = static_cast<std::int16_t>(found == names.end() ? -1 : found - names.begin());
     assumeItems(std::move(names), index);
 }

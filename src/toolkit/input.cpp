@@ -19,8 +19,7 @@ template <class Handler> void Input::deliver(const Handler& handler) {
     handlingFailures(handler, [this](const Failure& failure) { application_.reportFailure(failure); });
 }
 
-template <class Kind, class Handler>
-void Input::deliverTo(sys::WindowHandle window, const Handler& handler) {
+template <class Kind, class Handler> void Input::deliverTo(sys::WindowHandle window, const Handler& handler) {
     if (auto* element = dynamic_cast<Kind*>(find(window))) {
         deliver([&] { handler(*element); });
     }

@@ -43,8 +43,8 @@ void Label::load() {
 }
 
 std::unique_ptr<sys::Window> Label::makeWindow() {
-    auto made = Application::current().system().createLabel(
-        container().nativeWindow(), {design_.font, design_.colors, design_.centered});
+    auto made = Application::current().system().createLabel(container().nativeWindow(),
+                                                            {design_.font, design_.colors, design_.centered});
     made->setText(shownText());
     return made;
 }

@@ -1,5 +1,5 @@
-// A label: a text on the form, sized to its text if the design says so. With colours of its own it lies in front
-// of pictures.
+// A label: a text on the form, sized to its text if the design says so. With colours of its own it lies in
+// front of pictures.
 #pragma once
 
 #include "toolkit/control.h"

@@ -7,8 +7,8 @@
 namespace toolkit {
 
 PictureBox::PictureBox(Container& container, const PictureBoxDesign& design)
-    : Control(container, design.control), Canvas(static_cast<Element&>(*this), design.backColor), design_(design) {
-}
+    : Control(container, design.control), Canvas(static_cast<Element&>(*this), design.backColor),
+      design_(design) {}
 
 void PictureBox::load() {
     Control::load();

@@ -1,7 +1,7 @@
 // list_time ROUNDS COUNT FOLDER
 //
-// A file list that takes a folder of so many files, which are made first, and in turn with it the system's own
-// list box filled with the same names.
+// A file list that takes a folder of so many files, which are made first, and in turn with it the system's
+// own list box filled with the same names.
 #include "measure.h"
 
 #include "system/win32/system_win32.h"
@@ -18,7 +18,8 @@ namespace {
 
 class ListForm : public toolkit::Form {
 public:
-    ListForm() : Form({.name = "ListForm", .caption = "list_time", .width = 6000, .height = 3000, .dialog = true}) {}
+    ListForm()
+        : Form({.name = "ListForm", .caption = "list_time", .width = 6000, .height = 3000, .dialog = true}) {}
     toolkit::FileList files{*this, {"files", 0, 0, 2475, 2820}};
 };
 

@@ -26,7 +26,11 @@ constexpr int down = 40;
 class OtherDialog : public toolkit::Form {
 public:
     OtherDialog()
-        : Form({.name = "OtherDialog", .caption = "Contract Other Dialog", .width = 1500, .height = 900, .dialog = true}) {
+        : Form({.name = "OtherDialog",
+                .caption = "Contract Other Dialog",
+                .width = 1500,
+                .height = 900,
+                .dialog = true}) {
         close.click = [this] { unload(); };
     }
     toolkit::CommandButton close{*this, {"close", 0, 0, 1500, 300}, {.caption = "Close", .isCancel = true}};
@@ -35,7 +39,11 @@ public:
 class DialogForm : public toolkit::Form {
 public:
     DialogForm()
-        : Form({.name = "DialogForm", .caption = "Contract Dialog", .width = 6000, .height = 4500, .dialog = true}) {
+        : Form({.name = "DialogForm",
+                .caption = "Contract Dialog",
+                .width = 6000,
+                .height = 4500,
+                .dialog = true}) {
         watch("check", check.click);
         watch("text", text.change);
         watch("bar", bar.change);
@@ -61,7 +69,8 @@ public:
     toolkit::DropDownList choice{*this, {"choice", 1500, 1500, 1500, 315}};
     toolkit::FolderList folders{*this, {"folders", 3000, 0, 1500, 2500}};
     toolkit::CommandButton ok{*this, {"ok", 0, 3600, 780, 780}, {.caption = "OK", .isDefault = true}};
-    toolkit::CommandButton cancel{*this, {"cancel", 900, 3600, 780, 780}, {.caption = "Cancel", .isCancel = true}};
+    toolkit::CommandButton cancel{
+        *this, {"cancel", 900, 3600, 780, 780}, {.caption = "Cancel", .isCancel = true}};
 
     std::vector<std::string> events;
     std::vector<std::string> take() { return std::exchange(events, {}); }

@@ -214,8 +214,8 @@ TEST_F(SettingsDialog, MissingDriveOrFolder_TakesTheListsToWhereTheMachineIs) {
     EXPECT_FALSE(program.ended());
 }
 
-/// Each arrangement begins by hiding a frame; what stands in the boxes and the mode by then tells which of the
-/// entered handlers it belongs to.
+/// Each arrangement begins by hiding a frame; what stands in the boxes and the mode by then tells which of
+/// the entered handlers it belongs to.
 class Arrangements : public toolkit::Observer {
 public:
     explicit Arrangements(const frmConfig& form) : form_(form) {}
@@ -358,11 +358,11 @@ TEST_F(SettingsDialog, SyncPathsFromText_TakesTheTextApartByTheMode) {
         const char* file;
     };
     frmConfig& dialog = open();
-    for (const Row& row : {Row{0, "C:\\templates\\show.txt", "C:\\templates\\", "show.txt"},
-                           Row{0, "show.txt", "\\", "show.txt"}, Row{0, "", "\\", ""},
-                           Row{1, "C:\\pictures\\", "C:\\pictures\\", ""},
-                           Row{1, "C:\\pictures", "C:\\pictures\\", ""},
-                           Row{1, "C:\\templates\\show.txt", "C:\\templates\\show.txt\\", ""}}) {
+    for (const Row& row :
+         {Row{0, "C:\\templates\\show.txt", "C:\\templates\\", "show.txt"},
+          Row{0, "show.txt", "\\", "show.txt"}, Row{0, "", "\\", ""},
+          Row{1, "C:\\pictures\\", "C:\\pictures\\", ""}, Row{1, "C:\\pictures", "C:\\pictures\\", ""},
+          Row{1, "C:\\templates\\show.txt", "C:\\templates\\show.txt\\", ""}}) {
         shared.AllImages = row.mode;
         dialog.txtImageListFile.setText(row.text);
         dialog.SyncPathsFromText();
@@ -386,11 +386,18 @@ TEST_F(SettingsDialog, Done_WritesTheTwelveValuesAsTexts) {
     click(dialog.cmdExit);
     EXPECT_TRUE(program.over());
     EXPECT_THAT(messages(), IsEmpty());
-    const std::map<std::string, std::string> expected = {
-        {"ImagePath", "C:\\t\\"},      {"ImageInterval", "33"},    {"ImageListFile", "show.txt"},
-        {"FullScreen", "1"},           {"ImagePositionRandom", "1"}, {"ImageOrderRandom", "1"},
-        {"AllImages", "0"},            {"Blocks", "34"},           {"DissolveType", "Top To Bottom"},
-        {"DissolveDelay", "35"},       {"MouseSensitivity", "36"}, {"IgnoreMouse", "1"}};
+    const std::map<std::string, std::string> expected = {{"ImagePath", "C:\\t\\"},
+                                                         {"ImageInterval", "33"},
+                                                         {"ImageListFile", "show.txt"},
+                                                         {"FullScreen", "1"},
+                                                         {"ImagePositionRandom", "1"},
+                                                         {"ImageOrderRandom", "1"},
+                                                         {"AllImages", "0"},
+                                                         {"Blocks", "34"},
+                                                         {"DissolveType", "Top To Bottom"},
+                                                         {"DissolveDelay", "35"},
+                                                         {"MouseSensitivity", "36"},
+                                                         {"IgnoreMouse", "1"}};
     for (const auto& [key, value] : expected) {
         EXPECT_EQ(stored(key), value) << key;
     }
@@ -424,8 +431,9 @@ TEST_F(SettingsDialog, Done_TemplateInAMissingFolder_AsksAndSavesOnOk) {
 }
 
 TEST_F(SettingsDialog, Done_TemplateThatCanNotBeOpened_TellsAndEndsUnsaved) {
-    const std::map<std::string, std::string> failures = {
-        {"C:\\t\\none.txt", "File not found"}, {"C:\\t\\", "Path/File access error"}, {"", "Path/File access error"}};
+    const std::map<std::string, std::string> failures = {{"C:\\t\\none.txt", "File not found"},
+                                                         {"C:\\t\\", "Path/File access error"},
+                                                         {"", "Path/File access error"}};
     for (const auto& [text, description] : failures) {
         frmConfig& dialog = openInTemplateMode();
         type(text);
@@ -491,9 +499,10 @@ TEST_F(SettingsDialog, Contents_CallsTheViewer) {
 
 TEST_F(SettingsDialog, HomePage_AsksAndTheBannerDoesNot) {
     frmConfig& dialog = open();
-    const std::string call = "shellExecute(" + std::to_string(dialog.hWnd()) +
-                             ", \"Open\", \"http://www.tessellarium.example/fw/Tessellarium/Tessellarium.html\", "
-                             "\"\", \"T:\\Tessellarium\", 1)";
+    const std::string call =
+        "shellExecute(" + std::to_string(dialog.hWnd()) +
+        ", \"Open\", \"http://www.tessellarium.example/fw/Tessellarium/Tessellarium.html\", "
+        "\"\", \"T:\\Tessellarium\", 1)";
     program.machine.platform().forgetCalls();
     program.machine.answerMessageBox(MessageAnswer::no);
     program.machine.user().choose(dialog.hWnd(), "&Home Page");

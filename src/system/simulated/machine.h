@@ -11,8 +11,8 @@
 #include "system/simulated/process_end.h"
 #include "system/simulated/screen.h"
 #include "system/simulated/settings_store.h"
-#include "system/simulated/window_procedures.h"
 #include "system/simulated/sound_device.h"
+#include "system/simulated/window_procedures.h"
 #include "system/system.h"
 
 #include <deque>

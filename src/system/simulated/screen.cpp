@@ -63,9 +63,7 @@ void WindowNode::moveTo(const Area& area) {
     resized();
 }
 
-bool WindowNode::enabled() const {
-    return enabled_ && (parent_ == nullptr || parent_->enabled());
-}
+bool WindowNode::enabled() const { return enabled_ && (parent_ == nullptr || parent_->enabled()); }
 
 void WindowNode::activate() { screen_.activate(*this); }
 

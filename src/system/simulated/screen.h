@@ -152,8 +152,8 @@ private:
     Size size_;
     TwipsPerPixel scale_;
     std::map<WindowHandle, WindowNode*> windows_;
-    std::vector<WindowNode*> topLevel_;  // front first
-    std::vector<WindowNode*> activated_; // forms; the last one was activated last
+    std::vector<WindowNode*> topLevel_;                    // front first
+    std::vector<WindowNode*> activated_;                   // forms; the last one was activated last
     std::map<const WindowNode*, WindowNode*> focusTakers_; // the controls that took the focus, by their forms
     WindowHandle nextHandle_ = 0x10002;
     Presented presented_;

@@ -44,7 +44,8 @@ void ScrollBarWindow::draw(Bitmap& target, Point at, const PixelRect& clip) cons
     const int room = rect().width() - 3 * rect().height();
     const int place = room * (value_ - least_) / std::max(greatest_ - least_, 1);
     const int left = at.x + rect().height() + place;
-    target.fill(intersection(clip, {left, at.y, left + rect().height(), clip.bottom}), opaque({120, 120, 120}));
+    target.fill(intersection(clip, {left, at.y, left + rect().height(), clip.bottom}),
+                opaque({120, 120, 120}));
 }
 
 std::unique_ptr<sys::ScrollBar> Machine::createScrollBar(Window& parent) {

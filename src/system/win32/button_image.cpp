@@ -84,9 +84,9 @@ void ButtonImage::show(HWND button, std::span<const std::uint8_t> icon, TwipsPer
     constexpr double sideInTwips = 32 * 15;
     const auto side = static_cast<int>(std::lround(sideInTwips / scale.y));
     const OwnedIcon picture = iconFrom(icon, side);
-    const auto create = lateProcedure<HIMAGELIST WINAPI(int, int, UINT, int, int)>(library, "ImageList_Create");
-    const auto add =
-        lateProcedure<int WINAPI(HIMAGELIST, int, HICON)>(library, "ImageList_ReplaceIcon");
+    const auto create =
+        lateProcedure<HIMAGELIST WINAPI(int, int, UINT, int, int)>(library, "ImageList_Create");
+    const auto add = lateProcedure<int WINAPI(HIMAGELIST, int, HICON)>(library, "ImageList_ReplaceIcon");
     if (!picture || create == nullptr || add == nullptr) {
         return;
     }
@@ -107,9 +107,8 @@ void ButtonImage::show(HWND button, std::span<const std::uint8_t> icon, TwipsPer
 }
 
 ButtonImage::~ButtonImage() {
-    const auto destroy = images_ == nullptr
-                             ? nullptr
-                             : lateProcedure<BOOL WINAPI(HIMAGELIST)>(library, "ImageList_Destroy");
+    const auto destroy =
+        images_ == nullptr ? nullptr : lateProcedure<BOOL WINAPI(HIMAGELIST)>(library, "ImageList_Destroy");
     if (destroy != nullptr) {
         destroy(static_cast<HIMAGELIST>(images_));
     }

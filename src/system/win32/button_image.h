@@ -17,8 +17,8 @@ public:
     ButtonImage& operator=(const ButtonImage&) = delete;
     ~ButtonImage();
 
-    /// Takes the one of the icon file's pictures that is 32 dialog pixels large on this screen, or the nearest;
-    /// a file that can't be read leaves the button with its caption. To be called once.
+    /// Takes the one of the icon file's pictures that is 32 dialog pixels large on this screen, or the
+    /// nearest; a file that can't be read leaves the button with its caption. To be called once.
     void show(HWND button, std::span<const std::uint8_t> icon, TwipsPerPixel scale);
 
 private:

@@ -52,10 +52,9 @@ protected:
     void create(HWND parent, const char* windowClass, const std::string& text, DWORD style,
                 DWORD extendedStyle = 0) {
         static std::uintptr_t lastIdentifier = 1000; // the dialog manager tells controls by it
-        this->adopt(CreateWindowExA(extendedStyle, windowClass, text.c_str(),
-                                    WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0, parent,
-                                    reinterpret_cast<HMENU>(++lastIdentifier), GetModuleHandleA(nullptr),
-                                    nullptr));
+        this->adopt(CreateWindowExA(
+            extendedStyle, windowClass, text.c_str(), WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0, parent,
+            reinterpret_cast<HMENU>(++lastIdentifier), GetModuleHandleA(nullptr), nullptr));
         subclass(this->native());
         send(WM_SETFONT, reinterpret_cast<WPARAM>(dialogFont(this->scale())), FALSE);
     }

@@ -12,8 +12,8 @@ namespace sys::win32 {
 /// Milliseconds of a clock that never goes back.
 std::int64_t clockNow();
 
-/// One for the process. All windows of `formClass`, `dialogClass` and `pictureBoxClass` belong to a `CanvasWindow`, those of
-/// `labelClass` to a `LabelWindow`.
+/// One for the process. All windows of `formClass`, `dialogClass` and `pictureBoxClass` belong to a
+/// `CanvasWindow`, those of `labelClass` to a `LabelWindow`.
 class Events {
 public:
     static constexpr const char* formClass = "TessellariumForm";

@@ -28,10 +28,9 @@ public:
 HMENU makeMenu(HMENU menu, const std::vector<MenuEntry>& entries) {
     for (const MenuEntry& entry : entries) {
         const UINT kind = entry.entries.empty() ? MF_STRING : MF_POPUP;
-        const UINT_PTR what =
-            entry.entries.empty()
-                ? static_cast<UINT_PTR>(Events::firstCommand + entry.command - 1)
-                : reinterpret_cast<UINT_PTR>(makeMenu(CreatePopupMenu(), entry.entries));
+        const UINT_PTR what = entry.entries.empty()
+                                  ? static_cast<UINT_PTR>(Events::firstCommand + entry.command - 1)
+                                  : reinterpret_cast<UINT_PTR>(makeMenu(CreatePopupMenu(), entry.entries));
         AppendMenuA(menu, kind, what, entry.caption.c_str());
     }
     return menu;

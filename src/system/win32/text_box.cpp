@@ -12,7 +12,9 @@ public:
         constexpr DWORD lines = ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN;
         create(parent, "EDIT", "",
                WS_GROUP | WS_TABSTOP | (style.multiLine ? lines : DWORD{ES_AUTOHSCROLL}) |
-                   (style.readOnly ? ES_READONLY : style.multiLine ? WS_VSCROLL : 0),
+                   (style.readOnly    ? ES_READONLY
+                    : style.multiLine ? WS_VSCROLL
+                                      : 0),
                WS_EX_CLIENTEDGE);
         constexpr WPARAM longest = 0x7FFFFFFE;
         send(EM_SETLIMITTEXT, longest);

@@ -66,9 +66,9 @@ public:
                           .font = {"Arial", 10},
                           .colors = sys::LabelColors{white, blue},
                           .autoSize = true}};
-    toolkit::Label fixed{
-        *this,
-        {.control = {.name = "fixed", .left = 1500, .width = 450, .height = 150}, .colors = sys::LabelColors{{}, blue}}};
+    toolkit::Label fixed{*this,
+                         {.control = {.name = "fixed", .left = 1500, .width = 450, .height = 150},
+                          .colors = sys::LabelColors{{}, blue}}};
     toolkit::ListBox list{*this, {.name = "list", .visible = false}};
 };
 

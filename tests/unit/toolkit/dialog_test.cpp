@@ -47,7 +47,8 @@ std::vector<std::string> textsOf(const toolkit::ItemList& list) {
 class DialogForm : public PlainForm {
 public:
     DialogForm()
-        : PlainForm({.name = "DialogForm", .caption = "Dialog", .width = 6000, .height = 6000, .dialog = true}) {}
+        : PlainForm(
+              {.name = "DialogForm", .caption = "Dialog", .width = 6000, .height = 6000, .dialog = true}) {}
 
     toolkit::MenuItem menu{*this, "&Menu"};
     toolkit::MenuItem first{menu, "&First"};
@@ -71,7 +72,8 @@ public:
     toolkit::ListBox list{*this, {"list", 0, 1500, 1500, 1500}};
     toolkit::DropDownList choice{*this, {"choice", 1500, 1500, 1500, 300}};
     toolkit::CommandButton ok{*this, {"ok", 0, 4500, 780, 780}, {.caption = "OK", .isDefault = true}};
-    toolkit::CommandButton cancel{*this, {"cancel", 900, 4500, 780, 780}, {.caption = "Cancel", .isCancel = true}};
+    toolkit::CommandButton cancel{
+        *this, {"cancel", 900, 4500, 780, 780}, {.caption = "Cancel", .isCancel = true}};
 };
 
 class Dialog : public ToolkitFixture {
@@ -115,8 +117,8 @@ protected:
     }
     std::string focusedName() {
         const std::vector<const toolkit::Element*> elements{
-            &form.check, &form.text, &form.bar, &form.one, &form.two, &form.three, &form.other,
-            &form.list, &form.choice, &form.ok, &form.cancel, &form.drives, &form.folders, &form.files};
+            &form.check, &form.text,   &form.bar, &form.one,    &form.two,    &form.three,   &form.other,
+            &form.list,  &form.choice, &form.ok,  &form.cancel, &form.drives, &form.folders, &form.files};
         for (const auto* element : elements) {
             if (machine.focusedWindow() == const_cast<toolkit::Element*>(element)->hWnd()) {
                 return element->name();
@@ -485,7 +487,9 @@ TEST_F(Dialog, HiddenFrame_MakesWhatStandsInItWhenItIsFirstSeen) {
 
 class OtherForm : public PlainForm {
 public:
-    OtherForm() : PlainForm({.name = "OtherForm", .caption = "Other", .width = 1500, .height = 1500, .dialog = true}) {}
+    OtherForm()
+        : PlainForm(
+              {.name = "OtherForm", .caption = "Other", .width = 1500, .height = 1500, .dialog = true}) {}
     toolkit::CommandButton close{*this, {"close", 0, 0, 1500, 300}, {.caption = "Close", .isCancel = true}};
 };
 
