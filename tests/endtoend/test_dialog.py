@@ -79,7 +79,7 @@ class DialogTest(EndToEndCase):
 
     def test_a_template_chosen_in_the_dialog_is_shown(self):
         picture = self.add("a.bmp", quarters(300, 200))
-        self.write("t1.txt", b"a.bmp\r\n")
+        self.write("t1.txt", b"IMAGE=a.bmp\r\n")
         dialog = self.open(ImagePath=self.machine.windows_path(self.pictures) + "\\")
         dialog.click("Select")
         _, files = dialog.controls("listbox")
