@@ -215,6 +215,12 @@ TEST_F(Dialogs, EnterAndEscape_AreClicksOnTheDefaultAndTheCancelButton) {
     EXPECT_THAT(form.take(), ElementsAre("ok", "cancel"));
 }
 
+TEST_F(Dialogs, Enter_OnAButtonThatHasTheKeyboard_IsAClickOnIt) {
+    press(tab, 8);
+    press(enter);
+    EXPECT_THAT(form.take(), ElementsAre("cancel"));
+}
+
 TEST_F(Dialogs, FolderList_EnterEntersTheSelectedFolder) {
     driver->addFolder(driver->folder() + "\\inner");
     form.folders.setPath(driver->folder());

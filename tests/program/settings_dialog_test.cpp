@@ -98,6 +98,15 @@ TEST_F(SettingsDialog, Start_ShowsItWithoutOwnerInTheMiddleOfTheScreen) {
     EXPECT_FALSE(program.over());
 }
 
+TEST_F(SettingsDialog, Start_NoSwitchAndAnyOwner_ShowIt) {
+    for (const char* commandLine : {"", "/C", "/c:1234"}) {
+        program.start(commandLine);
+        EXPECT_TRUE(form().shown()) << commandLine;
+        EXPECT_EQ(program.trace.back(), "E: Main") << "after it is up";
+        form().unload();
+    }
+}
+
 TEST_F(SettingsDialog, Load_TakesTheBarsFromTheSettings) {
     program.setting("ImageInterval", "7");
     program.setting("Blocks", "20");

@@ -9,7 +9,7 @@
 
 namespace sys::win32 {
 
-/// Keeps the picture of one button; to be destroyed after its window.
+/// Keeps the picture of one button, which must not be painted once this is gone.
 class ButtonImage {
 public:
     ButtonImage() = default;

@@ -84,6 +84,7 @@ LRESULT CALLBACK dialogProcedure(HWND window, UINT message, WPARAM wParam, LPARA
             return 0;
         }
         break;
+    case WM_SYSCOLORCHANGE: form->setBackColor(faceColor()); break;
     case WM_CLOSE: events.closeRequested(window, CloseReason::byUser); return 0;
     case WM_QUERYENDSESSION:
         events.closeRequested(window, CloseReason::sessionEnds);

@@ -80,9 +80,6 @@ std::unique_ptr<Canvas> Win32System::createForm(const FormStyle& style) {
     return std::make_unique<FormWindow>(*events_, style, twipsPerPixel(), screenSize());
 }
 
-Color Win32System::dialogColor() {
-    const COLORREF color = GetSysColor(COLOR_3DFACE);
-    return {GetRValue(color), GetGValue(color), GetBValue(color)};
-}
+Color Win32System::dialogColor() { return faceColor(); }
 
 } // namespace sys::win32

@@ -16,9 +16,9 @@ public:
         : ControlWindow(events, scale), style_(style) {
         create(parent, "LISTBOX", "",
                WS_GROUP | WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT |
-                   (style.icons ? LBS_OWNERDRAWFIXED : 0),
+                   (style.icons ? DWORD{LBS_OWNERDRAWFIXED} : DWORD{WS_HSCROLL}),
                WS_EX_CLIENTEDGE);
-        if (style.icons) {
+        if (style.icons) { // whose rows end in an ellipsis where there is no room
             send(LB_SETITEMHEIGHT, 0, FolderIcons::rowHeight(dialogFont(scale)));
         }
     }
@@ -27,23 +27,23 @@ public:
         send(WM_SETREDRAW, FALSE);
         send(LB_RESETCONTENT);
         levels_.clear();
+        longest_.clear();
         std::size_t letters = 0;
         for (const ListItem& item : items) {
             letters += item.text.size() + 1;
         }
         send(LB_INITSTORAGE, items.size(), static_cast<LPARAM>(letters));
         for (const ListItem& item : items) {
-            addItem(item);
+            append(item);
         }
+        makeRoom();
         send(WM_SETREDRAW, TRUE);
         InvalidateRect(native(), nullptr, TRUE);
     }
 
     void addItem(const ListItem& item) override {
-        if (style_.icons) {
-            levels_.push_back({{}, item.level, item.icon});
-        }
-        send(LB_ADDSTRING, 0, textOf(item));
+        append(item);
+        makeRoom();
     }
 
     void select(int index) override { send(LB_SETCURSEL, static_cast<WPARAM>(index)); }
@@ -76,6 +76,28 @@ public:
     }
 
 private:
+    void append(const ListItem& item) {
+        if (style_.icons) {
+            levels_.push_back({{}, item.level, item.icon});
+        } else if (item.text.size() > longest_.size()) {
+            longest_ = item.text;
+        }
+        send(LB_ADDSTRING, 0, textOf(item));
+    }
+
+    /// Lets the user scroll to the end of a text that is wider than the list. The one of the most letters
+    /// stands for the widest: to measure all would take longer than to fill the list.
+    void makeRoom() {
+        const HDC dc = GetDC(native());
+        const HGDIOBJ former = SelectObject(dc, dialogFont(scale()));
+        SIZE size{};
+        GetTextExtentPoint32A(dc, longest_.c_str(), static_cast<int>(longest_.size()), &size);
+        SelectObject(dc, former);
+        ReleaseDC(native(), dc);
+        constexpr LONG margin = 6;
+        send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(size.cx + margin));
+    }
+
     int selected() const { return static_cast<int>(send(LB_GETCURSEL)); }
 
     void draw(const DRAWITEMSTRUCT& item) const {
@@ -90,6 +112,7 @@ private:
 
     ListStyle style_;
     std::vector<ListItem> levels_; // of the items with icons, without their texts
+    std::string longest_;          // of the texts without icons
 };
 
 class DropDownWindow : public ControlWindow<List> {

@@ -17,6 +17,12 @@ inline HWND toNative(WindowHandle handle) { return reinterpret_cast<HWND>(handle
 
 inline COLORREF toNative(Color color) { return RGB(color.red, color.green, color.blue); }
 
+/// The system's colour of dialogs, as it is now.
+inline Color faceColor() {
+    const COLORREF color = GetSysColor(COLOR_3DFACE);
+    return {GetRValue(color), GetGValue(color), GetBValue(color)};
+}
+
 /// The owner of a native window as the window procedures know it: the window keeps a pointer to it as its
 /// user data.
 class WindowOwner {
