@@ -197,7 +197,8 @@ Events::Events(TwipsPerPixel scale)
     registerClass(formClass);
     registerClass(pictureBoxClass);
     registerLabelClass();
-    dialogAtom_ = registerDialogClass();
+    static const ATOM dialogAtom = registerDialogClass(); // a class stays to the end of the process
+    dialogAtom_ = dialogAtom;
 }
 
 Events::~Events() { DestroyWindow(alarmWindow_); }

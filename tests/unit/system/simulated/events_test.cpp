@@ -330,7 +330,7 @@ TEST_F(SimulatedEvents, Click_MeetsTheForemostChild) {
 TEST_F(SimulatedEvents, Label_TakesTheMouseFromWhatIsBeneath) {
     const auto box = machine.createPictureBox(*form, {});
     box->place({0, 0, 1500, 1500});
-    const auto label = machine.createLabel(*form, {{"Arial"}, {}, {}});
+    const auto label = machine.createLabel(*form, {{"Arial"}, sys::LabelColors{}});
     label->place({0, 0, 300, 300});
     EXPECT_EQ(machine.windowAt({5, 5}), form->handle()) << "both are hidden still";
     label->show(true);
