@@ -35,17 +35,27 @@ if(MINGW_COMPILER)
 
     add_test(NAME product.file
         COMMAND "${PROJECT_SOURCE_DIR}/tests/product/product_test.py" "${PROJECT_BINARY_DIR}/Tessellarium.scr")
-    set_tests_properties(product.file PROPERTIES LABELS product)
+    add_test(NAME product.package
+        COMMAND "${PROJECT_SOURCE_DIR}/tests/product/package_test.py" "${PROJECT_BINARY_DIR}/Tessellarium.scr"
+                "$<TARGET_FILE:tessellarium-inspect>")
+    set_tests_properties(product.file product.package PROPERTIES LABELS product TIMEOUT 300)
 
     add_test(NAME contract.under_wine
         COMMAND "${PROJECT_SOURCE_DIR}/tools/with-wine" --template "${PROJECT_BINARY_DIR}/wine_template"
                 "${PROJECT_SOURCE_DIR}/tests/contract/win32/run" "${PROJECT_BINARY_DIR}/win32/contract_tests.exe")
-    set_tests_properties(contract.under_wine PROPERTIES LABELS "contract;wine" RUN_SERIAL ON TIMEOUT 300)
+    set_tests_properties(contract.under_wine PROPERTIES LABELS "contract;wine" COST 50 TIMEOUT 300)
 
-    add_test(NAME endtoend
-        COMMAND "${PROJECT_SOURCE_DIR}/tests/endtoend/run" --product "${PROJECT_BINARY_DIR}/Tessellarium.scr"
-                --template "${PROJECT_BINARY_DIR}/wine_template")
-    set_tests_properties(endtoend PROPERTIES LABELS "endtoend;wine" RUN_SERIAL ON TIMEOUT 900)
+    # Each file of them has a machine of its own. They mostly wait, and take longest: they begin first.
+    file(GLOB endtoend_tests CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/endtoend/test_*.py")
+    foreach(test IN LISTS endtoend_tests)
+        cmake_path(GET test STEM module)
+        string(REPLACE "test_" "endtoend." name ${module})
+        add_test(NAME ${name}
+            COMMAND "${PROJECT_SOURCE_DIR}/tests/endtoend/run" --product "${PROJECT_BINARY_DIR}/Tessellarium.scr"
+                    --template "${PROJECT_BINARY_DIR}/wine_template"
+                    --failures "${PROJECT_BINARY_DIR}/endtoend/${module}" ${module}.)
+        set_tests_properties(${name} PROPERTIES LABELS "endtoend;wine" COST 100 TIMEOUT 600)
+    endforeach()
 else()
     message(STATUS "No x86_64-w64-mingw32-g++-posix: only the native parts are built, not Tessellarium.scr")
 endif()
@@ -65,7 +75,7 @@ if(FUZZ_COMPILER AND fuzz_sources)
     foreach(source IN LISTS fuzz_sources)
         cmake_path(GET source STEM name)
         add_test(NAME fuzz.${name} COMMAND "${PROJECT_SOURCE_DIR}/tools/fuzz" "${PROJECT_BINARY_DIR}" ${name} 10)
-        set_tests_properties(fuzz.${name} PROPERTIES LABELS fuzz TIMEOUT 120)
+        set_tests_properties(fuzz.${name} PROPERTIES LABELS fuzz TIMEOUT 300)
     endforeach()
 elseif(fuzz_sources)
     message(STATUS "No clang++: the fuzz targets are not built")

@@ -45,6 +45,7 @@ std::int16_t frmDesigner::AddRow() {
     ListView1.addRow();
     lstImagePath.addItem("");
     lstSoundPath.addItem("");
+    ListView1.refresh();
     return ListView1.rowCount();
 }
 

@@ -21,6 +21,7 @@ void frmDesigner::PerformLoad() {
         [&] {
             ClearRows();
             files.open(templateFile, TemplateFile, toolkit::OpenMode::input);
+            const toolkit::Freed file(files, templateFile);
             std::int16_t row = 0; // none yet
             while (!files.atEnd(templateFile)) {
                 row = loadLine(files.readLine(templateFile), row);
@@ -32,7 +33,6 @@ void frmDesigner::PerformLoad() {
             Application::current().showMessage("An Error Has Occurred: " + failure.description());
             setCaption("Template Designer");
             AddRow();
-            files.close(templateFile);
         });
 }
 

@@ -1,4 +1,5 @@
-// The reading of a packaged show from the program's own file.
+// The reading of a packaged show from the program's own file. What a failure leaves open is freed: the show
+// goes on, the next routine takes the number again, and the show's end deletes the picture.
 #include "package/format.h"
 #include "package/trailer.h"
 #include "show/main_form.h"
@@ -16,6 +17,7 @@
 
 using toolkit::Application;
 using toolkit::FileTable;
+using toolkit::Freed;
 using toolkit::OpenMode;
 
 namespace {
@@ -36,29 +38,14 @@ template <class Table> auto& entry(Table& table, std::int16_t row) {
 
 /// Copies blocks, each written whole, until the position in `source` has reached `end` or the show ends.
 /// A block that gets nothing is failure 62.
-template <std::size_t blockSize>
-void copySegment(int source, int target, std::int32_t end, const std::int16_t& ShowEnding) {
-    std::array<char, blockSize> block{};
+void copySegment(int source, int target, std::int32_t end, std::size_t blockSize,
+                 const std::int16_t& ShowEnding) {
     while (files().position(source) < end && ShowEnding == 0) {
-        if (files().readBlock(source, block) == 0) {
+        if (files().copyBlock(source, target, blockSize) == 0) {
             throw Failure(FailureCode::inputPastEnd);
         }
-        files().writeBlock(target, block);
     }
 }
-
-/// Frees an open file number at the end of its scope. After a failure nothing else does, and the show goes
-/// on: the next routine takes the number again, and the show's end deletes the picture.
-class Freed {
-public:
-    explicit Freed(int number) : number_(number) {}
-    ~Freed() { files().abandon(number_); }
-    Freed(const Freed&) = delete;
-    Freed& operator=(const Freed&) = delete;
-
-private:
-    int number_;
-};
 
 /// Whether a name can hold the character without leading to another folder or file.
 bool canStandInExtension(char character) {
@@ -88,10 +75,11 @@ std::int16_t MainForm::ReadSCR() {
     WriteLog("S: MainForm ReadSCR");
     lstImageNames.clear();
     files().open(own, ownFileName(), OpenMode::binaryRead);
+    Freed ownFile(files(), own);
     if (!package::endsWithMark(files(), own)) {
-        return False; // the file stays open: meant so
+        ownFile.leaveOpen(); // meant so
+        return False;
     }
-    const Freed ownFile(own);
     const package::Trailer trailer = package::readTrailer(files(), own);
     // One above the last row, so that the walk through the sounds has a silent step: meant so.
     shared.SoundLast = trailer.count;
@@ -129,12 +117,12 @@ std::int16_t MainForm::LoadImbeddedImage(const std::int16_t& index) {
     std::int16_t Timer2WasOn = False;
     DisableTimers(Timer1WasOn, Timer2WasOn);
     files().open(own, ownFileName(), OpenMode::binaryRead);
-    const Freed ownFile(own);
+    const Freed ownFile(files(), own);
     // Not emptied: a longer former picture leaves its tail, which no decoder reads.
     files().open(picture, temporaryPicture(), OpenMode::binary);
-    const Freed pictureFile(picture);
+    const Freed pictureFile(files(), picture);
     files().seek(own, entry(shared.ImageStart, index));
-    copySegment<package::blockSize>(own, picture, entry(shared.ImageEnd, index), ShowEnding);
+    copySegment(own, picture, entry(shared.ImageEnd, index), package::blockSize, ShowEnding);
     files().close(own);
     files().close(picture);
     WriteLog("X: Loaded");
@@ -158,12 +146,12 @@ void MainForm::LoadImbeddedSound(const std::int16_t& index) {
         std::int16_t Timer2WasOn = False;
         DisableTimers(Timer1WasOn, Timer2WasOn);
         files().open(own, ownFileName(), OpenMode::binaryRead);
-        const Freed ownFile(own);
+        const Freed ownFile(files(), own);
         ExtractedSound = soundFile(entry(shared.SoundExt, index));
         files().open(sound, ExtractedSound, OpenMode::binary);
-        const Freed target(sound);
+        const Freed target(files(), sound);
         files().seek(own, entry(shared.SoundStart, index));
-        copySegment<package::soundBlockSize>(own, sound, entry(shared.SoundEnd, index), ShowEnding);
+        copySegment(own, sound, entry(shared.SoundEnd, index), package::soundBlockSize, ShowEnding);
         files().close(own);
         files().close(sound);
         EnableTimers(Timer1WasOn, Timer2WasOn);

@@ -66,8 +66,8 @@ struct SharedState {
     ItemTexts ImageSounds;
     std::int16_t SoundMode = 0; // `SoundModeValue`
 
-    // The rows of a packaged screen saver: 1-based positions in its file, each segment's first byte and the one
-    // behind its last; 0 where a row has none.
+    // The rows of a packaged screen saver: 1-based positions in its file, each segment's first byte and the
+    // one behind its last; 0 where a row has none.
     ItemPositions ImageStart{};
     ItemPositions ImageEnd{};
     ItemPositions SoundStart{};

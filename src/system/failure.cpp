@@ -7,6 +7,7 @@ const char* describe(FailureCode code) {
     case FailureCode::outOfMemory: return "Out of memory";
     case FailureCode::subscriptOutOfRange: return "Subscript out of range";
     case FailureCode::typeMismatch: return "Type mismatch";
+    case FailureCode::badFileNumber: return "Bad file name or number";
     case FailureCode::fileNotFound: return "File not found";
     case FailureCode::fileAlreadyOpen: return "File already open";
     case FailureCode::deviceIo: return "Device I/O error";

@@ -10,6 +10,7 @@ enum class FailureCode {
     outOfMemory = 7,
     subscriptOutOfRange = 9,
     typeMismatch = 13,
+    badFileNumber = 52,
     fileNotFound = 53,
     fileAlreadyOpen = 55,
     deviceIo = 57,

@@ -165,6 +165,9 @@ public:
     HiddenControl(Container& container, Design design)
         : Control(container, (design.visible = false, design)) {}
 
+    /// Asks for a repaint, of which nothing would be seen.
+    void refresh() {}
+
 private:
     bool canShow() const override { return false; }
     std::unique_ptr<sys::Window> makeWindow() override;

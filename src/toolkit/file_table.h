@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <map>
 #include <memory>
-#include <span>
 #include <string>
 
 namespace toolkit {
@@ -19,7 +18,8 @@ enum class OpenMode {
     binary,     // reading and writing of blocks; the file is made if need be, and keeps its content if not
 };
 
-/// A file stays open under its number until it is closed, also after a failure.
+/// A file stays open under its number until it is closed, also after a failure. Whatever is asked of a number
+/// that isn't open, but to close or abandon it, fails with 52.
 class FileTable {
 public:
     explicit FileTable(sys::Files& files);
@@ -57,11 +57,10 @@ public:
     /// The text and CR LF.
     void writeLine(int number, const std::string& text);
 
-    /// Fills the block from the position on and gives the number of bytes that came: fewer only at the end of
-    /// the file, 0 behind it. The rest of the block stays as it was.
-    std::size_t readBlock(int number, std::span<char> block);
-    /// Writes the whole block at the position.
-    void writeBlock(int number, std::span<const char> block);
+    /// Copies a block, of at most 64 KB, from the position in one file to that in another. It is written
+    /// whole; gives the number of bytes that came: fewer only at the end of the source, 0 behind it, and
+    /// zeros stand for the rest.
+    std::size_t copyBlock(int source, int target, std::size_t size);
 
 private:
     class Stream;
@@ -69,6 +68,27 @@ private:
 
     sys::Files& files_;
     std::map<int, std::unique_ptr<Stream>> streams_;
+};
+
+/// Frees an open number at the end of its scope, for what a failure leaves behind: what is still in memory
+/// isn't written out.
+class Freed {
+public:
+    Freed(FileTable& files, int number) : files_(files), number_(number) {}
+    ~Freed() {
+        if (!leftOpen_) {
+            files_.abandon(number_);
+        }
+    }
+    Freed(const Freed&) = delete;
+    Freed& operator=(const Freed&) = delete;
+
+    void leaveOpen() { leftOpen_ = true; }
+
+private:
+    FileTable& files_;
+    int number_;
+    bool leftOpen_ = false;
 };
 
 } // namespace toolkit

@@ -7,6 +7,7 @@
 
 namespace tools {
 
+int inspectPackage(const std::vector<std::string>& words);
 int inspectPath(const std::vector<std::string>& words);
 int inspectPlaylist(const std::vector<std::string>& words);
 int inspectShow(const std::vector<std::string>& words);

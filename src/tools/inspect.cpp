@@ -16,7 +16,8 @@
 namespace {
 
 constexpr const char* usage =
-    "tessellarium-inspect: checks settings and templates without a screen; prints JSON, one object a line\n"
+    "tessellarium-inspect: checks settings, templates and packages without a screen; prints JSON, one object "
+    "a line\n"
     "  path TEXT\n"
     "      the parts of a file specification\n"
     "  playlist [--drive L=DIR]... KEY=VALUE...\n"
@@ -28,6 +29,8 @@ constexpr const char* usage =
     "      what the template designer would hold of a template\n"
     "  write [--drive L=DIR]... --exe FILE --template PATH --out FILE\n"
     "      packages a template as a screen saver of its own, with the program FILE\n"
+    "  package FILE [--extract DIR]\n"
+    "      what a packaged screen saver holds; --extract writes its pictures and sounds as files\n"
     "Files that the program reads are Windows paths on the drives given; KEY=VALUE are settings as they\n"
     "are stored, for example AllImages=1 ImagePath='C:\\Pictures'.\n";
 
@@ -65,6 +68,9 @@ int run(std::vector<std::string> words) {
     }
     if (command == "write") {
         return tools::inspectWrite(words);
+    }
+    if (command == "package") {
+        return tools::inspectPackage(words);
     }
     throw tools::WrongCall("unknown command " + command + "; --help lists them");
 }

@@ -1,14 +1,11 @@
 #include "startup/shared_state.h"
 #include "tools/arguments.h"
 #include "tools/commands.h"
+#include "tools/host_files.h"
 #include "tools/json.h"
 #include "tools/program_run.h"
 
-#include <filesystem>
 #include <iostream>
-#include <optional>
-#include <stdexcept>
-#include <system_error>
 #include <vector>
 
 namespace tools {
@@ -100,7 +97,7 @@ public:
     void stripDrawn() override {
         constexpr int plenty = 10'000'000;
         if (++strips_ > plenty) {
-            throw std::runtime_error("the draws of --random never hit every block or strip");
+            throw WrongCall("the draws of --random never hit every block or strip");
         }
     }
     void paused(std::int16_t divisor) override { add({{"op", "pause"}, {"divisor", divisor}}); }
@@ -174,26 +171,6 @@ std::vector<float> drawsFrom(const Arguments& arguments) {
     return draws;
 }
 
-/// Made if it is missing.
-std::optional<std::string> framesFolderFrom(const Arguments& arguments) {
-    if (!arguments.has("--frames")) {
-        return std::nullopt;
-    }
-    const std::string& folder = arguments.one("--frames");
-    std::error_code error;
-    std::filesystem::create_directories(folder, error);
-    if (!std::filesystem::is_directory(folder, error)) {
-        throw WrongCall("--frames can't be \"" + folder + "\", which is no folder");
-    }
-    return folder;
-}
-
-std::string framePath(const std::string& folder, int step) {
-    std::string number = std::to_string(step);
-    number.insert(0, number.size() < 4 ? 4 - number.size() : 0, '0');
-    return folder + "/" + number + ".png";
-}
-
 } // namespace
 
 int inspectShow(const std::vector<std::string>& words) {
@@ -203,13 +180,14 @@ int inspectShow(const std::vector<std::string>& words) {
                    drivesFrom(arguments.all("--drive")));
     run.takeSettings(arguments.plain());
     run.application().random().setDraws(drawsFrom(arguments));
-    const std::optional<std::string> frames = framesFolderFrom(arguments);
+    const bool framesWanted = arguments.has("--frames");
+    const std::string frames = framesWanted ? folderFrom(arguments, "--frames") : "";
     run.startShow();
     ShowPrinter printer(run);
     for (int step = 1; step <= steps && run.clockRuns(); ++step) {
         printer.runStep();
-        if (frames) {
-            run.machine().writePng(framePath(*frames, step));
+        if (framesWanted) {
+            run.machine().writePng(frames + "/" + numbered(step) + ".png");
         }
     }
     if (!run.clockRuns()) {

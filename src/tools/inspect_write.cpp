@@ -2,44 +2,16 @@
 #include "tools/arguments.h"
 #include "tools/commands.h"
 #include "tools/designer_run.h"
+#include "tools/host_files.h"
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <stdexcept>
-#include <string_view>
 
 namespace tools {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string contentOf(const std::string& file) {
-    std::ifstream in(file, std::ios::binary);
-    std::string content{std::istreambuf_iterator<char>(in), {}};
-    if (!in || fs::is_directory(file)) {
-        throw std::runtime_error("\"" + file + "\" can't be read");
-    }
-    return content;
-}
-
-/// Nothing stands there before all of it is written.
-void store(const std::string& file, std::string_view content) {
-    const fs::path part = file + ".part";
-    std::ofstream out(part, std::ios::binary);
-    out << content;
-    out.close();
-    std::error_code error;
-    if (out) {
-        fs::rename(part, file, error);
-    }
-    if (!out || error) {
-        fs::remove(part, error);
-        throw std::runtime_error("\"" + file + "\" can't be written");
-    }
-}
 
 /// Where a Windows path leads on this machine; "" when it leads to no drive that was given.
 fs::path hostPath(const std::string& path, const DriveFolders& drives) {

@@ -1,7 +1,7 @@
 // pause_time COUNT MILLISECONDS
 //
-// The show's pauses, and in turn with each the same wait by a bare loop: one look at the queue, until the tick
-// count has reached the end.
+// The show's pauses, and in turn with each the same wait by a bare loop: one look at the queue, until the
+// tick count has reached the end.
 #include "measure.h"
 
 #include "show/main_form.h"

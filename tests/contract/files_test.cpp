@@ -152,6 +152,13 @@ TEST_F(Files, FolderAsAFile_Is75) {
     EXPECT_EQ(failureOf([&] { files.remove(path("sub")); }), pathFileAccess);
 }
 
+TEST_F(Files, EmptyName_Is75) {
+    for (const Access access : allAccesses) {
+        EXPECT_EQ(failureOfOpening("", access), pathFileAccess);
+    }
+    EXPECT_FALSE(files.exists(""));
+}
+
 TEST_F(Files, ChangeOfAReadOnlyFile_Is75) {
     write("a.txt", "abc");
     driver->makeReadOnly(path("a.txt"));

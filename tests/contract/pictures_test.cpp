@@ -65,6 +65,19 @@ TEST_F(Pictures, Gif_ShowsItsFirstPicture) {
         ElementsAre(gifColors[0], gifColors[1], gifColors[2], gifColors[3], gifColors[2], gifColors[1]));
 }
 
+TEST_F(Pictures, GifWithALargerScreen_HasTheSizeOfItsFirstPicture) {
+    FileBytes file = gif({3, 2}, {0, 1, 2, 3, 2, 1});
+    constexpr std::size_t screenWidth = 6;
+    constexpr std::size_t screenHeight = 8;
+    file[screenWidth] = 30;
+    file[screenHeight] = 20;
+    const auto picture = system.decodePicture(file);
+    EXPECT_EQ(picture->width(), twips(3));
+    EXPECT_EQ(picture->height(), twips(2));
+    EXPECT_THAT(shown(file, {3, 2}), ElementsAre(gifColors[0], gifColors[1], gifColors[2], gifColors[3],
+                                                 gifColors[2], gifColors[1]));
+}
+
 TEST_F(Pictures, Gif_LetsTheSurfaceShowThrough) {
     EXPECT_THAT(shown(gif({3, 2}, {0, 1, 2, 3, 2, 1}, 2), {3, 2}),
                 ElementsAre(gifColors[0], gifColors[1], green, gifColors[3], green, gifColors[1]));

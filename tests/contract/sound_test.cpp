@@ -56,6 +56,14 @@ TEST_F(Sound, FileName_PlaysToTheEndOfTheSound) {
     EXPECT_LE(system.now() - start, 5000);
 }
 
+/// As an extracted one has it, whose last block runs on into what follows in its package.
+TEST_F(Sound, SoundWithForeignBytesBehindIt_PlaysAndEnds) {
+    write("tail.wav", wavFile(300) + std::string(8192, '\x5A'));
+    take("tail.wav");
+    EXPECT_EQ(player.playState(), PlayState::playing);
+    EXPECT_TRUE(driver->waitUntil([&] { return player.playState() == PlayState::stopped; }));
+}
+
 TEST_F(Sound, LongSound_KeepsPlaying) {
     take("long.wav");
     driver->letPass(1000);

@@ -113,6 +113,7 @@ class Grid(MadePicture):
         self.columns = columns
         self.rows = rows
         self.blue = blue
+        self.contrast = 225 // (min(len(columns), len(rows)) - 1) + 1  # between neighbours, at most
 
     def colour(self, column, row):
         """Both 0-based."""

@@ -154,7 +154,8 @@ class Session:
                 stack.callback(self.sound.close)
                 self.environment.update(self.sound.environment)
             self.drive = os.path.join(self.environment["WINEPREFIX"], "drive_c")
-            self.probe = Probe(["wine", os.path.join(helpers, "probe.exe")], self.environment)
+            self._probe_program = os.path.join(helpers, "probe.exe")
+            self.probe = self.start_probe()
             stack.callback(self.probe.close)
             # A crash ends a program at once.
             self.set_value("Software\\Wine\\WineDbg", "ShowCrashDialog", 0)
@@ -162,6 +163,10 @@ class Session:
             # So that a form that doesn't cover the screen shows.
             self.hold("backdrop", 0, 0, *size)
             self.close = stack.pop_all().close
+
+    def start_probe(self):
+        """Another probe, for its starter to close."""
+        return Probe(["wine", self._probe_program], self.environment)
 
     def hold(self, caption, left, top, width, height):
         """Another program's window, grey, until it is released or the machine ends."""

@@ -34,8 +34,17 @@ class Surface:
         self._left, self._top = left, top
         self._right, self._bottom = left + width, top + height
 
-    def fill(self, left, top, right, bottom, colour):
-        self._frame.fill(*self._clip(left, top, right, bottom), colour)
+    def fill(self, left, top, right, bottom, colour, tolerance=0):
+        self._frame.fill(*self._clip(left, top, right, bottom), colour, tolerance)
+
+    def fill_stretched(self, left, top, right, bottom, colour, growth, tolerance):
+        """A part of a stretched picture. Where it isn't much larger than its own size, the colour of the next
+        part, as much as `tolerance` away, may show in the outermost pixels."""
+        self.fill(left, top, right, bottom, colour)
+        if growth != 1 and growth < 2:
+            for side in ((left, top, left + 1, bottom), (right - 1, top, right, bottom),
+                         (left, top, right, top + 1), (left, bottom - 1, right, bottom)):
+                self.fill(*side, colour, tolerance)
 
     def _clip(self, left, top, right, bottom):
         return (max(left + self._left, self._left), max(top + self._top, self._top),
@@ -47,10 +56,11 @@ class Surface:
         matter."""
         columns = self._spans(grid.columns, target[0], target[2], source[0], source[2])
         rows = self._spans(grid.rows, target[1], target[3], source[1], source[3])
+        growth = max(target[2] / source[2], target[3] / source[3])
         for row, top, bottom in rows:
             for column, left, right in columns:
-                self.fill(left, top, right, bottom, grid.colour(column, row))
-        blur = 2 + round(max(target[2] / source[2], target[3] / source[3]))
+                self.fill_stretched(left, top, right, bottom, grid.colour(column, row), growth, grid.contrast)
+        blur = 2 + round(growth)
         for _, left, _ in columns[1:]:
             self.ignore(left - blur, rows[0][1], left + blur, rows[-1][2])
         for _, top, _ in rows[1:]:
@@ -160,12 +170,13 @@ class BlocksStep(CutStep):
     def frame(self, state):
         frame = self.black()
         surface = self.surface(frame)
+        growth = max((shown + TWIPS) / image for shown, image in zip(self._picture_block, self._image_block))
         for part in state:
             # A pixel larger than the block; of two neighbours the later one has it.
             (left, width), (top, height) = (self._span(axis, number, self._picture_block)
                                             for axis, number in enumerate(part))
             pixels = edge(left), edge(top), edge(left + width + TWIPS), edge(top + height + TWIPS)
-            surface.fill(*pixels, self.grid.colour(*part))
+            surface.fill_stretched(*pixels, self.grid.colour(*part), growth, self.grid.contrast)
             column, row = part
             if {(column + 1, row), (column + 1, row + 1), (column + 1, row - 1)} & state:
                 surface.ignore(pixels[2] - 1, pixels[1], pixels[2], pixels[3])

@@ -6,7 +6,7 @@ import subprocess
 import time
 
 import pictures
-from case import EndToEndCase
+from case import DESKTOP, EndToEndCase
 from session import end, wait_until
 
 WM_CLOSE = 0x10
@@ -109,29 +109,33 @@ class PlaceTest(PreviewCase):
 
 
 class ScaledPlaceTest(PreviewCase):
-    """Twelve twips to a pixel: the logo's box grows with them, and its picture doesn't."""
+    """Programs that start from now on take the screen for one of another resolution."""
 
-    dpi = 120
+    def use_dpi(self, dpi):
+        self.machine.set_value(DESKTOP, "LogPixels", dpi)
+        self.addCleanup(self.machine.set_value, DESKTOP, "LogPixels", self.dpi)
+        # Positions are told to a program in pixels of the resolution that it knows.
+        self.probe = self.machine.start_probe()
+        self.addCleanup(self.probe.close)
 
-    def test_the_place_at_120_dpi(self):
+    def check_place(self, dpi, area, logo):
+        self.use_dpi(dpi)
         host = self.host()
         preview = self.preview(host)
-        self.assertEqual(self.place_in(host, preview.area), (0, 0, 152, 112))
-        self.assertEqual(self.place_in(host, preview.logo), (18, 23, 134, 89))
+        self.assertEqual(self.place_in(host, preview.area), area)
+        self.assertEqual(self.place_in(host, preview.logo), logo)
         self.close(preview)
 
+    def test_twelve_twips_to_a_pixel(self):
+        # The logo's box grows with them, and its picture doesn't.
+        self.check_place(120, (0, 0, 152, 112), (18, 23, 134, 89))
 
-class FractionalPlaceTest(PreviewCase):
-    """Seven and a half twips to a pixel, which the program takes for eight."""
+    def test_ten_twips_to_a_pixel(self):
+        self.check_place(144, (0, 0, 152, 112), (6, 16, 146, 96))
 
-    dpi = 192
-
-    def test_the_place_at_192_dpi(self):
-        host = self.host()
-        preview = self.preview(host)
-        self.assertEqual(self.place_in(host, preview.area), (0, 0, 162, 119))
-        self.assertEqual(self.place_in(host, preview.logo), (-12, 7, 174, 113))
-        self.close(preview)
+    def test_seven_and_a_half_twips_to_a_pixel(self):
+        # The program takes them for eight.
+        self.check_place(192, (0, 0, 162, 119), (-12, 7, 174, 113))
 
 
 class PaintingTest(PreviewCase):
@@ -179,7 +183,7 @@ class PaintingTest(PreviewCase):
         self.machine.act_on(preview.logo, "mousemove", preview.logo.left + 5, preview.logo.top + 5)
         self.machine.act_on(preview.logo, "click", 1)
         self.machine.act("key", "space")
-        preview.must_stay(0.5)
+        preview.must_stay(0.2)
         self.close(preview)
 
 
@@ -197,7 +201,7 @@ class EndTest(PreviewCase):
         preview = self.preview(host, ImageInterval="1")
         # A request to the logo is none.
         self.probe.ask("post", preview.logo.handle, WM_CLOSE, 0, 0)
-        preview.must_stay(1)
+        preview.must_stay(0.3)
         self.assertEqual(len(self.probe.children(host)), 2)
         self.close(preview)
 
@@ -265,7 +269,7 @@ class RunTest(PreviewCase):
         self.assertEqual(self.place_in(hosts[1], second.logo), (104, 74, 197, 127))
         self.close(first)
         self.assertEqual(self.probe.children(hosts[0]), [])
-        second.must_stay(0.5)
+        second.must_stay(0.2)
         self.assertEqual(len(self.probe.children(hosts[1])), 2)
         self.close(second)
         self.check_nothing_left(*hosts)

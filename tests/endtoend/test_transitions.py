@@ -11,6 +11,7 @@ LONG = 40  # seconds
 
 
 class TransitionCase(EndToEndCase):
+    size = (800, 600)
     interval = QUICK
 
     def start_steps(self, names, size, blocks, **settings):
@@ -107,13 +108,13 @@ class MidstAndEndTest(TransitionCase):
         self.check_steps(show, steps[:1], midst=0)
 
     def test_on_the_full_screen(self):
-        # 31 blocks leave a column of pixels that is never drawn.
-        show, steps = self.start_steps([BLOCKS, "Top/Bottom To Center", "Left To Right"], (310, 248), 31,
+        # 29 blocks leave a column of pixels that is never drawn.
+        show, steps = self.start_steps([BLOCKS, "Top/Bottom To Center", "Left To Right"], (290, 232), 29,
                                        FullScreen="1", DissolveDelay="20")
         self.check_steps(show, steps)
 
     def test_of_a_picture_too_large_for_the_screen(self):
-        show, steps = self.start_steps([BLOCKS, "Left/Right To Center", "Bottom To Top"], (1600, 900), 10,
+        show, steps = self.start_steps([BLOCKS, "Left/Right To Center", "Bottom To Top"], (1000, 700), 10,
                                        DissolveDelay="60")
         self.check_steps(show, steps)
 

@@ -60,6 +60,10 @@ class ProductFile(unittest.TestCase):
     def test_Length_Always_IsNoWholeNumberOfBlocks(self):
         self.assertNotEqual(len(self.bytes) % BLOCK, 0)
 
+    def test_SleepOfTheMachine_Always_IsLeftToTheSystem(self):
+        for call in b"SetThreadExecutionState", b"PowerCreateRequest", b"PowerSetRequest":
+            self.assertNotIn(call, self.bytes)
+
     def test_TraceTexts_InAReleaseBuild_AreGone(self):
         self.assertIsNone(re.search(rb"[SEX]: (MainForm|Main|UnModifyComment|CheckUnique|DetermineRunMode|ControlForm|CtlProc|Subclass)\b|Enable Timers", self.bytes))
 

@@ -69,6 +69,11 @@ protected:
             program.machine.platform().answerPassword(0);
         }
     }
+    /// As it may be by a click on the control; keys that come at once still meet it.
+    void givePlayerTheFocus() {
+        program.form().MediaPlayer1.setFileName("C:\\t\\none.wav");
+        program.machine.user().giveFocus(program.form().MediaPlayer1.hWnd());
+    }
     long timesAsked() {
         return std::ranges::count_if(program.machine.platform().calls(), [](const std::string& call) {
             return call.starts_with("verifyScreenSavePwd");
@@ -397,6 +402,35 @@ TEST_F(ShowInput, PlayerKeyPress_AnyOtherCharacter_FailsAsATypeMismatch) {
         }
     }
     EXPECT_EQ(program.traced("S: MainForm QueryUnLoad"), 0);
+}
+
+TEST_F(ShowInput, PlayerThatTakesTheFocus_GivesItBackToTheForm) {
+    start();
+    givePlayerTheFocus();
+    program.advance(0);
+    EXPECT_EQ(program.machine.focusedWindow(), program.form().hWnd());
+}
+
+TEST_F(ShowInput, DigitWhileThePlayerHasTheFocus_AsksForEachEventOfFormAndPlayer) {
+    usePassword();
+    refusePasswords();
+    start();
+    givePlayerTheFocus();
+    press('7');
+    EXPECT_EQ(timesAsked(), 4);
+    EXPECT_FALSE(program.ended());
+}
+
+TEST_F(ShowInput, OtherCharacterWhileThePlayerHasTheFocus_EndsTheProgramBehindARefusal) {
+    usePassword();
+    refusePasswords();
+    start();
+    givePlayerTheFocus();
+    press('A');
+    EXPECT_EQ(timesAsked(), 3) << "not for the player's own character";
+    EXPECT_EQ(program.exitCode(), 1);
+    EXPECT_LT(program.machine.platform().cursorCount(), 0) << "it doesn't come back";
+    EXPECT_TRUE(program.machine.messageBoxes().empty());
 }
 
 } // namespace

@@ -366,6 +366,13 @@ TEST(DamagedPackage, FileThatCannotBeRead_IsPlainOrShowsTheBanner) {
     show.expectCleanEnd();
 }
 
+TEST(DamagedPackage, FileThatIsTooShortByNow_IsFreedAfterTheFailure) {
+    Program program;
+    installPackage(program, "short");
+    EXPECT_EQ(failureOf([&] { program.form().ReadSCR(); }), 5);
+    EXPECT_EQ(program.machine.files().openFiles(), 0);
+}
+
 /// Cuts the media or the directory out at every hundredth of a real package, and leaves its end.
 std::string withoutMiddle(const std::string& file, std::size_t hundredths) {
     constexpr std::size_t trailerLength = 34;

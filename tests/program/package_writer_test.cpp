@@ -3,10 +3,11 @@
 #include "startup/marrowfieldry.h"
 #include "startup/shared_state.h"
 #include "support/program.h"
+#include "unit/toolkit/failure_of.h"
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -71,6 +72,16 @@ protected:
             texts.push_back(box.text);
         }
         return texts;
+    }
+    /// Something that the user does while the first blocks of media are copied.
+    void duringTheCopy(const std::function<void()>& action) {
+        MainForm& other = program.form();
+        other.load();
+        other.Timer1.tick = [&other, action] {
+            other.Timer1.setEnabled(false);
+            action();
+        };
+        other.Timer1.setInterval(1);
     }
     frmDesigner& form() { return program.application().form<frmDesigner>(); }
 
@@ -317,6 +328,54 @@ TEST_F(PackageWriter, Yields_AfterEachBlockOfMediaAlone) {
     EXPECT_EQ(program.machine.now() - before, 3);
 }
 
+TEST_F(PackageWriter, RowThatGoesDuringTheCopy_Fails) {
+    addFile("C:\\a.jpg", pattern(5000, 'a'));
+    addRow("C:\\a.jpg", "");
+    addRow("C:\\a.jpg", "");
+    duringTheCopy([this] { form().ListView1.removeRow(2); });
+    write();
+    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: Subscript out of range"));
+    EXPECT_TRUE(form().ListView1.visible());
+    EXPECT_FALSE(form().Frame2.visible());
+    EXPECT_EQ(program.machine.files().openFiles(), 0);
+}
+
+TEST_F(PackageWriter, RowThatComesDuringTheCopy_HasNoSegment) {
+    addFile("C:\\a.jpg", pattern(5000, 'a'));
+    addRow("C:\\a.jpg", "");
+    duringTheCopy([this] { addRow("C:\\a.jpg", ""); });
+    write();
+    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(package(), EndsWith("00008125\r\n00000002\r\nTessellarium\r\n"));
+    EXPECT_THAT(package(), HasSubstr(" 3000 \r\n 8125 \r\n\r\n\r\n 0 \r\n 0 \r\n   \r\n 0 \r\n 0 \r\n"));
+    EXPECT_EQ(form().ProgressBar1.value(), 50) << "of the rows that are there by then";
+}
+
+// The inner write closes the files of both.
+TEST_F(PackageWriter, WriteDuringTheCopy_FailsAndLetsTheOuterFail) {
+    addFile("C:\\a.jpg", pattern(5000, 'a'));
+    addRow("C:\\a.jpg", "");
+    duringTheCopy([this] { form().WritePackage("C:\\out\\Another.scr"); });
+    write();
+    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: File already open",
+                                        "An Error Has Occurred: Bad file name or number"));
+    EXPECT_TRUE(form().ListView1.visible());
+    EXPECT_FALSE(form().Frame2.visible());
+    EXPECT_EQ(program.machine.files().openFiles(), 0);
+}
+
+TEST_F(PackageWriter, LoadDuringTheCopy_FailsAndLeavesTheFilesOfTheWrite) {
+    addFile("C:\\t.txt", "");
+    addFile("C:\\a.jpg", pattern(5000, 'a'));
+    addRow("C:\\a.jpg", "");
+    form().TemplateFile = "C:\\t.txt";
+    duringTheCopy([this] { form().PerformLoad(); });
+    write();
+    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: File already open"));
+    EXPECT_THAT(package(), EndsWith("00008125\r\n00000001\r\nTessellarium\r\n"));
+    EXPECT_EQ(program.machine.files().openFiles(), 0);
+}
+
 TEST_F(PackageWriter, Captions_TellWhatIsUnderWay) {
     addFile("C:\\a.jpg", "x");
     addFile("C:\\a.wav", "x");
@@ -338,6 +397,10 @@ TEST_F(PackageWriter, Progress_IsNotResetByASecondWrite) {
     form().UpdateThinking(3, 3);
     EXPECT_EQ(form().ProgressBar1.value(), 100);
     write();
+    EXPECT_EQ(form().ProgressBar1.value(), 100);
+    EXPECT_EQ(failureOf([this] { form().UpdateThinking(2, 1); }), 380);
+    EXPECT_EQ(failureOf([this] { form().UpdateThinking(1, 0); }), 380);
+    EXPECT_EQ(failureOf([this] { form().UpdateThinking(-1, 2); }), 380);
     EXPECT_EQ(form().ProgressBar1.value(), 100);
 }
 

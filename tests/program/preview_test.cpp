@@ -146,6 +146,10 @@ TEST(Preview, Form_IsLoadedAndNeverShown) {
     EXPECT_FALSE(window->inTaskBar());
     EXPECT_THAT(window->children(), IsEmpty());
     EXPECT_FALSE(preview.program.form().loaded()) << "no show";
+    preview.form().move(0, 0, 15, 15);
+    preview.form().show();
+    preview.program.advance(1);
+    EXPECT_EQ(preview.program.pixel(0, 0), (sys::Color{0xC0, 0xC0, 0xC0})) << "which is never seen";
 }
 
 TEST(Preview, Pictures_StandInTheHostWithTheLogoInFront) {

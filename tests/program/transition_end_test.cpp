@@ -181,6 +181,17 @@ TEST_P(TransitionMidst, Failure_LeavesTheTimersOffAndTheBannerStanding) {
     EXPECT_EQ(program.exitCode(), 0);
 }
 
+TEST_P(TransitionMidst, FailureOfTheBannerToo_EndsTheProcess) {
+    run([&] {
+        program.form().Image1.setPicture(nullptr);
+        program.form().Picture1.setPicture(nullptr);
+        program.form().Image2.setPicture(nullptr);
+    });
+    EXPECT_EQ(program.exitCode(), 1) << "nobody handles it";
+    EXPECT_EQ(program.traced("E: MainForm LoadImage with Error Invalid picture"), 1);
+    EXPECT_EQ(program.traced("E: MainForm NormalDisplay"), 0);
+}
+
 TEST_P(TransitionMidst, TickThatShouldNotCome_EndsTheStepsForEver) {
     run([&] {
         program.form().Timer1.setInterval(5);

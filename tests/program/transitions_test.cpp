@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <set>
 
@@ -20,6 +21,9 @@ using testing::Not;
 
 constexpr sys::Color black{0, 0, 0};
 constexpr sys::Color red{255, 0, 0};
+
+constexpr std::array slides = {"Slide Bottom To Center", "Slide Top To Center", "Slide Right To Center",
+                               "Slide Left To Center"};
 
 /// A show of one red picture under one transition, on a form of 9600 by 7200 twips.
 struct Show {
@@ -160,6 +164,28 @@ TEST(BlockTransition, OtherTwipsPerPixel_OverlapByOneRoundedPixel) {
     }
 }
 
+TEST(BlockTransition, PixelsThatAreNotSquare_OverlapByTheirOwnSides) {
+    for (const char* name : {"Random Blocks", "Top To Bottom", "Left To Right"}) {
+        SCOPED_TRACE(name);
+        Show show(name, {100, 100}, 10, {}, {12, 7.5}); // 1200 by 750 twips
+        show.run();
+        const RecordedPaint& first = show.paints()[0];
+        const bool rows = *name == 'T';
+        const bool columns = *name == 'L';
+        EXPECT_EQ(first.target[2], (rows ? 1200 : 120) + 12);
+        EXPECT_EQ(first.target[3], (columns ? 750 : 75) + 8);
+    }
+}
+
+TEST(BlockTransition, Block_OfAnEndingShow_IsNeitherPaintedNorTraced) {
+    Show show("Normal", {100, 100});
+    show.form().ShowEnding = True;
+    show.program.trace.clear();
+    show.form().DisplayBlock(1, 1);
+    EXPECT_THAT(show.paints(), IsEmpty());
+    EXPECT_THAT(show.program.trace, IsEmpty());
+}
+
 TEST(BlockTransition, KeyInTheMiddle_EndsTheProcess) {
     Show show("Random Blocks", {100, 100});
     show.recorder.afterPaint = [&] {
@@ -269,26 +295,29 @@ TEST(CurtainTransition, AfterASlide_OnlyTheRandomOneStaysOutOfSight) {
         const char* name;
         bool visible;
     };
-    for (const Case& each :
-         {Case{"Random Vertical", false}, Case{"Random Horizontal", false}, Case{"Left To Right", true},
-          Case{"Top/Bottom To Center", true}, Case{"Random Blocks", true}, Case{"Normal", true}}) {
-        SCOPED_TRACE(each.name);
-        Program program;
-        program.addPicture("C:\\t\\a.bmp", {100, 100}, red);
-        program.useTemplate({"IMAGE=a.bmp", "DISSOLVE=Slide Left To Center", "IMAGE=a.bmp",
-                             std::string("DISSOLVE=") + each.name});
-        program.startAndStep();
-        EXPECT_FALSE(program.form().Picture1.visible());
-        program.step();
-        program.advance(1);
-        EXPECT_EQ(program.form().Picture1.visible(), each.visible);
-        EXPECT_EQ(program.pixel(320, 240), each.visible ? red : black);
+    for (const char* slide : slides) {
+        for (const Case& each :
+             {Case{"Random Vertical", false}, Case{"Random Horizontal", false}, Case{"Left To Right", true},
+              Case{"Top/Bottom To Center", true}, Case{"Random Blocks", true}, Case{"Normal", true}}) {
+            SCOPED_TRACE(std::string(slide) + ", " + each.name);
+            Program program;
+            program.addPicture("C:\\t\\a.bmp", {100, 100}, red);
+            program.useTemplate({"IMAGE=a.bmp", std::string("DISSOLVE=") + slide, "IMAGE=a.bmp",
+                                 std::string("DISSOLVE=") + each.name, "a comment"});
+            program.startAndStep();
+            EXPECT_FALSE(program.form().Picture1.visible());
+            program.step();
+            program.advance(1);
+            EXPECT_EQ(program.form().Picture1.visible(), each.visible);
+            EXPECT_EQ(program.pixel(320, 240), each.visible ? red : black);
+            EXPECT_TRUE(program.form().Label1.visible());
+            EXPECT_EQ(program.traced("E: MainForm LoadImage"), 2) << "no failure";
+        }
     }
 }
 
 TEST(SlideTransition, Common_HidesThePictureBoxAndPaintsOnTheForm) {
-    for (const char* name :
-         {"Slide Bottom To Center", "Slide Top To Center", "Slide Left To Center", "Slide Right To Center"}) {
+    for (const char* name : slides) {
         SCOPED_TRACE(name);
         Show show(name, {100, 100}, 10, {{"FullScreen", "1"}});
         show.run();
@@ -304,13 +333,16 @@ TEST(SlideTransition, Common_HidesThePictureBoxAndPaintsOnTheForm) {
     }
 }
 
-TEST(SlideTransition, PictureLargerThanTheForm_IsShownPlainly) {
+TEST(SlideTransition, PictureATwipLargerThanTheForm_IsShownPlainly) {
     for (const char* side : {"Bottom", "Top", "Left", "Right"}) {
         for (const sys::Size size : {sys::Size{641, 10}, sys::Size{10, 481}}) {
             SCOPED_TRACE(side);
-            Show show(std::string("Slide ") + side + " To Center", size);
+            Show show(std::string("Slide ") + side + " To Center", size, 10, {}, {1, 1});
             show.run();
             EXPECT_TRUE(show.form().Picture1.visible());
+            EXPECT_EQ(show.form().Picture1.width(), std::min(size.width, 640));
+            EXPECT_EQ(show.form().Picture1.height(), std::min(size.height, 480));
+            EXPECT_FALSE(show.failed());
             EXPECT_EQ(show.program.traced(std::string("S: MainForm Slide") + side + "2Center"), 0);
             EXPECT_EQ(show.program.traced(std::string("E: MainForm Slide") + side + "2Center"), 0);
             EXPECT_EQ(show.program.traced("S: MainForm NormalDisplay"), 1);
@@ -346,7 +378,9 @@ std::string line(const RecordedPaint& paint) {
     for (const float number : paint.target) {
         text += " " + toolkit::textOf(number);
     }
-    if (!paint.blank) {
+    if (paint.blank) {
+        EXPECT_THAT(paint.source, Each(-1)) << "left out";
+    } else {
         text += " from " + toolkit::textOf(paint.source[0]) + " " + toolkit::textOf(paint.source[1]);
         EXPECT_EQ(paint.source[2], paint.target[2]);
         EXPECT_EQ(paint.source[3], paint.target[3]);
@@ -414,26 +448,70 @@ TEST(SlideTransition, Right_MovesFromTheFirstPassOnAndBlackensOnceWhole) {
     EXPECT_EQ(slide.program.traced("E: MainForm SlideRight2Center"), 1);
 }
 
-TEST(SlideTransition, Diagnostic_IsTheTopSlidesAlone) {
-    // The step names the transition afterwards, so the diagnostic is read while the slide runs.
-    for (const char* name :
-         {"Slide Top To Center", "Slide Bottom To Center", "Slide Left To Center", "Slide Right To Center"}) {
+TEST(SlideTransition, Diagnostic_IsTheTopSlidesAloneAndComesBehindThePause) {
+    for (const char* name : slides) {
+        SCOPED_TRACE(name);
         Show show(name, {20, 15});
-        std::set<std::string> captions;
-        show.recorder.afterPaint = [&] { captions.insert(show.form().Label2.caption()); };
+        std::vector<std::string> captions;
+        show.recorder.atPause = [&] { captions.push_back(show.form().Label2.caption()); };
         show.run();
-        EXPECT_EQ(captions.contains("7200,225,101"), name == std::string("Slide Top To Center")) << name;
+        // The step has put the picture's name there, and puts the transition's there afterwards.
+        const std::string picture = "C:\\t\\a.bmp";
+        if (name == std::string("Slide Top To Center")) {
+            EXPECT_THAT(std::vector(captions.begin(), captions.begin() + 4),
+                        ElementsAre(picture, "7200,225,1", "7200,225,101", "7200,225,201"));
+        } else {
+            EXPECT_THAT(captions, Each(picture));
+        }
     }
 }
 
 TEST(SlideTransition, ShowEnding_RunsToItsEndAtFullSpeed) {
-    Show show("Slide Left To Center", {100, 100}, 10, {{"DissolveDelay", "200"}});
-    show.recorder.afterPaint = [&] { show.form().ShowEnding = True; };
-    const std::int64_t start = show.program.machine.now();
-    show.run();
-    EXPECT_GT(show.paints().size(), 50U);
-    EXPECT_LT(show.program.machine.now() - start - show.form().Timer1.interval(), 200)
-        << "a millisecond a pass";
+    for (const char* name : slides) {
+        SCOPED_TRACE(name);
+        const std::size_t paints = Show(name, {100, 100}).run().paints().size();
+        Show show(name, {100, 100}, 10, {{"DissolveDelay", "200"}});
+        show.recorder.afterPaint = [&] { show.form().ShowEnding = True; };
+        const std::int64_t start = show.program.machine.now();
+        show.run();
+        EXPECT_EQ(show.paints().size(), paints);
+        EXPECT_EQ(show.program.machine.now() - start - show.form().Timer1.interval(),
+                  static_cast<std::int64_t>(show.recorder.pauses.size()))
+            << "a millisecond a pass";
+    }
+}
+
+TEST(SlideTransition, Sizes_AreReadAfreshInEachPass) {
+    // The picture's are those of the box, but for the growth of the one from the right.
+    struct Case {
+        const char* name;
+        const char* paintBefore;
+        const char* paintAfter;
+    };
+    for (const Case& each :
+         {Case{"Slide Bottom To Center", "paint 330 620 300 100 from 1 1", "paint 330 520 150 150 from 1 1"},
+          Case{"Slide Top To Center", "paint 330 1 300 100 from 1 125", "paint 330 101 150 150 from 1 0"},
+          Case{"Slide Left To Center", "paint 1 248 100 225 from 200 1", "paint 101 248 150 150 from 0 1"},
+          Case{"Slide Right To Center", "paint 860 248 100 225 from 1 1",
+               "paint 760 248 200 150 from 1 1"}}) {
+        SCOPED_TRACE(each.name);
+        Program program({64, 48}, {15, 15});
+        program.addPicture("C:\\t\\a.bmp", {20, 15}, red);
+        program.useTemplate({"IMAGE=a.bmp", std::string("DISSOLVE=") + each.name});
+        program.start("/s");
+        ShowRecorder recorder(program);
+        recorder.afterPaint = [&] { program.form().Picture1.move(0, 0, 150, 150); };
+        program.step();
+        std::vector<std::string> lines;
+        for (const RecordedPaint& paint : recorder.paints) {
+            if (!paint.blank) {
+                lines.push_back(line(paint));
+            }
+        }
+        ASSERT_GE(lines.size(), 2U);
+        EXPECT_EQ(lines[0], each.paintBefore);
+        EXPECT_EQ(lines[1], each.paintAfter);
+    }
 }
 
 TEST(SlideTransition, NoDelay_StillYieldsOncePerPass) {

@@ -49,7 +49,12 @@ public:
     void stepBegun() override {}
     void transitionChosen(const std::string& /*name*/) override {}
     void stripDrawn() override { ++draws; }
-    void paused(std::int16_t divisor) override { pauses.push_back(divisor); }
+    void paused(std::int16_t divisor) override {
+        pauses.push_back(divisor);
+        if (atPause) {
+            atPause();
+        }
+    }
     void failed(const Failure& /*failure*/) override {}
     void plainSoundPlayed(const std::string& /*file*/) override {}
 
@@ -57,6 +62,7 @@ public:
     std::vector<int> pauses; // the divisors
     int draws = 0;           // of the transitions alone
     std::function<void()> afterPaint;
+    std::function<void()> atPause; // when it begins
 
 private:
     Program& program_;

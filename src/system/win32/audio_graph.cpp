@@ -9,10 +9,13 @@
 #include <uuids.h>
 
 #include <utility>
+#include <vector>
 
 namespace sys::win32 {
 
 namespace {
+
+std::vector<AudioGraph*> living;
 
 /// A component of the given class; null when the system can't make it.
 template <class Interface> ComPtr<Interface> make(const GUID& componentClass, const GUID& interfaceId) {
@@ -32,14 +35,16 @@ template <class Interface> ComPtr<Interface> faceOf(IUnknown& component, const G
 /// Calls `visit` with each pin of that direction.
 template <class Visit> void forEachPin(IBaseFilter& filter, PIN_DIRECTION wanted, const Visit& visit) {
     IEnumPins* found = nullptr;
-    if (FAILED(filter.EnumPins(&found)))
+    if (FAILED(filter.EnumPins(&found))) {
         return;
+    }
     const ComPtr<IEnumPins> pins(found);
     for (IPin* next = nullptr; pins->Next(1, &next, nullptr) == S_OK;) {
         const ComPtr<IPin> pin(next);
         PIN_DIRECTION direction{};
-        if (SUCCEEDED(pin->QueryDirection(&direction)) && direction == wanted)
+        if (SUCCEEDED(pin->QueryDirection(&direction)) && direction == wanted) {
             visit(*pin);
+        }
     }
 }
 
@@ -47,8 +52,9 @@ bool isFed(IBaseFilter& renderer) {
     bool fed = false;
     forEachPin(renderer, PINDIR_INPUT, [&](IPin& pin) {
         IPin* source = nullptr;
-        if (FAILED(pin.ConnectedTo(&source)))
+        if (FAILED(pin.ConnectedTo(&source))) {
             return;
+        }
         source->Release();
         fed = true;
     });
@@ -66,11 +72,13 @@ std::wstring wide(const std::string& text) {
 
 /// Connects the file with the renderer; false when no sound comes out of it.
 bool connect(IFilterGraph2& graph, IBaseFilter& renderer, const std::string& fileName) {
-    if (FAILED(graph.AddFilter(&renderer, L"Sound")))
+    if (FAILED(graph.AddFilter(&renderer, L"Sound"))) {
         return false;
+    }
     IBaseFilter* added = nullptr;
-    if (FAILED(graph.AddSourceFilter(wide(fileName).c_str(), L"File", &added)))
+    if (FAILED(graph.AddSourceFilter(wide(fileName).c_str(), L"File", &added))) {
         return false;
+    }
     const ComPtr<IBaseFilter> source(added);
     // Only to the renderer that is there: no window may come up for the pictures of a film.
     forEachPin(*source, PINDIR_OUTPUT,
@@ -93,22 +101,37 @@ std::unique_ptr<AudioGraph> AudioGraph::make(const std::string& fileName) {
     auto components = std::make_unique<Components>();
     // First, as it is soon told where there is no device.
     const auto renderer = win32::make<IBaseFilter>(CLSID_DSoundRender, IID_IBaseFilter);
-    if (!renderer)
+    if (!renderer) {
         return nullptr;
+    }
     components->graph = win32::make<IFilterGraph2>(CLSID_FilterGraph, IID_IFilterGraph2);
-    if (!components->graph || !connect(*components->graph, *renderer, fileName))
+    if (!components->graph || !connect(*components->graph, *renderer, fileName)) {
         return nullptr;
+    }
     components->control = faceOf<IMediaControl>(*components->graph, IID_IMediaControl);
     components->events = faceOf<IMediaEvent>(*components->graph, IID_IMediaEvent);
     components->seeking = faceOf<IMediaSeeking>(*components->graph, IID_IMediaSeeking);
-    if (!components->control || !components->events || !components->seeking)
+    if (!components->control || !components->events || !components->seeking) {
         return nullptr;
+    }
     return std::unique_ptr<AudioGraph>(new AudioGraph(std::move(components)));
 }
 
-AudioGraph::AudioGraph(std::unique_ptr<Components> components) : components_(std::move(components)) {}
+AudioGraph::AudioGraph(std::unique_ptr<Components> components) : components_(std::move(components)) {
+    living.push_back(this);
+}
 
-AudioGraph::~AudioGraph() { stop(); }
+AudioGraph::~AudioGraph() {
+    std::erase(living, this);
+    stop();
+}
+
+void AudioGraph::takeDownAll() {
+    for (AudioGraph* graph : living) {
+        graph->stop();
+        graph->components_ = nullptr;
+    }
+}
 
 bool AudioGraph::run() {
     LONGLONG beginning = 0;

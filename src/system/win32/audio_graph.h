@@ -23,6 +23,10 @@ public:
     /// gone, is over, too.
     bool over();
 
+    /// For the end of the process: takes all of them down, and none may be used any more. A process that
+    /// ends beneath the threads of a decoder may crash in them.
+    static void takeDownAll();
+
 private:
     struct Components;
 

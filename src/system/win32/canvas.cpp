@@ -45,19 +45,22 @@ void CanvasWindow::paint(const Picture& picture, const Area& target, const Area&
     const auto& paintablePicture = static_cast<const PaintablePicture&>(picture);
     const Block block = paintablePicture.blockOf(target, source, scale());
     const PixelRect visible = common(block.target, fromOrigin(size_));
-    if (block.source.empty() || visible.empty())
+    if (block.source.empty() || visible.empty()) {
         return;
+    }
     MemoryBitmap* bitmap = paintable();
-    if (!bitmap)
+    if (bitmap == nullptr) {
         return;
+    }
     paintablePicture.paintOn(*bitmap, block);
     markChanged(visible);
 }
 
 void CanvasWindow::present() {
     const PixelRect area = common(std::exchange(changed_, {}), fromOrigin(size_));
-    if (area.empty())
+    if (area.empty()) {
         return;
+    }
     const HDC dc = GetDC(native());
     copyTo(dc, area);
     ReleaseDC(native(), dc);
@@ -72,46 +75,54 @@ void CanvasWindow::repair() {
 }
 
 void CanvasWindow::resized(Size size) {
-    if (size == size_)
+    if (size == size_) {
         return;
+    }
     size_ = size;
-    if (blank_ || !surface_)
+    if (blank_ || !surface_) {
         return;
+    }
     const std::unique_ptr<MemoryBitmap> former = std::move(surface_);
     blank_ = true;
-    if (MemoryBitmap* bitmap = paintable())
+    if (MemoryBitmap* bitmap = paintable()) {
         BitBlt(bitmap->dc(), 0, 0, former->size().width, former->size().height, former->dc(), 0, 0, SRCCOPY);
+    }
 }
 
 MemoryBitmap* CanvasWindow::paintable() {
-    if (!blank_)
+    if (!blank_) {
         return surface_.get();
+    }
     if (!surface_ || surface_->size() != size_) {
         surface_.reset(); // first, so that both never take memory at once
-        if (!fromOrigin(size_).empty())
+        if (!fromOrigin(size_).empty()) {
             surface_ = MemoryBitmap::make(size_, MemoryBitmap::surfaceBits);
+        }
     }
-    if (!surface_)
+    if (!surface_) {
         return nullptr;
+    }
     fill(surface_->dc(), fromOrigin(size_));
     blank_ = false;
     return surface_.get();
 }
 
 void CanvasWindow::copyTo(HDC window, const PixelRect& area) const {
-    if (blank_)
+    if (blank_) {
         fill(window, area);
-    else
+    } else {
         BitBlt(window, area.left, area.top, area.width(), area.height(), surface_->dc(), area.left, area.top,
                SRCCOPY);
+    }
 }
 
 void CanvasWindow::markChanged(const PixelRect& area) {
-    if (changed_.empty())
+    if (changed_.empty()) {
         changed_ = area;
-    else
+    } else {
         changed_ = {std::min(changed_.left, area.left), std::min(changed_.top, area.top),
                     std::max(changed_.right, area.right), std::max(changed_.bottom, area.bottom)};
+    }
 }
 
 void CanvasWindow::fill(HDC dc, const PixelRect& area) const {

@@ -12,13 +12,16 @@ namespace {
 
 /// The position behind a GIF's chain of blocks, or the end of a file that breaks off in it.
 std::size_t behindGifBlocks(Bytes bytes, std::size_t position) {
-    while (position < bytes.size() && bytes[position] != 0)
+    while (position < bytes.size() && bytes[position] != 0) {
         position += 1U + bytes[position];
+    }
     return std::min(position + 1, bytes.size());
 }
 
 /// The bytes of a table of colours, whose presence and length are packed into one byte.
-std::size_t gifTableLength(std::uint8_t packed) { return packed & 0x80 ? std::size_t{6} << (packed & 7) : 0; }
+std::size_t gifTableLength(std::uint8_t packed) {
+    return (packed & 0x80) != 0 ? std::size_t{6} << (packed & 7) : 0;
+}
 
 std::uint32_t bigEndianAt(Bytes bytes, std::size_t position) {
     return static_cast<std::uint32_t>(byteAt(bytes, position)) << 24 | byteAt(bytes, position + 1) << 16 |
@@ -47,8 +50,9 @@ void checkIconBitmap(Bytes dib) {
 
 std::vector<std::uint8_t> firstPictureOfGif(Bytes bytes) {
     std::size_t position = 13 + gifTableLength(byteAt(bytes, 10));
-    while (byteAt(bytes, position) == 0x21)
+    while (byteAt(bytes, position) == 0x21) {
         position = behindGifBlocks(bytes, position + 2);
+    }
     demand(byteAt(bytes, position) == 0x2C);
     checkSize(wordAt(bytes, position + 5), wordAt(bytes, position + 7));
     position += 10 + gifTableLength(byteAt(bytes, position + 9));
@@ -68,8 +72,9 @@ std::size_t bestOfIcon(Bytes bytes) {
         const Bytes entry = bytesFrom(bytes, headerSize + entrySize * index);
         const unsigned side = byteAt(entry, 0);
         const std::pair<unsigned, unsigned> rank{side == 0 ? 256 : side, wordAt(entry, 6)};
-        if (rank <= bestRank)
+        if (rank <= bestRank) {
             continue;
+        }
         best = index;
         bestRank = rank;
     }
@@ -78,10 +83,11 @@ std::size_t bestOfIcon(Bytes bytes) {
     const Bytes behind = bytesFrom(bytes, doubleWordAt(entry, 12));
     const Bytes picture = behind.first(std::min<std::size_t>(behind.size(), doubleWordAt(entry, 8)));
     constexpr std::array<std::uint8_t, 4> pngSignature{0x89, 'P', 'N', 'G'};
-    if (picture.size() >= 4 && std::equal(pngSignature.begin(), pngSignature.end(), picture.begin()))
+    if (picture.size() >= 4 && std::equal(pngSignature.begin(), pngSignature.end(), picture.begin())) {
         checkPng(picture);
-    else
+    } else {
         checkIconBitmap(picture);
+    }
     return best;
 }
 

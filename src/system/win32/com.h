@@ -20,8 +20,9 @@ struct Apartment {
     Apartment(const Apartment&) = delete;
     Apartment& operator=(const Apartment&) = delete;
     ~Apartment() {
-        if (entered)
+        if (entered) {
             CoUninitialize();
+        }
     }
     bool entered;
 };

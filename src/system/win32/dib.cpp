@@ -65,8 +65,9 @@ std::unique_ptr<MemoryBitmap> decodeBmp(Bytes bytes) {
     demand(layout.pixelBytes <= pixels.size());
 
     auto bitmap = MemoryBitmap::make(layout.size, 24);
-    if (!bitmap)
+    if (!bitmap) {
         throw Failure(FailureCode::outOfMemory);
+    }
     const auto [width, height] = layout.size;
     demand(StretchDIBits(bitmap->dc(), 0, 0, width, height, 0, 0, width, height, pixels.data(),
                          reinterpret_cast<const BITMAPINFO*>(header.data()), DIB_RGB_COLORS, SRCCOPY) > 0);

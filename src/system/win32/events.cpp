@@ -10,8 +10,8 @@ namespace sys::win32 {
 namespace {
 
 int buttonsIn(WPARAM keys) {
-    return (keys & MK_LBUTTON ? leftButton : 0) | (keys & MK_RBUTTON ? rightButton : 0) |
-           (keys & MK_MBUTTON ? middleButton : 0);
+    return ((keys & MK_LBUTTON) != 0 ? leftButton : 0) | ((keys & MK_RBUTTON) != 0 ? rightButton : 0) |
+           ((keys & MK_MBUTTON) != 0 ? middleButton : 0);
 }
 
 int shiftState() {
@@ -96,11 +96,13 @@ LRESULT CALLBACK dialogProcedure(HWND window, UINT message, WPARAM wParam, LPARA
 
 LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* canvas = static_cast<CanvasWindow*>(WindowOwner::of(window));
-    if (!canvas)
+    if (canvas == nullptr) {
         return DefWindowProcA(window, message, wParam, lParam);
+    }
     Events& events = canvas->events();
-    if (reportMouse(events, window, message, wParam, lParam))
+    if (reportMouse(events, window, message, wParam, lParam)) {
         return 0;
+    }
     if (const auto answer = reflect(window, message, wParam, lParam)) {
         return *answer;
     }
@@ -117,10 +119,11 @@ LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     case WM_CLOSE: events.closeRequested(window, CloseReason::byUser); return 0;
     case WM_QUERYENDSESSION:
         events.closeRequested(window, CloseReason::sessionEnds);
-        return IsWindow(window) ? FALSE : TRUE;
+        return IsWindow(window) != 0 ? FALSE : TRUE;
     case WM_SYSCOMMAND:
-        if (!isAllowed(wParam))
+        if (!isAllowed(wParam)) {
             return 0;
+        }
         break;
     default: break;
     }
@@ -131,8 +134,9 @@ WNDPROC staticProcedure = nullptr;
 
 LRESULT CALLBACK labelProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* label = static_cast<LabelWindow*>(WindowOwner::of(window));
-    if (label && reportMouse(label->events(), window, message, wParam, lParam))
+    if (label != nullptr && reportMouse(label->events(), window, message, wParam, lParam)) {
         return 0;
+    }
     return CallWindowProcA(staticProcedure, window, message, wParam, lParam);
 }
 
@@ -210,15 +214,17 @@ void Events::mouseMoved(HWND window, WPARAM buttons, LPARAM position) {
 void Events::mousePressed(HWND window, MouseButton button, LPARAM position, bool twice) {
     SetCapture(window); // so that the release is reported wherever it comes
     const MouseEvent event = mouseEvent(window, button, position);
-    if (twice)
+    if (twice) {
         input_->mouseDoublePressed(event);
-    else
+    } else {
         input_->mousePressed(event);
+    }
 }
 
 void Events::mouseReleased(HWND window, MouseButton button, WPARAM buttonsLeft, LPARAM position) {
-    if (buttonsIn(buttonsLeft) == 0 && GetCapture() == window)
+    if (buttonsIn(buttonsLeft) == 0 && GetCapture() == window) {
         ReleaseCapture();
+    }
     const MouseEvent event = mouseEvent(window, button, position);
     const bool inside = WindowFromPoint({event.screen.x, event.screen.y}) == window;
     input_->mouseReleased(event, inside);
@@ -250,10 +256,11 @@ MouseEvent Events::mouseEvent(HWND window, int button, LPARAM position) const {
 
 void Events::setAlarm(std::optional<std::int64_t> due) {
     due_ = due;
-    if (due_)
+    if (due_) {
         startAlarmTimer();
-    else
+    } else {
         KillTimer(alarmWindow_, 1);
+    }
 }
 
 void Events::startAlarmTimer() {
@@ -264,13 +271,15 @@ void Events::startAlarmTimer() {
 void Events::alarmTimerTicked() {
     ringIfDue();
     // A timer may be a little early, and then stays away for a whole further interval.
-    if (due_)
+    if (due_) {
         startAlarmTimer();
+    }
 }
 
 void Events::ringIfDue() {
-    if (!due_ || clockNow() < *due_)
+    if (!due_ || clockNow() < *due_) {
         return;
+    }
     setAlarm(std::nullopt);
     input_->alarmRang();
 }
@@ -279,7 +288,7 @@ void Events::deliver() {
     // A flood, such as that of a mouse that never rests, must not keep the caller for ever.
     constexpr int mostAtOnce = 1000;
     MSG message;
-    for (int left = mostAtOnce; left > 0 && PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE); --left) {
+    for (int left = mostAtOnce; left > 0 && PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != 0; --left) {
         if (!isTakenByDialog(message)) {
             TranslateMessage(&message);
             DispatchMessageA(&message);
@@ -301,8 +310,9 @@ bool Events::isTakenByDialog(MSG& message) {
 
 void Events::wait() {
     DWORD timeout = INFINITE;
-    if (due_)
+    if (due_) {
         timeout = static_cast<DWORD>(std::clamp<std::int64_t>(*due_ - clockNow(), 0, INFINITE - 1));
+    }
     // The timer of the alarm is too coarse to be waited for.
     MsgWaitForMultipleObjectsEx(0, nullptr, timeout, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     ringIfDue();

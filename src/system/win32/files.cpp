@@ -12,8 +12,9 @@ namespace {
 
 /// What a drive letter stands for, when the path begins with one and nothing stands behind it.
 bool isOnMissingDrive(const std::string& path) {
-    if (path.size() < 2 || path[1] != ':')
+    if (path.size() < 2 || path[1] != ':') {
         return false;
+    }
     return GetDriveTypeA((path.substr(0, 2) + "\\").c_str()) == DRIVE_NO_ROOT_DIR;
 }
 
@@ -48,10 +49,12 @@ FailureCode codeOf(DWORD error) {
 
 /// The system's own errors for drives and folders differ from call to call, so that the path tells these.
 Failure failureAt(const std::string& path, DWORD error) {
-    if (isOnMissingDrive(path))
+    if (isOnMissingDrive(path)) {
         return Failure(FailureCode::deviceUnavailable);
-    if (isFolder(path))
+    }
+    if (path.empty() || isFolder(path)) {
         return Failure(FailureCode::pathFileAccess);
+    }
     return Failure(codeOf(error));
 }
 
@@ -68,10 +71,13 @@ public:
         std::size_t done = 0;
         while (done < size) {
             DWORD now = 0;
-            if (!ReadFile(file_.get(), static_cast<char*>(buffer) + done, piece(size - done), &now, nullptr))
+            if (ReadFile(file_.get(), static_cast<char*>(buffer) + done, piece(size - done), &now, nullptr) ==
+                0) {
                 throw Failure(FailureCode::deviceIo);
-            if (now == 0)
+            }
+            if (now == 0) {
                 break;
+            }
             done += now;
         }
         return done;
@@ -81,11 +87,13 @@ public:
         std::size_t done = 0;
         while (done < size) {
             DWORD now = 0;
-            if (!WriteFile(file_.get(), static_cast<const char*>(data) + done, piece(size - done), &now,
-                           nullptr))
+            if (WriteFile(file_.get(), static_cast<const char*>(data) + done, piece(size - done), &now,
+                          nullptr) == 0) {
                 throw Failure(codeOf(GetLastError()));
-            if (now == 0)
+            }
+            if (now == 0) {
                 throw Failure(FailureCode::diskFull);
+            }
             done += now;
         }
     }
@@ -93,14 +101,16 @@ public:
     void seek(std::int64_t offset) override {
         LARGE_INTEGER position;
         position.QuadPart = offset;
-        if (!SetFilePointerEx(file_.get(), position, nullptr, FILE_BEGIN))
+        if (SetFilePointerEx(file_.get(), position, nullptr, FILE_BEGIN) == 0) {
             throw Failure(FailureCode::deviceIo);
+        }
     }
 
     std::int64_t length() override {
         LARGE_INTEGER bytes;
-        if (!GetFileSizeEx(file_.get(), &bytes))
+        if (GetFileSizeEx(file_.get(), &bytes) == 0) {
             throw Failure(FailureCode::deviceIo);
+        }
         return bytes.QuadPart;
     }
 
@@ -150,8 +160,9 @@ public:
         const HANDLE file = CreateFileA(path.c_str(), FILE_READ_ATTRIBUTES,
                                         FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                         OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-        if (file == INVALID_HANDLE_VALUE)
+        if (file == INVALID_HANDLE_VALUE) {
             return;
+        }
         file_.reset(file);
         exists_ = GetFileInformationByHandle(file, &information_) != 0;
     }
@@ -177,13 +188,18 @@ struct CloseSearch {
 
 std::unique_ptr<File> Win32Files::open(const std::string& path, Access access) {
     OwnedFile file = tryToOpen(path, access);
-    if (!file && access == Access::readWrite && GetLastError() == ERROR_ACCESS_DENIED && exists(path))
+    DWORD error = GetLastError();
+    if (!file && access == Access::readWrite && error == ERROR_ACCESS_DENIED && exists(path)) {
         file = tryToOpen(path, Access::read);
-    if (!file)
-        throw failureAt(path, GetLastError());
+        error = GetLastError();
+    }
+    if (!file) {
+        throw failureAt(path, error);
+    }
     // Not a console, a serial line or the like, where a read could wait for ever.
-    if (GetFileType(file.get()) != FILE_TYPE_DISK)
+    if (GetFileType(file.get()) != FILE_TYPE_DISK) {
         throw Failure(FailureCode::pathFileAccess);
+    }
     return std::make_unique<OpenFile>(std::move(file));
 }
 
@@ -200,8 +216,9 @@ bool Win32Files::same(const std::string& one, const std::string& other) {
 }
 
 void Win32Files::remove(const std::string& path) {
-    if (!DeleteFileA(path.c_str()))
+    if (DeleteFileA(path.c_str()) == 0) {
         throw failureAt(path, GetLastError());
+    }
 }
 
 namespace {
@@ -212,8 +229,9 @@ std::vector<std::string> namesIn(const std::string& pattern, bool folders) {
     const HANDLE first = FindFirstFileA(pattern.c_str(), &entry);
     if (first == INVALID_HANDLE_VALUE) {
         const DWORD error = GetLastError();
-        if (error == ERROR_FILE_NOT_FOUND || error == ERROR_NO_MORE_FILES)
+        if (error == ERROR_FILE_NOT_FOUND || error == ERROR_NO_MORE_FILES) {
             return {};
+        }
         // What stands before the name isn't a folder.
         throw failureAt(pattern, error == ERROR_INVALID_NAME ? ERROR_PATH_NOT_FOUND : error);
     }
@@ -222,12 +240,14 @@ std::vector<std::string> namesIn(const std::string& pattern, bool folders) {
     const DWORD wanted = folders ? FILE_ATTRIBUTE_DIRECTORY : 0;
     std::vector<std::string> names;
     do {
-        if ((entry.dwFileAttributes & looked) == wanted)
+        if ((entry.dwFileAttributes & looked) == wanted) {
             names.emplace_back(entry.cFileName);
-    } while (FindNextFileA(search.get(), &entry));
+        }
+    } while (FindNextFileA(search.get(), &entry) != 0);
     // A listing that broke off, such as that of a drive that was pulled out, is no shorter listing.
-    if (const DWORD error = GetLastError(); error != ERROR_NO_MORE_FILES)
+    if (const DWORD error = GetLastError(); error != ERROR_NO_MORE_FILES) {
         throw failureAt(pattern, error);
+    }
     return names;
 }
 

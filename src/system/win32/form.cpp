@@ -18,8 +18,9 @@ public:
 
     void show(bool visible) override {
         ShowWindow(native(), visible ? SW_SHOW : SW_HIDE);
-        if (!visible)
+        if (!visible) {
             return;
+        }
         SetForegroundWindow(native());
         SetFocus(native());
     }

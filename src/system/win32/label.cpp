@@ -20,11 +20,12 @@ LabelWindow::LabelWindow(Events& events, HWND parent, const LabelStyle& style, T
 
 void LabelWindow::show(bool visible) {
     // Above siblings that the program has made topmost themselves: HWND_TOP would stay below these.
-    if (visible && style_.colors)
+    if (visible && style_.colors) {
         SetWindowPos(native(), HWND_TOPMOST, 0, 0, 0, 0,
                      SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
-    else
+    } else {
         ShowWindow(native(), visible ? SW_SHOWNA : SW_HIDE);
+    }
 }
 
 std::optional<LRESULT> LabelWindow::reflected(UINT message, WPARAM wParam, LPARAM /*lParam*/) {

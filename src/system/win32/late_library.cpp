@@ -10,11 +10,12 @@ void trustOnlySystemLibraries() { SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_S
 FARPROC lateProcedure(const char* library, const char* procedure) {
     std::array<char, MAX_PATH> folder{};
     const UINT length = GetSystemDirectoryA(folder.data(), MAX_PATH);
-    if (length == 0 || length >= MAX_PATH)
+    if (length == 0 || length >= MAX_PATH) {
         return nullptr;
+    }
     const std::string path = std::string(folder.data(), length) + "\\" + library;
     const HMODULE module = LoadLibraryExA(path.c_str(), nullptr, 0);
-    return module ? GetProcAddress(module, procedure) : nullptr;
+    return module != nullptr ? GetProcAddress(module, procedure) : nullptr;
 }
 
 } // namespace sys::win32

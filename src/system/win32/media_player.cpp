@@ -20,25 +20,29 @@ public:
     void open(const std::string& fileName) override {
         stop();
         graph_ = nullptr;
-        if (!fileName.empty())
+        if (!fileName.empty()) {
             graph_ = AudioGraph::make(fileName);
+        }
     }
 
     void play() override {
-        if (graph_ && !playing())
+        if (graph_ && !playing()) {
             running_ = graph_->run();
+        }
     }
 
     void stop() override {
-        if (running_)
+        if (running_) {
             graph_->stop();
+        }
         running_ = false;
     }
 
     bool playing() override {
         // Stopped at its end, so that the device is free and lets the machine go to sleep.
-        if (running_ && graph_->over())
+        if (running_ && graph_->over()) {
             stop();
+        }
         return running_;
     }
 

@@ -17,8 +17,9 @@ std::unique_ptr<MemoryBitmap> MemoryBitmap::make(Size size, WORD bitsPerPixel) {
     made->dc_.reset(CreateCompatibleDC(nullptr));
     void* bits = nullptr;
     made->bitmap_.reset(CreateDIBSection(made->dc_.get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0));
-    if (!made->dc_ || !made->bitmap_)
+    if (!made->dc_ || !made->bitmap_) {
         return nullptr;
+    }
     made->bits_ = static_cast<std::uint8_t*>(bits);
     SelectObject(made->dc(), made->bitmap_.get());
     SetStretchBltMode(made->dc(), HALFTONE);

@@ -46,8 +46,9 @@ bool toCoverage(const MemoryBitmap& onBlack, MemoryBitmap& onWhite) {
             std::memcpy(&white, onWhite.row(y) + at, 4);
             const bool covers = (black & anyColor) == (white & anyColor);
             const bool showsThrough = (black & anyColor) == 0 && (white & anyColor) == anyColor;
-            if (!covers && !showsThrough)
+            if (!covers && !showsThrough) {
                 return false;
+            }
             std::memset(onWhite.row(y) + at, covers ? 0xFF : 0, 4);
         }
     }
@@ -86,8 +87,9 @@ private:
     Layers scaledTo(Size size) const override {
         Layers scaled{MemoryBitmap::make(size, MemoryBitmap::surfaceBits),
                       MemoryBitmap::make(size, MemoryBitmap::surfaceBits)};
-        if (!scaled.colors || !scaled.coverage)
+        if (!scaled.colors || !scaled.coverage) {
             return {};
+        }
         const PixelRect whole{0, 0, size.width, size.height};
         PatBlt(scaled.coverage->dc(), 0, 0, size.width, size.height, WHITENESS);
         play(scaled.colors->dc(), whole, whole); // on black
@@ -132,8 +134,9 @@ PicturePtr decodeMetafile(Bytes bytes, TwipsPerPixel scale) {
     // What can't be played is to be known now, and not when it is painted.
     constexpr PixelRect rehearsal{0, 0, 16, 16};
     const auto stage = MemoryBitmap::make({rehearsal.width(), rehearsal.height()}, 32);
-    if (!stage)
+    if (!stage) {
         throw Failure(FailureCode::outOfMemory);
+    }
     demand(picture->play(stage->dc(), rehearsal, rehearsal));
     return picture;
 }

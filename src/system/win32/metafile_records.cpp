@@ -29,8 +29,9 @@ void setDoubleWord(std::vector<std::uint8_t>& bytes, std::size_t position, std::
 void checkPolygons(Bytes parameters) {
     const std::size_t polygons = wordAt(parameters, 0);
     std::size_t points = 0;
-    for (std::size_t polygon = 0; polygon < polygons; ++polygon)
+    for (std::size_t polygon = 0; polygon < polygons; ++polygon) {
         points += wordAt(parameters, 2 + polygon * 2);
+    }
     demand(2 + polygons * 2 + points * 4 <= parameters.size());
 }
 
@@ -57,8 +58,9 @@ public:
         setDoubleWord(records.playable, 6, records.playable.size() / 2);
         setWord(records.playable, 10, objects_);
         setDoubleWord(records.playable, 12, longest_);
-        if (extentSet_)
+        if (extentSet_) {
             records.window = window_;
+        }
         return records;
     }
 
@@ -68,8 +70,9 @@ private:
         const std::size_t words = doubleWordAt(bytes_, position);
         demand(words >= wordsBeforeParameters && words <= (bytes_.size() - position) / 2);
         const unsigned function = wordAt(bytes_, position + 4);
-        if (function != 0)
+        if (function != 0) {
             check(function, bytes_.subspan(position + 6, (words - wordsBeforeParameters) * 2));
+        }
         longest_ = std::max(longest_, words);
         position += words * 2;
         return function != 0;
@@ -96,8 +99,9 @@ private:
         case META_SETDIBTODEV: checkDib(bytesFrom(parameters, 18)); break;
         case META_STRETCHDIB: checkDib(bytesFrom(parameters, 22)); break;
         case META_DIBBITBLT:
-            if (parameters.size() != brushTransferSize)
+            if (parameters.size() != brushTransferSize) {
                 checkDib(bytesFrom(parameters, 16));
+            }
             break;
         case META_DIBSTRETCHBLT: checkDib(bytesFrom(parameters, 20)); break;
         case META_DIBCREATEPATTERNBRUSH: checkDib(bytesFrom(parameters, 4)); break;
@@ -111,16 +115,18 @@ private:
     }
 
     void setOrigin(Bytes parameters) {
-        if (originSet_)
+        if (originSet_) {
             return;
+        }
         originSet_ = true;
         window_.top = signedWordAt(parameters, 0);
         window_.left = signedWordAt(parameters, 2);
     }
 
     void setExtent(Bytes parameters) {
-        if (extentSet_)
+        if (extentSet_) {
             return;
+        }
         extentSet_ = true;
         window_.height = signedWordAt(parameters, 0);
         window_.width = signedWordAt(parameters, 2);

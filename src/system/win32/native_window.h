@@ -68,8 +68,9 @@ template <class Interface> class NativeWindow : public Interface, public WindowO
 public:
     ~NativeWindow() override {
         // A window goes with its parent, and its handle may be another window's by now.
-        if (of(native_) != this)
+        if (of(native_) != this) {
             return;
+        }
         // Messages may still come, down to those of the destruction itself.
         SetWindowLongPtrA(native_, GWLP_USERDATA, 0);
         DestroyWindow(native_);
@@ -98,8 +99,9 @@ protected:
     /// To be called once for each object, with the native window that was made for it; fails with 7 if it
     /// could not be made.
     void adopt(HWND window) {
-        if (!window)
+        if (window == nullptr) {
             throw Failure(FailureCode::outOfMemory);
+        }
         native_ = window;
         SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(static_cast<WindowOwner*>(this)));
     }

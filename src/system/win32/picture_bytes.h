@@ -12,8 +12,9 @@ namespace sys::win32 {
 using Bytes = std::span<const std::uint8_t>;
 
 inline void demand(bool condition) {
-    if (!condition)
+    if (!condition) {
         throw Failure(FailureCode::invalidPicture);
+    }
 }
 
 // Numbers have their low byte first. Fail with 481 behind the end.
@@ -50,8 +51,9 @@ inline Bytes bytesFrom(Bytes bytes, std::size_t position) {
 inline void checkSize(std::uint64_t width, std::uint64_t height) {
     constexpr std::uint64_t mostPixels = 64 << 20;
     demand(width > 0 && height > 0);
-    if (width * height > mostPixels)
+    if (width * height > mostPixels) {
         throw Failure(FailureCode::outOfMemory);
+    }
 }
 
 } // namespace sys::win32

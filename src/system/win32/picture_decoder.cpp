@@ -19,8 +19,9 @@ namespace sys::win32 {
 namespace {
 
 void check(HRESULT result) {
-    if (SUCCEEDED(result))
+    if (SUCCEEDED(result)) {
         return;
+    }
     throw Failure(result == E_OUTOFMEMORY ? FailureCode::outOfMemory : FailureCode::invalidPicture);
 }
 
@@ -37,15 +38,19 @@ std::unique_ptr<MemoryBitmap> coverageOf(const MemoryBitmap& colors) {
         static_cast<std::size_t>(colors.size().width) * static_cast<std::size_t>(colors.size().height);
     const auto alphaOf = [bits = colors.row(0)](std::size_t pixel) { return bits[pixel * 4 + 3]; };
     std::size_t pixel = 0;
-    while (pixel < pixelCount && alphaOf(pixel) == 255)
+    while (pixel < pixelCount && alphaOf(pixel) == 255) {
         ++pixel;
-    if (pixel == pixelCount)
+    }
+    if (pixel == pixelCount) {
         return nullptr;
+    }
     auto coverage = MemoryBitmap::make(colors.size(), 32);
-    if (!coverage)
+    if (!coverage) {
         throw Failure(FailureCode::outOfMemory);
-    for (pixel = 0; pixel < pixelCount; ++pixel)
+    }
+    for (pixel = 0; pixel < pixelCount; ++pixel) {
         std::fill_n(coverage->row(0) + pixel * 4, 3, alphaOf(pixel));
+    }
     return coverage;
 }
 
@@ -68,8 +73,9 @@ public:
     /// Without colours that show through.
     std::unique_ptr<MemoryBitmap> decodeOpaque(Bytes bytes, const GUID& container) {
         const auto frame = frameOf(bytes, container, 0);
-        if (IsEqualGUID(formatOf(*frame), GUID_WICPixelFormat24bppBGR))
+        if (IsEqualGUID(formatOf(*frame), GUID_WICPixelFormat24bppBGR) != 0) {
             return pixelsOf(*frame, GUID_WICPixelFormat24bppBGR, 24);
+        }
         // NOTE: Wine knows no way from greys to 24 bits.
         return pixelsOf(*frame, GUID_WICPixelFormat32bppBGR, 32);
     }
@@ -109,8 +115,9 @@ private:
         check(frame.GetSize(&width, &height));
         checkSize(width, height);
         auto bitmap = MemoryBitmap::make({static_cast<int>(width), static_cast<int>(height)}, bitsPerPixel);
-        if (!bitmap)
+        if (!bitmap) {
             throw Failure(FailureCode::outOfMemory);
+        }
         copyPixels(frame, format, *bitmap);
         return bitmap;
     }
@@ -118,7 +125,7 @@ private:
     void copyPixels(IWICBitmapFrameDecode& frame, const GUID& format, MemoryBitmap& bitmap) {
         const auto row = static_cast<UINT>(bitmap.bytesPerRow());
         const auto size = static_cast<UINT>(bitmap.byteCount());
-        if (IsEqualGUID(formatOf(frame), format)) {
+        if (IsEqualGUID(formatOf(frame), format) != 0) {
             check(frame.CopyPixels(nullptr, row, size, bitmap.row(0)));
             return;
         }
@@ -137,14 +144,16 @@ PictureDecoder::PictureDecoder(TwipsPerPixel scale) : scale_(scale) {}
 PictureDecoder::~PictureDecoder() = default;
 
 ImagingCodecs& PictureDecoder::codecs() {
-    if (!codecs_)
+    if (!codecs_) {
         codecs_ = std::make_unique<ImagingCodecs>();
+    }
     return *codecs_;
 }
 
 PicturePtr PictureDecoder::decode(Bytes bytes) {
-    if (isMetafile(bytes))
+    if (isMetafile(bytes)) {
         return decodeMetafile(bytes, scale_);
+    }
 
     Layers pixels;
     auto& [colors, coverage] = pixels;

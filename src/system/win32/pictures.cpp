@@ -43,10 +43,11 @@ std::unique_ptr<MemoryBitmap> stretchedPart(const MemoryBitmap& from, const Bloc
                                             const PixelRect& area) {
     auto part = MemoryBitmap::make({area.width(), area.height()}, from.bitsPerPixel());
     const PixelRect& target = block.target;
-    if (part)
+    if (part) {
         stretch(from, block.source, part->dc(),
                 {target.left - area.left, target.top - area.top, target.right - area.left,
                  target.bottom - area.top});
+    }
     return part;
 }
 
@@ -63,8 +64,9 @@ OwnedBrush brushOfOnlyColor(const MemoryBitmap& bitmap) {
     const std::uint8_t* first = bitmap.row(0);
     // A row is of one colour when it equals itself, moved by a pixel.
     bool one = std::equal(first + pixelLength, first + rowLength, first);
-    for (int y = 1; one && y < bitmap.size().height; ++y)
+    for (int y = 1; one && y < bitmap.size().height; ++y) {
         one = std::equal(first, first + rowLength, bitmap.row(y));
+    }
     return OwnedBrush(one ? CreateSolidBrush(RGB(first[2], first[1], first[0])) : nullptr);
 }
 
@@ -83,14 +85,16 @@ void stretchOpaque(const MemoryBitmap& from, MemoryBitmap& surface, const Block&
         stretch(from, block.source, surface.dc(), block.target);
     } else {
         const PixelRect area = visibleOn(surface, block.target);
-        if (const auto part = stretchedPart(from, block, area))
+        if (const auto part = stretchedPart(from, block, area)) {
             copyPart(*part, {0, 0}, surface, area);
+        }
     }
 }
 
 void blendPixel(std::uint8_t* onto, const std::uint8_t* color, std::uint8_t coverage) {
-    if (coverage == 0)
+    if (coverage == 0) {
         return;
+    }
     for (std::size_t channel = 0; channel < 3; ++channel) {
         const int shownThrough = (onto[channel] * (255 - coverage) + 127) / 255;
         onto[channel] = static_cast<std::uint8_t>(std::min(color[channel] + shownThrough, 255));
@@ -108,8 +112,9 @@ void blendUnstretched(MemoryBitmap& surface, const PixelRect& area, const Memory
         std::uint8_t* onto = surface.row(area.top + line) + skippedOnSurface;
         const std::uint8_t* color = colors.row(from.y + line) + skipped;
         const std::uint8_t* cover = coverage.row(from.y + line) + skipped;
-        for (std::size_t at = 0; at < length; at += bytesPerPixel)
+        for (std::size_t at = 0; at < length; at += bytesPerPixel) {
             blendPixel(onto + at, color + at, cover[at]);
+        }
     }
 }
 
@@ -131,8 +136,9 @@ Block PaintablePicture::blockOf(const Area& target, const Area& source, TwipsPer
     const PixelRect onto = toPixels(target, scale);
     const PixelRect picture = toPixels({0, 0, width(), height()}, scale);
     Block block;
-    if (from.empty() || onto.empty())
+    if (from.empty() || onto.empty()) {
         return block;
+    }
 
     PixelRect& there = block.source;
     there = {std::max(from.left, 0), std::max(from.top, 0), std::min(from.right, picture.right),
@@ -158,7 +164,7 @@ Block PaintablePicture::blockOf(const Area& target, const Area& source, TwipsPer
 
 void PaintablePicture::paintOn(MemoryBitmap& surface, const Block& block) const {
     const Layers* scaled = staysByItself(block) ? nullptr : scaledFor(block, surface.size());
-    if (!scaled) {
+    if (scaled == nullptr) {
         paintDirectly(surface, block);
         return;
     }
@@ -175,12 +181,14 @@ const Layers* PaintablePicture::scaledFor(const Block& block, Size surface) cons
         scaled_ = {};
     }
     const auto pixelsOf = [](Size size) { return std::int64_t{size.width} * size.height; };
-    if (pixelsOf(block.scaled) > 2 * pixelsOf(surface))
+    if (pixelsOf(block.scaled) > 2 * pixelsOf(surface)) {
         return nullptr; // it would take more memory than it is worth
+    }
     // The first may be the only one, a whole picture.
     blocksOfSize_ = std::min(blocksOfSize_ + 1, 3);
-    if (blocksOfSize_ == 2)
+    if (blocksOfSize_ == 2) {
         scaled_ = scaledTo(block.scaled);
+    }
     const bool fits =
         block.target.width() <= block.scaled.width && block.target.height() <= block.scaled.height;
     return scaled_.colors && fits ? &scaled_ : nullptr;
@@ -204,8 +212,9 @@ void BitmapPicture::paintDirectly(MemoryBitmap& surface, const Block& block) con
         const PixelRect area = visibleOn(surface, block.target);
         const Layers part{stretchedPart(*pixels_.colors, block, area),
                           stretchedPart(*pixels_.coverage, block, area)};
-        if (part.colors && part.coverage)
+        if (part.colors && part.coverage) {
             copyPart(part, {0, 0}, surface, area);
+        }
     } else {
         stretchOpaque(*pixels_.colors, surface, block);
     }
@@ -226,13 +235,16 @@ Layers BitmapPicture::scaledTo(Size size) const {
     whole.target = wholeOf(size);
     Layers scaled;
     scaled.colors = MemoryBitmap::make(size, MemoryBitmap::surfaceBits);
-    if (pixels_.coverage)
+    if (pixels_.coverage) {
         scaled.coverage = MemoryBitmap::make(size, MemoryBitmap::surfaceBits);
-    if (!scaled.colors || (pixels_.coverage && !scaled.coverage))
+    }
+    if (!scaled.colors || (pixels_.coverage && !scaled.coverage)) {
         return {};
+    }
     stretchOpaque(*pixels_.colors, *scaled.colors, whole);
-    if (scaled.coverage)
+    if (scaled.coverage) {
         stretchOpaque(*pixels_.coverage, *scaled.coverage, whole);
+    }
     return scaled;
 }
 

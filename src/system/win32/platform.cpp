@@ -19,13 +19,14 @@ WindowHandle Win32Platform::findWindow(const std::string& caption) {
 std::int32_t Win32Platform::pwdChangePassword(const std::string& provider, WindowHandle owner) {
     const auto change =
         lateProcedure<DWORD WINAPI(LPCSTR, HWND, DWORD, DWORD)>("mpr.dll", "PwdChangePasswordA");
-    return change ? static_cast<std::int32_t>(change(provider.c_str(), toNative(owner), 0, 0)) : 0;
+    return change != nullptr ? static_cast<std::int32_t>(change(provider.c_str(), toNative(owner), 0, 0)) : 0;
 }
 
 std::int32_t Win32Platform::verifyScreenSavePwd(WindowHandle owner) {
     const auto verify = lateProcedure<BOOL WINAPI(HWND)>("password.cpl", "VerifyScreenSavePwd");
-    if (!verify)
+    if (verify == nullptr) {
         throw Failure(FailureCode::fileNotFound);
+    }
     return verify(toNative(owner));
 }
 
@@ -33,13 +34,13 @@ std::int32_t Win32Platform::getVersionEx(VersionRecord& record) {
     static_assert(sizeof(VersionRecord) == sizeof(OSVERSIONINFOA));
     // By its name, as the headers of newer systems advise against the call.
     const auto get = lateProcedure<BOOL WINAPI(VersionRecord*)>("kernel32.dll", "GetVersionExA");
-    return get ? get(&record) : 0;
+    return get != nullptr ? get(&record) : 0;
 }
 
 std::int32_t Win32Platform::regOpenKeyEx(std::uint32_t root, const std::string& subKey, std::uint32_t access,
                                          RegistryKey& key) {
     // The predefined keys are negative numbers of 32 bits, whatever the size of a handle.
-    const auto rootKey = toKey(static_cast<RegistryKey>(static_cast<std::int32_t>(root)));
+    auto* const rootKey = toKey(static_cast<RegistryKey>(static_cast<std::int32_t>(root)));
     HKEY opened = nullptr;
     const LSTATUS result = RegOpenKeyExA(rootKey, subKey.c_str(), 0, access, &opened);
     key = reinterpret_cast<RegistryKey>(opened);
@@ -73,14 +74,15 @@ std::int32_t Win32Platform::setWindowPos(WindowHandle window, std::intptr_t afte
 
 std::int32_t Win32Platform::getClientRect(WindowHandle window, PixelRect& rect) {
     RECT client{};
-    if (!GetClientRect(toNative(window), &client))
+    if (GetClientRect(toNative(window), &client) == 0) {
         return 0;
+    }
     rect = {client.left, client.top, client.right, client.bottom};
     return 1;
 }
 
 WindowHandle Win32Platform::setParent(WindowHandle child, WindowHandle parent) {
-    return parent ? toHandle(SetParent(toNative(child), toNative(parent))) : 0;
+    return parent != 0 ? toHandle(SetParent(toNative(child), toNative(parent))) : 0;
 }
 
 std::intptr_t Win32Platform::setWindowLong(WindowHandle window, int index, std::intptr_t value) {
@@ -122,7 +124,7 @@ std::intptr_t Win32Platform::shellExecute(WindowHandle window, const std::string
 
 std::int32_t Win32Platform::sndPlaySound(const std::string& name, std::uint32_t flags) {
     const auto play = lateProcedure<BOOL WINAPI(LPCSTR, UINT)>("winmm.dll", "sndPlaySoundA");
-    return play ? play(name.c_str(), flags) : 0;
+    return play != nullptr ? play(name.c_str(), flags) : 0;
 }
 
 } // namespace sys::win32

@@ -1,5 +1,6 @@
 #include "system/win32/system_win32.h"
 
+#include "system/win32/audio_graph.h"
 #include "system/win32/events.h"
 #include "system/win32/files.h"
 #include "system/win32/late_library.h"
@@ -24,8 +25,9 @@ std::string programPath() {
     std::string path(MAX_PATH, '\0');
     DWORD length = 0;
     while ((length = GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()))) ==
-           path.size())
+           path.size()) {
         path.resize(path.size() * 2); // it was cut
+    }
     path.resize(length);
     return path;
 }
@@ -34,8 +36,9 @@ std::string programPath() {
 std::string tailOf(const std::string& commandLine) {
     const bool quoted = commandLine.starts_with('"');
     const std::size_t nameEnd = quoted ? commandLine.find('"', 1) : commandLine.find_first_of(" \t");
-    if (nameEnd == std::string::npos)
+    if (nameEnd == std::string::npos) {
         return {};
+    }
     const std::size_t tail = commandLine.find_first_not_of(" \t", nameEnd + (quoted ? 1 : 0));
     return tail == std::string::npos ? std::string() : commandLine.substr(tail);
 }
@@ -90,6 +93,9 @@ void Win32System::deliverEvents() { events_->deliver(); }
 
 void Win32System::waitForEvents() { events_->wait(); }
 
-void Win32System::endProcess(int exitCode) { ExitProcess(static_cast<UINT>(exitCode)); }
+void Win32System::endProcess(int exitCode) {
+    AudioGraph::takeDownAll();
+    ExitProcess(static_cast<UINT>(exitCode));
+}
 
 } // namespace sys::win32

@@ -88,7 +88,7 @@ public:
     void answerMessageBox(const std::string& title, std::int64_t duration) override {
         answerer_ = std::jthread([title, duration] {
             HWND box = nullptr;
-            for (DWORD start = GetTickCount(); !box && GetTickCount() - start < limit; Sleep(5)) {
+            for (DWORD start = GetTickCount(); box == nullptr && GetTickCount() - start < limit; Sleep(5)) {
                 box = FindWindowA(nullptr, title.c_str());
             }
             Sleep(static_cast<DWORD>(duration));

@@ -92,6 +92,18 @@ TEST_F(WindowsOnly, Metafile_HasItsOwnSize) {
     EXPECT_EQ(picture->height(), twips(50));
 }
 
+TEST_F(WindowsOnly, MetafileWithoutAPlaceableHeader_HasTheExtentThatItSets) {
+    const FileBytes whole = metafile();
+    constexpr std::ptrdiff_t placeableHeader = 22;
+    const FileBytes plain(whole.begin() + placeableHeader, whole.end());
+    const auto picture = system.decodePicture(plain);
+    EXPECT_EQ(picture->width(), twips(100));
+    EXPECT_EQ(picture->height(), twips(50));
+    form.right.PaintPicture(picture, {.width1 = twips(80), .height1 = twips(60)});
+    EXPECT_THAT(inBox({0, 0, 39, 59}), Each(yellow));
+    EXPECT_THAT(inBox({41, 0, 100, 60}), Each(green));
+}
+
 TEST_F(WindowsOnly, Metafile_IsDrawnSharpAtTheSizeItIsShown) {
     form.right.PaintPicture(system.decodePicture(metafile()), {.width1 = twips(80), .height1 = twips(60)});
     EXPECT_THAT(inBox({0, 0, 39, 59}), Each(yellow));
