@@ -60,6 +60,8 @@ public:
     void UpdateThinking(const std::int32_t& current, const std::int32_t& total);
 
 private:
+    void Form_Unload();
+
     // The parts of `PerformLoad`.
     std::int16_t loadLine(const std::string& line, std::int16_t row);
     std::int16_t loadImage(const std::string& value);
