@@ -1,6 +1,6 @@
 // The sound modes: what the show plays, and how sounds and pictures wait for each other.
 #include "startup/shared_state.h"
-#include "support/program.h"
+#include "support/package.h"
 #include "support/show_recorder.h"
 #include "support/wav_file.h"
 
@@ -17,6 +17,8 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 using toolkit::PlayState;
+
+constexpr const char* extracted = "T:\\Tessellarium\\Tessellarium.wav";
 
 /// A show of pictures "a.bmp" and "b.bmp" every two seconds, with sounds beside them: "one.wav" of 700 ms,
 /// "two.wav" of 1800, "long.wav" of 10 seconds.
@@ -38,6 +40,16 @@ protected:
     }
     void start(const std::vector<std::string>& lines) {
         program.useTemplate(lines);
+        program.start("/s");
+    }
+    /// A packaged show without pictures, of sounds so many milliseconds long; 0 for none.
+    void startPackage(std::int16_t soundMode, const std::vector<int>& lengths) {
+        Package package{.soundMode = soundMode};
+        for (const int length : lengths) {
+            package.rows.push_back(length == 0 ? PackageRow{}
+                                               : PackageRow{.sound = wavFile(length), .soundExt = "wav"});
+        }
+        installPackage(program, package.bytes());
         program.start("/s");
     }
     void setTransitionsOf5Seconds() {
@@ -329,6 +341,68 @@ TEST_F(ShowSound, SoundList_EndOfTheShow_StopsTheSound) {
     program.advance(0);
     EXPECT_EQ(program.exitCode(), 0);
     EXPECT_EQ(over(0), 3500);
+}
+
+// A packaged show: its sounds go through the media player in every mode.
+
+TEST_F(ShowSound, PackagedSoundList_IsPlayedInOrderWithASilentTickBehindTheLastRow) {
+    startPackage(soundList, {700, 300});
+    EXPECT_EQ(shared.SoundLast, 2);
+    stepped(1);
+    form().Timer1.setEnabled(false);
+    std::vector<std::int16_t> indexes;
+    std::vector<std::string> names;
+    for (int tick = 0; tick < 4; ++tick) {
+        program.advance(1000);
+        indexes.push_back(form().SoundListIndex);
+        names.push_back(form().MediaPlayer1.fileName());
+    }
+    EXPECT_THAT(indexes, ElementsAre(0, 1, 2, 0));
+    EXPECT_THAT(names, ElementsAre(extracted, extracted, "", extracted));
+    EXPECT_EQ(over(0) - begun(0), 700);
+    EXPECT_EQ(over(1) - begun(1), 300) << "the second one in the first one's file";
+    EXPECT_EQ(begun(2), begun(1) + 2000);
+}
+
+TEST_F(ShowSound, PackagedSoundList_SoundThatCannotBeExtracted_EndsTheProgram) {
+    startPackage(soundList, {700});
+    stepped(1);
+    program.machine.files().failTransfers(ownFile(program));
+    program.advance(1000);
+    EXPECT_EQ(program.exitCode(), 1);
+    EXPECT_THAT(program.machine.messageBoxes(), IsEmpty());
+}
+
+TEST_F(ShowSound, PackagedSoundWithImage_HoldsNothingAndIsCutOffByTheNext) {
+    startPackage(soundWithImage, {10'000, 5000});
+    EXPECT_EQ(stepped(3), 6000);
+    EXPECT_THAT(played(), ElementsAre("Tessellarium.wav", "Tessellarium.wav", "Tessellarium.wav"));
+    EXPECT_EQ(over(0), 4000);
+    EXPECT_EQ(over(1), 6000);
+    EXPECT_THAT(plainSounds(), IsEmpty());
+}
+
+TEST_F(ShowSound, PackagedImageWaitsSound_HoldsThePictureUntilTheTickBehindTheSound) {
+    startPackage(imageWaitsSound, {1200, 300});
+    EXPECT_EQ(stepped(1), 500);
+    EXPECT_EQ(stepped(2), 2000);
+    EXPECT_EQ(stepped(3), 2500);
+}
+
+TEST_F(ShowSound, PackagedItemWithoutASound_LeavesThePlayerAlone) {
+    startPackage(soundWithImage, {10'000, 0});
+    stepped(2);
+    EXPECT_EQ(playState(), PlayState::playing);
+    EXPECT_EQ(form().MediaPlayer1.fileName(), extracted);
+}
+
+TEST_F(ShowSound, PackagedSoundThatCannotBeExtracted_ShowsTheBannerAndLeavesTheTimersOff) {
+    startPackage(imageWaitsSound, {700});
+    program.machine.files().failTransfers(ownFile(program));
+    program.advance(2000);
+    EXPECT_EQ(program.traced("E: MainForm LoadImage with Error Device I/O error"), 1);
+    EXPECT_FALSE(form().Timer1.enabled());
+    EXPECT_THAT(played(), IsEmpty());
 }
 
 } // namespace
