@@ -4,7 +4,8 @@ add_library(strict INTERFACE)
 target_compile_options(strict INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Werror)
 
-embed_files(embedded resources "${PROJECT_SOURCE_DIR}/resources/*.bmp")
+embed_files(embedded resources
+    "${PROJECT_SOURCE_DIR}/resources/*.bmp" "${PROJECT_SOURCE_DIR}/resources/buttons/*.ico")
 
 # The sources beneath the given folders and patterns of src/; a new file needs no edit here.
 function(find_sources result)

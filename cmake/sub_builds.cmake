@@ -35,7 +35,10 @@ if(MINGW_COMPILER)
 
     add_test(NAME product.file
         COMMAND "${PROJECT_SOURCE_DIR}/tests/product/product_test.py" "${PROJECT_BINARY_DIR}/Tessellarium.scr")
-    set_tests_properties(product.file PROPERTIES LABELS product)
+    add_test(NAME product.package
+        COMMAND "${PROJECT_SOURCE_DIR}/tests/product/package_test.py" "${PROJECT_BINARY_DIR}/Tessellarium.scr"
+                "$<TARGET_FILE:tessellarium-inspect>")
+    set_tests_properties(product.file product.package PROPERTIES LABELS product TIMEOUT 300)
 
     add_test(NAME contract.under_wine
         COMMAND "${PROJECT_SOURCE_DIR}/tools/with-wine" --template "${PROJECT_BINARY_DIR}/wine_template"
@@ -72,7 +75,7 @@ if(FUZZ_COMPILER AND fuzz_sources)
     foreach(source IN LISTS fuzz_sources)
         cmake_path(GET source STEM name)
         add_test(NAME fuzz.${name} COMMAND "${PROJECT_SOURCE_DIR}/tools/fuzz" "${PROJECT_BINARY_DIR}" ${name} 10)
-        set_tests_properties(fuzz.${name} PROPERTIES LABELS fuzz TIMEOUT 120)
+        set_tests_properties(fuzz.${name} PROPERTIES LABELS fuzz TIMEOUT 300)
     endforeach()
 elseif(fuzz_sources)
     message(STATUS "No clang++: the fuzz targets are not built")

@@ -4,7 +4,6 @@
 // goes with entry r - 1 of `lstImagePath` and of `lstSoundPath`. Both lists may be longer than the rows.
 #pragma once
 
-#include "package/format.h"
 #include "startup/path_parser.h"
 #include "toolkit/form.h"
 #include "toolkit/frame.h"
@@ -14,10 +13,10 @@
 #include "toolkit/option_button.h"
 #include "toolkit/progress_bar.h"
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 class frmDesigner : public toolkit::Form {
 public:
@@ -61,6 +60,8 @@ public:
     void UpdateThinking(const std::int32_t& current, const std::int32_t& total);
 
 private:
+    void Form_Unload();
+
     // The parts of `PerformLoad`.
     std::int16_t loadLine(const std::string& line, std::int16_t row);
     std::int16_t loadImage(const std::string& value);
@@ -70,13 +71,17 @@ private:
     std::string inTemplateFolder(const std::string& value) const;
 
     // The parts of `WritePackage`.
-    using Block = std::array<char, package::blockSize>;
     std::string refusal(const std::string& target);
-    std::int64_t packageLength();
+    struct MediaLengths {
+        std::int64_t image = 0; // bytes; 0 for none
+        std::int64_t sound = 0;
+    };
+    std::vector<MediaLengths> mediaLengths() const;
+    std::int64_t packageLength(const std::vector<MediaLengths>& lengths) const;
     std::optional<std::string> missingImage() const;
     bool hasImage(std::int16_t row) const;
     bool hasSound(std::int16_t row) const;
-    void copyProgram(const std::string& target, Block& block);
-    void appendMedia(std::int16_t row, Block& block);
+    void copyProgram(const std::string& target);
+    void appendMedia(std::int16_t row);
     void appendDirectory(const std::string& target, std::int32_t directory);
 };

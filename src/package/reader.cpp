@@ -38,14 +38,12 @@ template <class Table> auto& entry(Table& table, std::int16_t row) {
 
 /// Copies blocks, each written whole, until the position in `source` has reached `end` or the show ends.
 /// A block that gets nothing is failure 62.
-template <std::size_t blockSize>
-void copySegment(int source, int target, std::int32_t end, const std::int16_t& ShowEnding) {
-    std::array<char, blockSize> block{};
+void copySegment(int source, int target, std::int32_t end, std::size_t blockSize,
+                 const std::int16_t& ShowEnding) {
     while (files().position(source) < end && ShowEnding == 0) {
-        if (files().readBlock(source, block) == 0) {
+        if (files().copyBlock(source, target, blockSize) == 0) {
             throw Failure(FailureCode::inputPastEnd);
         }
-        files().writeBlock(target, block);
     }
 }
 
@@ -124,7 +122,7 @@ std::int16_t MainForm::LoadImbeddedImage(const std::int16_t& index) {
     files().open(picture, temporaryPicture(), OpenMode::binary);
     const Freed pictureFile(files(), picture);
     files().seek(own, entry(shared.ImageStart, index));
-    copySegment<package::blockSize>(own, picture, entry(shared.ImageEnd, index), ShowEnding);
+    copySegment(own, picture, entry(shared.ImageEnd, index), package::blockSize, ShowEnding);
     files().close(own);
     files().close(picture);
     WriteLog("X: Loaded");
@@ -153,7 +151,7 @@ void MainForm::LoadImbeddedSound(const std::int16_t& index) {
         files().open(sound, ExtractedSound, OpenMode::binary);
         const Freed target(files(), sound);
         files().seek(own, entry(shared.SoundStart, index));
-        copySegment<package::soundBlockSize>(own, sound, entry(shared.SoundEnd, index), ShowEnding);
+        copySegment(own, sound, entry(shared.SoundEnd, index), package::soundBlockSize, ShowEnding);
         files().close(own);
         files().close(sound);
         EnableTimers(Timer1WasOn, Timer2WasOn);

@@ -23,16 +23,13 @@ constexpr int sourceFile = 2;
 
 toolkit::FileTable& files() { return Application::current().files(); }
 
-/// Copies whole blocks up to and including the one in which the source ends. What a short read leaves of the
-/// block before means nothing to a reader.
-template <class Block, class AfterBlock>
-void copyBlocks(int source, int target, Block& block, const AfterBlock& afterBlock) {
+/// Copies whole blocks up to and including the one in which the source ends.
+template <class AfterBlock> void copyBlocks(int source, int target, const AfterBlock& afterBlock) {
     std::size_t count = 0;
     do {
-        count = files().readBlock(source, block);
-        files().writeBlock(target, block);
+        count = files().copyBlock(source, target, package::blockSize);
         afterBlock();
-    } while (count == block.size());
+    } while (count == package::blockSize);
 }
 
 std::string numberLine(std::int32_t number) { return toolkit::signedTextOf(number) + " "; }
@@ -105,15 +102,14 @@ void frmDesigner::WritePackage(const std::string& target) {
                 Frame2.setVisible(false);
                 return; // the blank rows don't come back: meant so
             }
-            Block block{};
-            copyProgram(target, block);
+            copyProgram(target);
             files().open(packageFile, target, OpenMode::binary);
             files().seek(packageFile, programLength); // on its last byte
             // A handler that runs in a yield may change the rows. The loop keeps their first number, so that
             // a row that went fails instead of leaving a package that looks whole.
             const std::int16_t rows = ListView1.rowCount();
             for (std::int16_t row = 1; row <= rows; ++row) {
-                appendMedia(row, block);
+                appendMedia(row);
                 UpdateThinking(row, ListView1.rowCount());
             }
             const std::int32_t directory = position(packageFile);
@@ -141,15 +137,21 @@ std::string frmDesigner::refusal(const std::string& target) {
     if (system.same(target, ownFileName())) {
         return "This is the running program itself. Choose another name.";
     }
+    const std::vector<MediaLengths> lengths = mediaLengths();
+    const std::int64_t targetLength = lengthOf(target);
     for (std::int16_t row = 1; row <= rows; ++row) {
         const auto index = static_cast<std::int16_t>(row - 1);
-        const bool isImage = hasImage(row) && system.same(target, lstImagePath.list(index));
-        const bool isSound = hasSound(row) && system.same(target, lstSoundPath.list(index));
-        if (isImage || isSound) {
+        const auto [image, sound] = lengths[static_cast<std::size_t>(index)];
+        // Only files of one length can be the same one, which takes longer to find out.
+        const auto isTarget = [&](bool present, std::int64_t length, const std::string& path) {
+            return present && length == targetLength && system.same(target, path);
+        };
+        if (isTarget(hasImage(row), image, lstImagePath.list(index)) ||
+            isTarget(hasSound(row), sound, lstSoundPath.list(index))) {
             return "This file belongs to the template, and would be lost. Choose another name.";
         }
     }
-    const std::int64_t length = packageLength();
+    const std::int64_t length = packageLength(lengths);
     if (length >= package::lengthLimit) {
         return "A screen saver stays below " + std::to_string(package::lengthLimit) +
                " bytes, and with this template it would have " + std::to_string(length) + ".";
@@ -157,22 +159,32 @@ std::string frmDesigner::refusal(const std::string& target) {
     return "";
 }
 
+std::vector<frmDesigner::MediaLengths> frmDesigner::mediaLengths() const {
+    std::vector<MediaLengths> lengths;
+    for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
+        const auto index = static_cast<std::int16_t>(row - 1);
+        lengths.push_back({.image = hasImage(row) ? lengthOf(lstImagePath.list(index)) : 0,
+                           .sound = hasSound(row) ? lengthOf(lstSoundPath.list(index)) : 0});
+    }
+    return lengths;
+}
+
 /// What a package of the rows would have, in bytes.
-std::int64_t frmDesigner::packageLength() {
+std::int64_t frmDesigner::packageLength(const std::vector<MediaLengths>& lengths) const {
     const std::int64_t programLength = lengthOf(ownFileName());
     std::int64_t end = programLength; // of the media, and a 1-based position
     std::size_t directory = numberLine(shared.SoundMode).size() + 2;
-    const auto addSegment = [&](bool present, const std::string& path) {
+    const auto addSegment = [&](bool present, std::int64_t length) {
         const std::int64_t start = end;
-        end += present ? segmentLength(lengthOf(path)) : 0;
+        end += present ? segmentLength(length) : 0;
         for (const std::int64_t number : {present ? start : 0, present ? end : 0}) {
             directory += std::to_string(number).size() + 4;
         }
     };
     for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
-        const auto index = static_cast<std::int16_t>(row - 1);
-        addSegment(hasImage(row), lstImagePath.list(index));
-        addSegment(hasSound(row), lstSoundPath.list(index));
+        const auto [image, sound] = lengths[static_cast<std::size_t>(row - 1)];
+        addSegment(hasImage(row), image);
+        addSegment(hasSound(row), sound);
         directory += ListView1.text(row, dissolvesColumn).size() + 2;
         directory += ListView1.text(row, commentsColumn).size() + 2;
         directory += 3 + 2;
@@ -196,20 +208,20 @@ bool frmDesigner::hasImage(std::int16_t row) const { return !ListView1.text(row,
 
 bool frmDesigner::hasSound(std::int16_t row) const { return !ListView1.text(row, soundsColumn).empty(); }
 
-void frmDesigner::copyProgram(const std::string& target, Block& block) {
+void frmDesigner::copyProgram(const std::string& target) {
     constexpr int program = 1;
     constexpr int copy = 2;
     files().open(program, ownFileName(), OpenMode::binaryRead);
     files().open(copy, target, OpenMode::binary);
     Label1.setCaption("Writing Executable File");
     Label1.refresh();
-    copyBlocks(program, copy, block, [] {});
+    copyBlocks(program, copy, [] {});
     files().close(program);
     files().close(copy);
 }
 
 /// Appends the picture and the sound of a row, and notes where they stand.
-void frmDesigner::appendMedia(std::int16_t row, Block& block) {
+void frmDesigner::appendMedia(std::int16_t row) {
     const auto index = static_cast<std::int16_t>(row - 1);
     const auto append = [&](bool present, const std::string& path, const char* text, ItemPositions& starts,
                             ItemPositions& ends) {
@@ -223,7 +235,7 @@ void frmDesigner::appendMedia(std::int16_t row, Block& block) {
         files().open(sourceFile, path, OpenMode::binary);
         Label1.setCaption(text);
         Label1.refresh();
-        copyBlocks(sourceFile, packageFile, block, [] { Application::current().yield(); });
+        copyBlocks(sourceFile, packageFile, [] { Application::current().yield(); });
         entry(ends, row) = position(packageFile);
         files().close(sourceFile);
     };

@@ -48,12 +48,11 @@ MainForm::MainForm()
       pctBlank(*this, {.control = {.name = "pctBlank", .visible = false}, .picture = resources::black}),
       Label1(*this, {.control = {.name = "Label1", .visible = false},
                      .font = commentFont,
-                     .foreColor = white,
-                     .backColor = black,
+                     .colors = sys::LabelColors{white, black},
                      .autoSize = true}),
-      Label2(*this, {.control = {.name = "Label2", .visible = false}}),
-      lstImageNames(*this, {.name = "lstImageNames"}), MediaPlayer1(*this, {.name = "MediaPlayer1"}),
-      Timer1(*this, {.interval = 600, .enabled = false}),
+      Label2(*this, {.control = {.name = "Label2", .visible = false}, .colors = sys::LabelColors{}}),
+      lstImageNames(*this, {.name = "lstImageNames", .visible = false}),
+      MediaPlayer1(*this, {.name = "MediaPlayer1"}), Timer1(*this, {.interval = 600, .enabled = false}),
       Timer2(*this, {.interval = 1000, .enabled = false}) {
     bindHandlers();
 }

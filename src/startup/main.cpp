@@ -1,4 +1,5 @@
 // `Main`, the program's only entry.
+#include "settings/frm_config.h"
 #include "show/control_form.h"
 #include "show/main_form.h"
 #include "startup/marrowfieldry.h"
@@ -83,6 +84,7 @@ void Main() {
     }
     if (road == "/C") {
         application.showFailures();
+        application.form<frmConfig>().show();
     } else if (road == "/S") {
         if (!CheckUnique(showCaption)) {
             return;

@@ -1,6 +1,8 @@
 // What the product is called, and where it and its maker live on the web.
 #pragma once
 
+#include <cstdint>
+
 namespace product {
 
 inline constexpr const char* title = "Tessellarium";
@@ -8,6 +10,13 @@ inline constexpr const char* maker = "Marrowfieldry Inc";
 // NOTE: reserved example names, so that no real host is ever opened.
 inline constexpr const char* webHost = "www.tessellarium.example";
 inline constexpr const char* webPath = "/fw/fw.html";
+inline constexpr const char* homePath = "/fw/Tessellarium/Tessellarium.html";
 inline constexpr const char* makerHost = "www.marrowfieldry.example";
+
+inline constexpr const char* helpFile = "C:\\Program Files\\Tessellarium\\Tessellarium.HLP";
+inline constexpr const char* disclaimer = "This program comes with no warranty of any kind.";
+inline constexpr std::int32_t versionMajor = 5;
+inline constexpr std::int32_t versionMinor = 9;
+inline constexpr std::int32_t versionRevision = 1;
 
 } // namespace product

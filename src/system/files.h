@@ -31,6 +31,11 @@ public:
     virtual std::int64_t length() = 0;
 };
 
+struct DriveName {
+    char letter = 0;   // a capital
+    std::string label; // "" for none
+};
+
 /// Paths are the system's own: "C:\folder\name.ext", in bytes of its code page.
 class Files {
 public:
@@ -49,6 +54,16 @@ public:
     /// extension of three letters also finds longer extensions that begin with them, as short names
     /// make it. Fails with 76 when the folder doesn't exist, 68 when the drive doesn't.
     virtual std::vector<std::string> list(const std::string& pattern) = 0;
+
+    /// The drives that there are, ready or not, by their letters.
+    virtual std::vector<DriveName> drives() = 0;
+    /// The whole path of a folder, without a trailing backslash but for a root; "" is the current folder,
+    /// "D:" that of a drive. Fails with 76 when there is no such folder, 68 when the drive isn't there or
+    /// isn't ready.
+    virtual std::string wholeFolder(const std::string& path) = 0;
+    /// The names of the folders in a folder (neither hidden nor system), in the order of the file system.
+    /// Fails as `wholeFolder` does.
+    virtual std::vector<std::string> folders(const std::string& path) = 0;
 };
 
 /// Per-user texts that outlive the process.

@@ -2,6 +2,7 @@
 // which one a program runs on is chosen by name where it is made.
 #pragma once
 
+#include "system/controls.h"
 #include "system/failure.h"
 #include "system/files.h"
 #include "system/geometry.h"
@@ -42,6 +43,14 @@ public:
     virtual std::unique_ptr<Canvas> createPictureBox(Window& parent, Color backColor) = 0;
     virtual std::unique_ptr<Window> createLabel(Window& parent, const LabelStyle& style) = 0;
     virtual std::unique_ptr<MediaPlayer> createMediaPlayer(Window& parent) = 0;
+    virtual std::unique_ptr<Window> createFrame(Window& parent, const FrameStyle& style) = 0;
+    virtual std::unique_ptr<Button> createButton(Window& parent, const ButtonStyle& style) = 0;
+    virtual std::unique_ptr<Window> createTextBox(Window& parent, const TextBoxStyle& style) = 0;
+    virtual std::unique_ptr<List> createList(Window& parent, const ListStyle& style) = 0;
+    /// A horizontal one.
+    virtual std::unique_ptr<ScrollBar> createScrollBar(Window& parent) = 0;
+    /// The colour of dialogs.
+    virtual Color dialogColor() = 0;
     /// The pixels that a text takes, its lines divided by CR LF.
     virtual Size measureText(const std::string& text, const Font& font) = 0;
 
@@ -49,8 +58,8 @@ public:
     /// 7 when memory doesn't suffice.
     virtual PicturePtr decodePicture(std::span<const std::uint8_t> bytes) = 0;
 
-    /// A box with one button, answered before the call returns.
-    virtual void messageBox(const std::string& text, const std::string& title) = 0;
+    /// Answered before the call returns.
+    virtual MessageAnswer messageBox(const MessageBoxStyle& style) = 0;
 
     // Clock and waiting
     /// Milliseconds of a clock that never goes back.

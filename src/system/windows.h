@@ -6,7 +6,9 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace sys {
 
@@ -31,7 +33,7 @@ public:
 using PicturePtr = std::shared_ptr<const Picture>;
 
 struct Font {
-    std::string name;
+    std::string name; // "": the one that the system uses for its own dialogs
     float points = 8.25F;
     bool bold = false;
 };
@@ -46,7 +48,9 @@ public:
     virtual void show(bool visible) = 0;
     /// Gives it the keyboard.
     virtual void focus() = 0;
-    /// The caption of a form, the text of a label.
+    /// Disabled, it takes neither keyboard nor mouse, and neither does what stands in it.
+    virtual void enable(bool enabled) = 0;
+    /// The caption of a form or a button, the text of a label or a text box.
     virtual void setText(const std::string& text) = 0;
 };
 
@@ -64,19 +68,34 @@ public:
     virtual void present() = 0;
 };
 
+struct MenuEntry {
+    std::string caption;              // "&" stands before the letter that chooses it
+    int command = 0;                  // 1 and up
+    std::vector<MenuEntry> entries{}; // with any, it opens a menu and is no command itself
+};
+
 struct FormStyle {
     std::string caption;
     Color backColor;
     bool maximized = false; // covers the whole screen, task bar included
     bool inTaskBar = true;
+    /// It has a frame with its caption around its place, and the keyboard moves between its controls.
+    bool dialog = false;
+    std::vector<MenuEntry> menu{}; // of a dialog, above its place
 };
 
-/// A text in front of its sibling windows: showing it brings it to the top. It reports the mouse as every
-/// window does, so that what lies beneath it gets nothing.
+struct LabelColors {
+    Color text;
+    Color back;
+};
+
+/// With colours of its own: a text in front of its sibling windows, which showing brings to the top. It
+/// reports the mouse as every window does, so that what lies beneath it gets nothing. Without: a text of a
+/// dialog, in the system's colours, at its place among its siblings, which knows nothing of the mouse.
 struct LabelStyle {
     Font font;
-    Color foreColor;
-    Color backColor;
+    std::optional<LabelColors> colors{};
+    bool centered = false;
 };
 
 enum MouseButton : int { leftButton = 1, rightButton = 2, middleButton = 4 };
@@ -93,6 +112,9 @@ struct MouseEvent {
 
 /// Why a window is asked to go.
 enum class CloseReason : std::int16_t { byUser = 0, byCode = 1, sessionEnds = 2 };
+
+/// What the user did with a scroll bar.
+enum class ScrollStep { smallBack, smallForward, largeBack, largeForward, toStart, toEnd, toPosition };
 
 /// Where a system reports events. Each call runs the program's handlers before it returns; none throws
 /// but the simulated system's end of a process.
@@ -111,6 +133,22 @@ public:
     /// A control that can have the keyboard has taken it from its form.
     virtual void focusGained(WindowHandle window) = 0;
     virtual void closeRequested(WindowHandle window, CloseReason reason) = 0;
+
+    // What the user did with a control, or another program in their place. None of them tells of a value
+    // that the program itself has set.
+    /// By mouse or keyboard. What it means for a check mark is the receiver's to say.
+    virtual void buttonClicked(WindowHandle button) = 0;
+    virtual void textChanged(WindowHandle textBox, const std::string& text) = 0;
+    /// 0-based; also when it was selected already.
+    virtual void itemSelected(WindowHandle list, int index) = 0;
+    /// By a double click or by Enter.
+    virtual void itemActivated(WindowHandle list, int index) = 0;
+    /// `position` is the new value for `toPosition`.
+    virtual void scrollBarMoved(WindowHandle scrollBar, ScrollStep step, int position) = 0;
+    virtual void commandChosen(WindowHandle form, int command) = 0;
+    /// Enter (`accepted`) or Escape, which no control of the dialog had a use for.
+    virtual void dialogAnswered(WindowHandle form, bool accepted) = 0;
+
     /// The alarm set with `System::setAlarm` has come.
     virtual void alarmRang() = 0;
 };

@@ -67,6 +67,34 @@ void Application::reportFailure(const Failure& failure) {
     end(1);
 }
 
+sys::MessageAnswer Application::ask(sys::MessageBoxStyle message) {
+    if (message.title.empty()) {
+        message.title = title_;
+    }
+    if (!shownForms_.empty()) {
+        message.owner = shownForms_.back()->hWnd();
+    }
+    return system_.messageBox(message);
+}
+
+void Application::formShows(Form& form) {
+    shownForms_.push_back(&form);
+    enableForms();
+}
+
+void Application::formHides(const Form& form) {
+    std::erase(shownForms_, &form);
+    enableForms();
+}
+
+void Application::enableForms() {
+    bool enabled = true;
+    for (auto form = shownForms_.rbegin(); form != shownForms_.rend(); ++form) {
+        (*form)->setEnabled(enabled);
+        enabled = enabled && !(*form)->modal_;
+    }
+}
+
 void Application::markChanged(Canvas& canvas) {
     if (std::ranges::find(changed_, &canvas) == changed_.end()) {
         changed_.push_back(&canvas);

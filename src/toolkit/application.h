@@ -46,8 +46,11 @@ public:
     /// Ends the process at once, from anywhere.
     [[noreturn]] void end(int exitCode = 0);
 
-    /// A box with one button under the program's own title, answered before the call returns.
-    void showMessage(const std::string& text) { system_.messageBox(text, title_); }
+    /// A message box, answered before the call returns. Its title is the program's own unless another is
+    /// given, and it belongs to the form that was shown last.
+    sys::MessageAnswer ask(sys::MessageBoxStyle message);
+    /// One with a single button.
+    void showMessage(const std::string& text) { ask({.text = text}); }
 
     /// What happens to a failure that no one caught: the process ends with a code that is not 0, after a
     /// message box with the description if `showFailures` was called.
@@ -79,6 +82,10 @@ private:
     void forgetChanged(const Canvas& canvas) { std::erase(changed_, &canvas); }
     void formLoaded() { ++loadedForms_; }
     void formUnloaded() { --loadedForms_; }
+    void formShows(Form& form);
+    void formHides(const Form& form);
+    /// Of the shown forms those below the uppermost modal one take no input.
+    void enableForms();
 
     sys::System& system_;
     std::string title_;
@@ -89,6 +96,7 @@ private:
     Observer* observer_ = nullptr;
     std::vector<Canvas*> changed_; // painted on since they were last presented
     int loadedForms_ = 0;
+    std::vector<Form*> shownForms_; // in the order of their showing
     bool failuresShown_ = false;
     std::unordered_map<std::type_index, std::unique_ptr<Form>> forms_;
 };

@@ -20,6 +20,9 @@ void Element::move(float left, float top, float width, float height) {
 void Element::setVisible(bool visible) {
     const bool changed = visible != visible_;
     visible_ = visible;
+    if (changed) {
+        visibilityChanges();
+    }
     if (changed && canShow()) {
         if (visible) {
             window().show(true);
@@ -32,6 +35,13 @@ void Element::setVisible(bool visible) {
     }
 }
 
+void Element::setEnabled(bool enabled) {
+    if (enabled_ != enabled && window_) {
+        window_->enable(enabled);
+    }
+    enabled_ = enabled;
+}
+
 sys::WindowHandle Element::hWnd() { return window().handle(); }
 
 sys::Window& Element::window() {
@@ -39,6 +49,9 @@ sys::Window& Element::window() {
         window_ = makeWindow();
         window_->place(area_);
         Application::current().input().add(window_->handle(), *this);
+        if (!enabled_) {
+            window_->enable(false);
+        }
         windowMade();
     }
     return *window_;
@@ -54,9 +67,12 @@ void Element::closeWindow() {
 void Element::assume(const sys::Area& area, bool visible) {
     area_ = area;
     visible_ = visible;
+    enabled_ = true;
 }
 
-Control::Control(Form& form, const Design& design) : Element(design.name), Component(form), design_(design) {
+Control::Control(Container& container, const Design& design)
+    : Element(design.name), Component(container.host()), container_(container), design_(design) {
+    container.controls_.push_back(this);
     Control::load();
 }
 
@@ -68,7 +84,7 @@ Element* Control::keyPreviewer() { return form().keyPreview() ? &form() : nullpt
 
 void Control::unload() { closeWindow(); }
 
-bool Control::canShow() const { return hasWindow() || form().shown(); }
+bool Control::canShow() const { return hasWindow() || container_.showsControls(); }
 
 void Control::windowMade() {
     if (visible()) {

@@ -7,10 +7,36 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace toolkit {
 
+class Control;
 class Form;
+
+/// What controls stand in: a form, or a frame on it. It knows its controls in the order of the design, which
+/// is the order from back to front and that of the tab key.
+class Container {
+public:
+    Container() = default;
+    Container(const Container&) = delete;
+    Container& operator=(const Container&) = delete;
+
+    virtual Form& host() = 0;
+    /// The native window for controls to stand in.
+    virtual sys::Window& nativeWindow() = 0;
+    /// Whether its visible controls are on the screen.
+    virtual bool showsControls() const = 0;
+
+    const std::vector<Control*>& controls() const { return controls_; }
+
+protected:
+    ~Container() = default;
+
+private:
+    friend class Control;
+    std::vector<Control*> controls_;
+};
 
 /// A part of a form, seen or unseen. Its values are the design's again at each load of the form.
 class Component {
@@ -42,7 +68,7 @@ public:
 
     const std::string& name() const { return name_; }
 
-    // Twips, relative to the form.
+    // Twips, relative to what it stands in.
     float left() const { return area_.left; }
     float top() const { return area_.top; }
     float width() const { return area_.width; }
@@ -53,6 +79,10 @@ public:
 
     bool visible() const { return visible_; }
     void setVisible(bool visible);
+
+    bool enabled() const { return enabled_; }
+    /// Disabled, it takes neither keyboard nor mouse.
+    void setEnabled(bool enabled);
 
     /// Who gets key events before this element does; null for no one.
     virtual Element* keyPreviewer() { return nullptr; }
@@ -84,12 +114,15 @@ protected:
     virtual bool canShow() const = 0;
     /// Called once for each native window, when it has been made and placed.
     virtual void windowMade() {}
+    /// Called before a change of `visible` reaches the screen.
+    virtual void visibilityChanges() {}
     virtual std::unique_ptr<sys::Window> makeWindow() = 0;
 
 private:
     std::string name_;
     sys::Area area_;
     bool visible_ = true;
+    bool enabled_ = true;
     std::unique_ptr<sys::Window> window_;
 };
 
@@ -106,27 +139,31 @@ struct Design {
 /// An element that stands on a form.
 class Control : public Element, public Component {
 public:
-    Control(Form& form, const Design& design);
+    Control(Container& container, const Design& design);
     ~Control() override;
 
     Element* keyPreviewer() override;
 
 protected:
+    Container& container() const { return container_; }
     void load() override;
     void unload() override;
     void formShown() override;
     bool canShow() const override;
 
 private:
+    friend class Frame;
     void windowMade() override;
 
+    Container& container_;
     Design design_;
 };
 
 /// A control that this program never has on the screen: values, and no window unless a kind makes one.
 class HiddenControl : public Control {
 public:
-    HiddenControl(Form& form, Design design) : Control(form, (design.visible = false, design)) {}
+    HiddenControl(Container& container, Design design)
+        : Control(container, (design.visible = false, design)) {}
 
     /// Asks for a repaint, of which nothing would be seen.
     void refresh() {}

@@ -4,7 +4,8 @@
 #include "toolkit/numbers.h"
 
 #include <algorithm>
-#include <array>
+#include <memory>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -27,7 +28,8 @@ bool isBlank(int character) { return character == ' ' || character == '\t'; }
 
 } // namespace
 
-/// An open file with a buffer underneath: bytes are taken and given one by one at no cost.
+/// An open file with a buffer underneath: bytes are taken and given one by one at no cost. The buffer holds
+/// what was read ahead or what is still to be written, never both, and is made when it is needed.
 class FileTable::Stream {
 public:
     static constexpr int end = -1;
@@ -48,8 +50,7 @@ public:
         std::size_t done = 0;
         while (done < block.size() && peek() != end) {
             const std::size_t count = std::min(block.size() - done, filled_ - next_);
-            std::copy_n(buffer_.begin() + static_cast<std::ptrdiff_t>(next_), count,
-                        block.begin() + static_cast<std::ptrdiff_t>(done));
+            std::copy_n(buffer_.get() + next_, count, block.begin() + static_cast<std::ptrdiff_t>(done));
             next_ += count;
             done += count;
         }
@@ -57,9 +58,7 @@ public:
     }
 
     /// The 0-based offset of the next byte.
-    std::int64_t position() const {
-        return bufferStart_ + static_cast<std::int64_t>(next_) + static_cast<std::int64_t>(pending_.size());
-    }
+    std::int64_t position() const { return bufferStart_ + static_cast<std::int64_t>(next_ + pending_); }
     std::int64_t length() {
         flush();
         return file_->length();
@@ -71,44 +70,70 @@ public:
     }
 
     void write(std::string_view text) {
-        if (pending_.empty()) {
-            seek(position()); // what was read ahead may not be so any more
-        }
-        if (pending_.size() + text.size() > buffer_.size()) {
+        if (text.size() > bufferSize) {
             flush();
-        }
-        pending_ += text;
-    }
-    void flush() {
-        if (pending_.empty()) {
+            seek(position());
+            writeOut(text);
             return;
         }
-        const std::string out = std::exchange(pending_, {});
-        const std::int64_t start = bufferStart_ + static_cast<std::int64_t>(next_);
-        bufferStart_ = start + static_cast<std::int64_t>(out.size());
-        next_ = filled_ = 0;
-        file_->seek(start);
-        file_->write(out.data(), out.size());
+        std::copy(text.begin(), text.end(), room(text.size()));
+        pending_ += text.size();
+    }
+    /// A whole block, which begins with what comes from the other stream; how much that was.
+    std::size_t writeBlock(Stream& source, std::size_t size) {
+        char* const block = room(size);
+        const std::size_t count = source.read({block, size});
+        std::fill(block + count, block + size, '\0');
+        pending_ += size;
+        return count;
+    }
+    void flush() {
+        if (pending_ > 0) {
+            writeOut({buffer_.get(), std::exchange(pending_, 0)});
+        }
     }
 
 private:
+    static constexpr std::size_t bufferSize = 262144;
+
+    /// Where so many bytes more are to be written, at most `bufferSize`.
+    char* room(std::size_t size) {
+        if (pending_ == 0) {
+            seek(position()); // what was read ahead may not be so any more
+        }
+        if (pending_ + size > bufferSize) {
+            flush();
+        }
+        makeBuffer();
+        return buffer_.get() + pending_;
+    }
+    void makeBuffer() {
+        if (!buffer_) {
+            buffer_ = std::make_unique_for_overwrite<char[]>(bufferSize);
+        }
+    }
+    /// What can't be written is lost all the same: a failure is met once.
+    void writeOut(std::string_view text) {
+        file_->seek(std::exchange(bufferStart_, bufferStart_ + static_cast<std::int64_t>(text.size())));
+        file_->write(text.data(), text.size());
+    }
     void refill() {
         flush();
-        std::copy(buffer_.begin() + static_cast<std::ptrdiff_t>(next_),
-                  buffer_.begin() + static_cast<std::ptrdiff_t>(filled_), buffer_.begin());
+        makeBuffer();
+        std::copy(buffer_.get() + next_, buffer_.get() + filled_, buffer_.get());
         bufferStart_ += static_cast<std::int64_t>(next_);
         filled_ -= next_;
         next_ = 0;
         file_->seek(bufferStart_ + static_cast<std::int64_t>(filled_));
-        filled_ += file_->read(buffer_.data() + filled_, buffer_.size() - filled_);
+        filled_ += file_->read(buffer_.get() + filled_, bufferSize - filled_);
     }
 
     std::unique_ptr<sys::File> file_;
-    std::array<char, 65536> buffer_{};
+    std::unique_ptr<char[]> buffer_;
     std::int64_t bufferStart_ = 0; // the 0-based offset in the file of the buffer's first byte
-    std::size_t next_ = 0;
-    std::size_t filled_ = 0;
-    std::string pending_; // written, not yet handed to the system
+    std::size_t next_ = 0;         // of what was read ahead: the next byte, and
+    std::size_t filled_ = 0;       // where it ends
+    std::size_t pending_ = 0;      // bytes that are not yet handed to the system
 };
 
 FileTable::FileTable(sys::Files& files) : files_(files) {}
@@ -239,10 +264,8 @@ double FileTable::readNumberField(int number) {
 
 void FileTable::writeLine(int number, const std::string& text) { stream(number).write(text + "\r\n"); }
 
-std::size_t FileTable::readBlock(int number, std::span<char> block) { return stream(number).read(block); }
-
-void FileTable::writeBlock(int number, std::span<const char> block) {
-    stream(number).write({block.data(), block.size()});
+std::size_t FileTable::copyBlock(int source, int target, std::size_t size) {
+    return stream(target).writeBlock(stream(source), size);
 }
 
 } // namespace toolkit

@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <map>
 #include <memory>
-#include <span>
 #include <string>
 
 namespace toolkit {
@@ -58,11 +57,10 @@ public:
     /// The text and CR LF.
     void writeLine(int number, const std::string& text);
 
-    /// Fills the block from the position on and gives the number of bytes that came: fewer only at the end of
-    /// the file, 0 behind it. The rest of the block stays as it was.
-    std::size_t readBlock(int number, std::span<char> block);
-    /// Writes the whole block at the position.
-    void writeBlock(int number, std::span<const char> block);
+    /// Copies a block, of at most 64 KB, from the position in one file to that in another. It is written
+    /// whole; gives the number of bytes that came: fewer only at the end of the source, 0 behind it, and
+    /// zeros stand for the rest.
+    std::size_t copyBlock(int source, int target, std::size_t size);
 
 private:
     class Stream;

@@ -1,6 +1,10 @@
 #include "toolkit/form.h"
 
 #include "toolkit/application.h"
+#include "toolkit/command_button.h"
+#include "toolkit/menu.h"
+
+#include <algorithm>
 
 namespace toolkit {
 
@@ -17,20 +21,30 @@ void Form::load() {
     loaded_ = true;
     Application& application = Application::current();
     application.formLoaded();
-    sys::Area area{0, 0, design_.width, design_.height};
-    if (design_.maximized) {
-        const sys::Size screen = application.system().screenSize();
-        const sys::TwipsPerPixel scale = application.system().twipsPerPixel();
-        area.width = static_cast<float>(screen.width * scale.x);
-        area.height = static_cast<float>(screen.height * scale.y);
-    }
-    assume(area, true);
+    assume(designArea(), true);
     caption_ = design_.caption;
-    assumePicture(nullptr, design_.backColor);
+    assumePicture(nullptr, design_.dialog ? application.system().dialogColor() : design_.backColor);
     for (Component* component : components_) {
         component->load();
     }
     loadEvent.raise();
+}
+
+sys::Area Form::designArea() const {
+    sys::Area area{0, 0, design_.width, design_.height};
+    sys::System& system = Application::current().system();
+    const sys::Size screen = system.screenSize();
+    const sys::TwipsPerPixel scale = system.twipsPerPixel();
+    const auto screenWidth = static_cast<float>(screen.width * scale.x);
+    const auto screenHeight = static_cast<float>(screen.height * scale.y);
+    if (design_.maximized) {
+        area.width = screenWidth;
+        area.height = screenHeight;
+    } else if (design_.dialog) {
+        area.left = (screenWidth - area.width) / 2;
+        area.top = (screenHeight - area.height) / 2;
+    }
+    return area;
 }
 
 void Form::show() {
@@ -45,6 +59,33 @@ void Form::show() {
     }
     if (visible()) {
         window().show(true);
+    }
+    Application::current().formShows(*this);
+}
+
+void Form::showModal() {
+    Application& application = Application::current();
+    modal_ = true;
+    show();
+    while (shown()) {
+        application.pass();
+    }
+    modal_ = false;
+}
+
+void Form::chooseCommand(int command) {
+    if (command >= 1 && static_cast<std::size_t>(command) <= menuItems_.size()) {
+        menuItems_[static_cast<std::size_t>(command - 1)]->click.raise();
+    }
+}
+
+void Form::answer(bool accepted) {
+    for (Component* component : components_) {
+        auto* button = dynamic_cast<CommandButton*>(component);
+        if (button != nullptr && (accepted ? button->isDefault() : button->isCancel())) {
+            button->userClicked();
+            return;
+        }
     }
 }
 
@@ -76,6 +117,8 @@ void Form::unload(sys::CloseReason reason) {
     }
     loaded_ = false;
     shown_ = false;
+    // While its window still stands: the system gives the keyboard to another only if that can take it.
+    Application::current().formHides(*this);
     for (Component* component : components_) {
         component->unload();
     }
@@ -84,8 +127,13 @@ void Form::unload(sys::CloseReason reason) {
 }
 
 std::unique_ptr<sys::Window> Form::makeWindow() {
-    auto made = Application::current().system().createForm(
-        {caption_, backColor(), design_.maximized, design_.inTaskBar});
+    auto made =
+        Application::current().system().createForm({.caption = caption_,
+                                                    .backColor = backColor(),
+                                                    .maximized = design_.maximized,
+                                                    .inTaskBar = design_.inTaskBar,
+                                                    .dialog = design_.dialog,
+                                                    .menu = MenuItem::entriesOf(menuItems_, nullptr)});
     made->place(area());
     paintNewSurface(*made);
     return made;

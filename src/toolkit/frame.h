@@ -1,22 +1,34 @@
-// A frame around controls that belong together.
+// A frame around controls that belong together: they stand in it, and are seen when it is.
 #pragma once
 
 #include "toolkit/control.h"
 
-#include <vector>
+#include <string>
 
 namespace toolkit {
 
-class OptionButton;
+struct FrameDesign {
+    std::string caption{};
+    bool border = true;
+};
 
-/// Of the option buttons in it at most one is set.
-class Frame : public HiddenControl {
+class Frame : public Control, public Container {
 public:
-    Frame(Form& form, const Design& design) : HiddenControl(form, design) {}
+    Frame(Container& container, const Design& design, const FrameDesign& frame = {})
+        : Control(container, design), design_(frame) {}
+
+    Form& host() override { return form(); }
+    sys::Window& nativeWindow() override { return window(); }
+    bool showsControls() const override { return visible() && container().showsControls(); }
 
 private:
-    friend class OptionButton;
-    std::vector<OptionButton*> options_;
+    /// Its window is made with the form, also that of a hidden one, so that it keeps its place among its
+    /// siblings; the windows of what stands in it are made when it is first seen.
+    void formShown() override;
+    void visibilityChanges() override;
+    std::unique_ptr<sys::Window> makeWindow() override;
+
+    FrameDesign design_;
 };
 
 } // namespace toolkit

@@ -6,7 +6,8 @@
 
 namespace toolkit {
 
-Image::Image(Form& form, const ImageDesign& design) : HiddenControl(form, design.control), design_(design) {}
+Image::Image(Container& container, const ImageDesign& design)
+    : HiddenControl(container, design.control), design_(design) {}
 
 void Image::setPicture(sys::PicturePtr picture) {
     picture_ = std::move(picture);

@@ -15,7 +15,7 @@ struct ImageDesign {
 
 class Image : public HiddenControl {
 public:
-    Image(Form& form, const ImageDesign& design);
+    Image(Container& container, const ImageDesign& design);
 
     const sys::PicturePtr& picture() const { return picture_; }
     /// The empty picture leaves the size as it is.

@@ -1,8 +1,12 @@
 #include "toolkit/input.h"
 
 #include "toolkit/application.h"
+#include "toolkit/button.h"
 #include "toolkit/failure_handling.h"
 #include "toolkit/form.h"
+#include "toolkit/item_list.h"
+#include "toolkit/scroll_bar.h"
+#include "toolkit/text_box.h"
 
 namespace toolkit {
 
@@ -13,6 +17,12 @@ Element* Input::find(sys::WindowHandle handle) const {
 
 template <class Handler> void Input::deliver(const Handler& handler) {
     handlingFailures(handler, [this](const Failure& failure) { application_.reportFailure(failure); });
+}
+
+template <class Kind, class Handler> void Input::deliverTo(sys::WindowHandle window, const Handler& handler) {
+    if (auto* element = dynamic_cast<Kind*>(find(window))) {
+        deliver([&] { handler(*element); });
+    }
 }
 
 void Input::mouseMoved(const sys::MouseEvent& event) {
@@ -81,10 +91,36 @@ void Input::focusGained(sys::WindowHandle window) {
     }
 }
 
+void Input::buttonClicked(sys::WindowHandle button) {
+    deliverTo<Button>(button, [](Button& clicked) { clicked.userClicked(); });
+}
+
+void Input::textChanged(sys::WindowHandle textBox, const std::string& text) {
+    deliverTo<TextBox>(textBox, [&](TextBox& box) { box.userTyped(text); });
+}
+
+void Input::itemSelected(sys::WindowHandle list, int index) {
+    deliverTo<ItemList>(list, [&](ItemList& items) { items.userSelected(index); });
+}
+
+void Input::itemActivated(sys::WindowHandle list, int index) {
+    deliverTo<ItemList>(list, [&](ItemList& items) { items.userActivated(index); });
+}
+
+void Input::scrollBarMoved(sys::WindowHandle scrollBar, sys::ScrollStep step, int position) {
+    deliverTo<ScrollBar>(scrollBar, [&](ScrollBar& bar) { bar.userMoved(step, position); });
+}
+
+void Input::commandChosen(sys::WindowHandle form, int command) {
+    deliverTo<Form>(form, [&](Form& chosen) { chosen.chooseCommand(command); });
+}
+
+void Input::dialogAnswered(sys::WindowHandle form, bool accepted) {
+    deliverTo<Form>(form, [&](Form& answered) { answered.answer(accepted); });
+}
+
 void Input::closeRequested(sys::WindowHandle window, sys::CloseReason reason) {
-    if (auto* form = dynamic_cast<Form*>(find(window))) {
-        deliver([&] { form->unload(reason); });
-    }
+    deliverTo<Form>(window, [&](Form& form) { form.unload(reason); });
 }
 
 void Input::alarmRang() {

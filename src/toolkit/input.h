@@ -28,6 +28,13 @@ public:
     void keyPressed(sys::WindowHandle window, int keyCode, int shift) override;
     void characterTyped(sys::WindowHandle window, int character) override;
     void focusGained(sys::WindowHandle window) override;
+    void buttonClicked(sys::WindowHandle button) override;
+    void textChanged(sys::WindowHandle textBox, const std::string& text) override;
+    void itemSelected(sys::WindowHandle list, int index) override;
+    void itemActivated(sys::WindowHandle list, int index) override;
+    void scrollBarMoved(sys::WindowHandle scrollBar, sys::ScrollStep step, int position) override;
+    void commandChosen(sys::WindowHandle form, int command) override;
+    void dialogAnswered(sys::WindowHandle form, bool accepted) override;
     void closeRequested(sys::WindowHandle window, sys::CloseReason reason) override;
     void alarmRang() override;
 
@@ -35,6 +42,8 @@ private:
     Element* find(sys::WindowHandle handle) const;
     /// Runs a program's handler; a failure that it lets out becomes the default report.
     template <class Handler> void deliver(const Handler& handler);
+    /// The same with a control of one kind; nothing when the window is none.
+    template <class Kind, class Handler> void deliverTo(sys::WindowHandle window, const Handler& handler);
 
     Application& application_;
     std::unordered_map<sys::WindowHandle, Element*> elements_;

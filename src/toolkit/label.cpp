@@ -5,8 +5,8 @@
 
 namespace toolkit {
 
-Label::Label(Form& form, const LabelDesign& design)
-    : Control(form, design.control), design_(design), caption_(design.caption) {}
+Label::Label(Container& container, const LabelDesign& design)
+    : Control(container, design.control), design_(design), caption_(design.caption) {}
 
 void Label::setCaption(const std::string& caption) {
     caption_ = caption;
@@ -43,8 +43,8 @@ void Label::load() {
 }
 
 std::unique_ptr<sys::Window> Label::makeWindow() {
-    auto made = Application::current().system().createLabel(
-        form().nativeWindow(), {design_.font, design_.foreColor, design_.backColor});
+    auto made = Application::current().system().createLabel(container().nativeWindow(),
+                                                            {design_.font, design_.colors, design_.centered});
     made->setText(shownText());
     return made;
 }

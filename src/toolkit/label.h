@@ -1,8 +1,10 @@
-// A label: a text on the form, in front of pictures, sized to its text if the design says so.
+// A label: a text on the form, sized to its text if the design says so. With colours of its own it lies in
+// front of pictures.
 #pragma once
 
 #include "toolkit/control.h"
 
+#include <optional>
 #include <string>
 
 namespace toolkit {
@@ -11,14 +13,14 @@ struct LabelDesign {
     Design control{};
     std::string caption{};
     sys::Font font{};
-    sys::Color foreColor{};
-    sys::Color backColor{};
+    std::optional<sys::LabelColors> colors{}; // none: those of the system, for a label of a dialog
+    bool centered = false;
     bool autoSize = false;
 };
 
 class Label : public Control {
 public:
-    Label(Form& form, const LabelDesign& design);
+    Label(Container& container, const LabelDesign& design);
 
     const std::string& caption() const { return caption_; }
     /// Lines are divided by CR LF. One trailing line break adds no empty line to the height of a label that

@@ -12,8 +12,8 @@ namespace toolkit {
 
 class ListView : public HiddenControl {
 public:
-    ListView(Form& form, const Design& design, std::size_t columns)
-        : HiddenControl(form, design), columns_(columns) {}
+    ListView(Container& container, const Design& design, std::size_t columns)
+        : HiddenControl(container, design), columns_(columns) {}
 
     /// 16 bits wide: of more rows the first 32767 can be reached.
     std::int16_t rowCount() const;

@@ -46,7 +46,7 @@ void MediaPlayer::load() {
 }
 
 std::unique_ptr<sys::Window> MediaPlayer::makeWindow() {
-    return Application::current().system().createMediaPlayer(form().nativeWindow());
+    return Application::current().system().createMediaPlayer(container().nativeWindow());
 }
 
 /// Once for each file: `play` comes again behind a start by itself.

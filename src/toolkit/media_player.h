@@ -15,7 +15,7 @@ enum class PlayState : std::int16_t { stopped = 0, paused = 1, playing = 2, clos
 /// a sound that has ended.
 class MediaPlayer : public HiddenControl {
 public:
-    MediaPlayer(Form& form, const Design& design) : HiddenControl(form, design) {}
+    MediaPlayer(Container& container, const Design& design) : HiddenControl(container, design) {}
 
     const std::string& fileName() const { return fileName_; }
     /// Lets go of the former file at once, so that it can be written again, and with `AutoStart` plays the

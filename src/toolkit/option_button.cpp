@@ -2,26 +2,32 @@
 
 namespace toolkit {
 
-OptionButton::OptionButton(Form& form, Frame& frame, const OptionButtonDesign& design)
-    : HiddenControl(form, design.control), frame_(frame), designValue_(design.value), value_(design.value) {
-    frame.options_.push_back(this);
-}
+OptionButton::OptionButton(Container& container, const Design& design, const OptionButtonDesign& button)
+    : Button(container, design, {sys::ButtonKind::option, button.caption}), designValue_(button.value),
+      value_(button.value) {}
 
 void OptionButton::setValue(bool value) {
     const bool becameSet = value && !value_;
     if (becameSet) {
-        for (OptionButton* option : frame_.options_) {
-            option->value_ = false;
+        for (Control* control : container().controls()) {
+            if (auto* option = dynamic_cast<OptionButton*>(control)) {
+                option->assumeValue(false);
+            }
         }
     }
-    value_ = value;
+    assumeValue(value);
     if (becameSet) {
         click.raise();
     }
 }
 
+void OptionButton::assumeValue(bool value) {
+    value_ = value;
+    showChecked(value);
+}
+
 void OptionButton::load() {
-    HiddenControl::load();
+    Button::load();
     value_ = designValue_;
 }
 

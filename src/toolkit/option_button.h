@@ -1,28 +1,31 @@
-// An option button: one of several in a frame, of which at most one is set.
+// An option button: one of several in a frame or on a form, of which at most one is set.
 #pragma once
 
-#include "toolkit/frame.h"
+#include "toolkit/button.h"
 
 namespace toolkit {
 
 struct OptionButtonDesign {
-    Design control{};
+    std::string caption{};
     bool value = false;
 };
 
-class OptionButton : public HiddenControl {
+class OptionButton : public Button {
 public:
-    OptionButton(Form& form, Frame& frame, const OptionButtonDesign& design);
+    OptionButton(Container& container, const Design& design, const OptionButtonDesign& button = {});
 
     bool value() const { return value_; }
-    /// Setting it clears the others of its frame, which raise nothing, and raises `click`; setting what is
-    /// set, or clearing it, raises nothing.
+    /// Setting it clears the others that stand with it, which raise nothing, and raises `click`; setting what
+    /// is set, or clearing it, raises nothing.
     void setValue(bool value);
+
+    void userClicked() override { setValue(true); }
 
 private:
     void load() override;
+    bool checked() const override { return value_; }
+    void assumeValue(bool value);
 
-    Frame& frame_;
     bool designValue_;
     bool value_;
 };

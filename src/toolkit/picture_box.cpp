@@ -6,9 +6,9 @@
 
 namespace toolkit {
 
-PictureBox::PictureBox(Form& form, const PictureBoxDesign& design)
-    : Control(form, design.control), Canvas(static_cast<Element&>(*this), design.backColor), design_(design) {
-}
+PictureBox::PictureBox(Container& container, const PictureBoxDesign& design)
+    : Control(container, design.control), Canvas(static_cast<Element&>(*this), design.backColor),
+      design_(design) {}
 
 void PictureBox::load() {
     Control::load();
@@ -16,7 +16,7 @@ void PictureBox::load() {
 }
 
 std::unique_ptr<sys::Window> PictureBox::makeWindow() {
-    auto made = Application::current().system().createPictureBox(form().nativeWindow(), backColor());
+    auto made = Application::current().system().createPictureBox(container().nativeWindow(), backColor());
     made->place(area());
     paintNewSurface(*made);
     return made;

@@ -17,7 +17,7 @@ struct PictureBoxDesign {
 
 class PictureBox : public Control, public Canvas {
 public:
-    PictureBox(Form& form, const PictureBoxDesign& design);
+    PictureBox(Container& container, const PictureBoxDesign& design);
 
 private:
     void load() override;

@@ -8,7 +8,7 @@ namespace toolkit {
 
 class ProgressBar : public HiddenControl {
 public:
-    ProgressBar(Form& form, const Design& design) : HiddenControl(form, design) {}
+    ProgressBar(Container& container, const Design& design) : HiddenControl(container, design) {}
 
     float value() const { return value_; }
     /// Fails with 380 outside of 0 to 100.

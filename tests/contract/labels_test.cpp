@@ -14,8 +14,7 @@ public:
     toolkit::Label text{*this,
                         {.control = {.name = "text", .left = twips(20), .top = twips(30)},
                          .font = {.name = "Arial", .points = 30, .bold = true},
-                         .foreColor = white,
-                         .backColor = red,
+                         .colors = sys::LabelColors{white, red},
                          .autoSize = true}};
 };
 

@@ -17,7 +17,7 @@ std::string at(float x, float y) {
 TestForm::TestForm()
     : Form({.name = "TestForm", .caption = captionText, .backColor = blue, .maximized = true}),
       left(*this, {placed("left", leftPlace), red}), right(*this, {placed("right", rightPlace), green}),
-      label(*this, {.control = placed("label", labelPlace), .foreColor = white, .backColor = grey}),
+      label(*this, {.control = placed("label", labelPlace), .colors = sys::LabelColors{white, grey}}),
       timer(*this, {.interval = 0, .enabled = false}), otherTimer(*this, {.interval = 0, .enabled = false}) {
     loadEvent = [this] { events.emplace_back("load"); };
     queryUnload = [this](bool& cancel, std::int16_t reason) {

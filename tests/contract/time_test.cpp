@@ -105,7 +105,7 @@ TEST_F(Timers, Tick_ComesWhileAMessageBoxIsUp) {
     driver->answerMessageBox("Contract Box", 500);
     form.timer.setInterval(20);
     form.timer.setEnabled(true);
-    system.messageBox("A message", "Contract Box");
+    system.messageBox({.text = "A message", .title = "Contract Box"});
     // Nothing of the program's own loop ran in between.
     EXPECT_THAT(form.take(), testing::AllOf(Not(IsEmpty()), Each("tick")));
 }

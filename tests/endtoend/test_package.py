@@ -6,6 +6,7 @@ import subprocess
 
 from case import QUICK, SETTINGS, EndToEndCase, Machines
 from pictures import quarters
+from test_sound import HIGH, LONG, LOW, MIDDLE, ListeningCase
 from test_transitions import TransitionCase
 
 TICK_WITHOUT_SETTINGS = "SOUNDSYNC=2"  # half a second, and no sound to hold it
@@ -116,3 +117,33 @@ class PackagedTransitionTest(PackageCase, TransitionCase):
         self.wait_for_midst(show, curtain)
         show.wait_for_frame(curtain.frame(curtain.end))
         self.end_by_key(show)
+
+
+class PackagedSoundTest(PackageCase, ListeningCase):
+    """Behind each extracted sound stand other bytes of the package."""
+
+    def check(self, mode, tones, *frequencies, **settings):
+        """A package of a picture with each of these sounds, frequency and seconds by name, or without one. All
+        that is left of its sounds is one file of each type, the one of the last."""
+        lines = [mode]
+        for name, tone in tones.items():
+            lines.append("IMAGE=a.bmp")
+            if tone:
+                self.add_tone(name, *tone)
+                lines.append("SOUND=" + name)
+        show = self.start_template(*lines, **settings)
+        self.wait_for_tones(*frequencies)
+        self.end_in_silence(show)
+        self.assertEqual(sorted(os.listdir(self.alone)), ["Holiday.scr", "Tessellarium.mp3", "Tessellarium.wav"])
+
+    def test_mode_1_cuts_each_sound_off_with_the_next(self):
+        self.check("SOUNDSYNC=1", {"a.wav": (LOW, LONG), "b.mp3": (MIDDLE, LONG)}, LOW, MIDDLE,
+                   ImageInterval="3")
+
+    def test_mode_2_plays_each_sound_to_its_end(self):
+        self.check("SOUNDSYNC=2", {"a.mp3": (LOW, 0.7), "silent": None, "b.wav": (MIDDLE, 0.6),
+                                   "c.wav": (HIGH, LONG)}, LOW, MIDDLE, HIGH)
+
+    def test_mode_3_plays_the_list_beside_the_pictures(self):
+        self.check("SOUNDASYNC", {"a.mp3": (LOW, 0.5), "b.wav": (MIDDLE, LONG)}, LOW, MIDDLE,
+                   ImageInterval="3")

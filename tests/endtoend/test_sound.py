@@ -7,7 +7,6 @@ import sounds
 from case import LIMIT, QUICK, EndToEndCase
 from pictures import quarters
 from session import wait_until, with_sound
-from test_package import PackageCase
 
 LOW, MIDDLE, HIGH, TOP = FREQUENCIES = 400, 800, 1200, 1800  # hertz
 LONG = 30  # seconds of a sound that no test hears to its end
@@ -37,7 +36,7 @@ class SoundCase(EndToEndCase):
         sounds.save_tone(os.path.join(self.pictures, name), frequency, seconds)
 
 
-class RecordedCase(SoundCase):
+class ListeningCase(SoundCase):
     """On a machine whose sounds are recorded."""
 
     sound = True
@@ -84,7 +83,7 @@ class RecordedCase(SoundCase):
                    lambda: f"was heard: {self.listener.tones()}, the end was at {end}", LONG / 3)
 
 
-class SoundTest(RecordedCase):
+class SoundTest(ListeningCase):
     def test_without_a_sound_mode_nothing_is_heard_or_loaded(self):
         self.add_tone("low.wav", LOW, 1)
         show = self.start_template("IMAGE=a.bmp", "SOUND=low.wav", "IMAGE=b.bmp", "SOUND=low.wav",
@@ -189,19 +188,6 @@ class SoundTest(RecordedCase):
             self.assertAlmostEqual(before.end - before.begin, 1, delta=EARLY)
             self.assertLess(after.begin, before.end + 2 * LIST_TICK + LATE)
         self.end_in_silence(show)
-
-
-class PackagedSoundTest(RecordedCase, PackageCase):
-    def test_sounds_that_are_taken_out_to_the_same_file_are_each_heard_to_the_end(self):
-        self.add_tone("low.wav", LOW, 1)
-        self.add_tone("middle.wav", MIDDLE, 1)
-        self.add_tone("high.mp3", HIGH, LONG)
-        show = self.start_template("SOUNDSYNC=2", "IMAGE=a.bmp", "SOUND=low.wav", "IMAGE=b.bmp", "SOUND=middle.wav",
-                                   "IMAGE=a.bmp", "SOUND=high.mp3")
-        for tone in self.wait_for_tones(LOW, MIDDLE, HIGH)[:2]:
-            self.assertAlmostEqual(tone.end - tone.begin, 1, delta=EARLY)
-        self.end_in_silence(show)
-        self.assertEqual(sorted(os.listdir(self.alone)), ["Holiday.scr", "Tessellarium.mp3", "Tessellarium.wav"])
 
 
 class NoSoundDeviceTest(SoundCase):

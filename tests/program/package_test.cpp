@@ -438,6 +438,44 @@ TEST_F(PackagedShow, RowWithoutPicture_LeavesTheOldOneAndPlaysItsSound) {
     EXPECT_EQ(program.traced("E: MainForm LoadImage"), 2);
 }
 
+TEST_F(PackagedShow, RowWithoutPicture_LeavesASlideOnTheForm) {
+    Package package;
+    package.rows = {{.picture = picture(red), .transition = "Slide Left To Center"}, {}};
+    start(package);
+    program.step();
+    program.step();
+    program.advance(1);
+    EXPECT_EQ(program.traced("E: MainForm LoadImage"), 2);
+    EXPECT_EQ(centre(), red);
+}
+
+TEST_F(PackagedShow, RowWithPicture_FindsTheFormCleared) {
+    Package package;
+    program.addPicture("C:\\small", {4, 4}, blue);
+    package.rows = {{.picture = picture(red), .transition = "Slide Left To Center"},
+                    {.picture = content("C:\\small")}};
+    start(package);
+    program.step();
+    program.step();
+    program.advance(1);
+    EXPECT_EQ(centre(), blue);
+    EXPECT_EQ(program.pixel(312, 240), black);
+}
+
+TEST_F(PackagedShow, RowWithPicture_FindsThePictureBoxCleared) {
+    Package package;
+    package.rows = {{.picture = picture(red)},
+                    {.picture = picture(blue), .transition = "Top/Bottom To Center"}};
+    program.setting("FullScreen", "1");
+    program.setting("Blocks", "11"); // which leaves the middle strip out
+    start(package);
+    program.step();
+    EXPECT_EQ(centre(), red);
+    program.step();
+    EXPECT_EQ(program.pixel(320, 10), blue);
+    EXPECT_EQ(centre(), black);
+}
+
 TEST(PackagedShowSound, Modes1And2_PlayTheRowsSoundByTheMediaControl) {
     for (const int mode : {1, 2}) {
         SCOPED_TRACE(mode);

@@ -191,6 +191,15 @@ TEST(Preview, Positions_AtOtherScales_CountWholeTwipsAPixel) {
     }
 }
 
+TEST(Preview, LogoBoxLargerThanItsPicture_IsWhiteAroundIt) {
+    Preview preview({10, 10});
+    preview.start();
+    preview.program.advance(10);
+    const auto logo = preview.window(preview.logo)->rect();
+    EXPECT_EQ(logo, (sys::PixelRect{6, 16, 146, 96})) << "of a picture of 93 by 53 pixels";
+    EXPECT_EQ(preview.program.pixel(hostPlace.left + 120, hostPlace.top + 80), (sys::Color{255, 255, 255}));
+}
+
 TEST(Preview, LargeHost_IsMeasuredIn32Bits) {
     Preview preview;
     preview.start({0, 0, 5000, 3000});

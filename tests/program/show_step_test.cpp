@@ -378,6 +378,15 @@ TEST_F(ShowStep, Transition_RunsWithTheTimersOff) {
     EXPECT_TRUE(form().Timer1.enabled());
 }
 
+TEST_F(ShowStep, Transition_LeavesTheTimersOffThatWereOff) {
+    addPicture("a.bmp", {1, 1});
+    show({"IMAGE=a.bmp"});
+    form().Timer1.setEnabled(false);
+    form().LoadImage();
+    EXPECT_FALSE(form().Timer1.enabled());
+    EXPECT_FALSE(form().Timer2.enabled());
+}
+
 TEST_F(ShowStep, Failure_InsideTheTransition_LeavesTheClockOff) {
     // The banner of the design can't fail, so the failure is made by taking the picture away.
     addPicture("a.bmp", {1, 1});
@@ -531,6 +540,27 @@ TEST_F(ShowStep, EraserPicture_IsBlackAnd64PixelsWideAndHigh) {
     form().PaintPicture(form().pctBlank.picture(), {.x1 = 0, .y1 = 0, .width1 = 9600.0F, .height1 = 7200.0F});
     form().refresh();
     EXPECT_EQ(program.pixel(20, 20), black);
+}
+
+TEST_F(ShowStep, NewStep_ClearsThePictureBox) {
+    addPicture("a.bmp", {10, 10});
+    program.setting("FullScreen", "1");
+    program.setting("Blocks", "11"); // of which the transition leaves the middle strip out
+    program.setting("DissolveType", "Top/Bottom To Center");
+    for (const bool emptied : {false, true}) {
+        SCOPED_TRACE(emptied);
+        if (emptied) {
+            form().lstImageNames.clear();
+            shared.ImageDissolves[0] = "";
+        } else {
+            show({"IMAGE=a.bmp", "DISSOLVE=Normal", "IMAGE=a.bmp"});
+        }
+        form().NormalDisplay();
+        EXPECT_EQ(program.pixel(320, 240), red);
+        program.step();
+        EXPECT_NE(program.pixel(320, 10), black);
+        EXPECT_EQ(program.pixel(320, 240), black);
+    }
 }
 
 TEST_F(ShowStep, NewStep_ClearsWhatASlideLeftOnTheForm) {

@@ -372,6 +372,30 @@ TEST(SlideTransition, PictureAsLargeAsTheForm_TopAndLeftPaintNothing) {
     }
 }
 
+TEST(SlideTransition, PositionExactlyInTheMiddle_EndsThoseFromTopAndLeftAndIsTheLastOfTheOthers) {
+    struct Case {
+        const char* name;
+        sys::Size picture; // of which an edge can come to lie in the middle
+        bool horizontal;
+        float last;
+    };
+    for (const Case& each : {Case{"Slide Top To Center", {100, 278}, false, 1},
+                             Case{"Slide Left To Center", {438, 100}, true, 1},
+                             Case{"Slide Bottom To Center", {100, 320}, false, 80},
+                             Case{"Slide Right To Center", {360, 100}, true, 140}}) {
+        SCOPED_TRACE(each.name);
+        Show show(each.name, each.picture, 10, {}, {1, 1}); // a form of 640 by 480 twips
+        show.run();
+        std::vector<float> positions;
+        for (const RecordedPaint& paint : show.paints()) {
+            if (!paint.blank) {
+                positions.push_back(paint.target[each.horizontal ? 0 : 1]);
+            }
+        }
+        EXPECT_EQ(positions.back(), each.last);
+    }
+}
+
 /// One paint of a slide: where from and to, in twips; no source for the black.
 std::string line(const RecordedPaint& paint) {
     std::string text = paint.blank ? "black" : "paint";

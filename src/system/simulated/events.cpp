@@ -3,6 +3,9 @@
 #include "system/simulated/process_end.h"
 #include "system/simulated/window_procedures.h"
 
+#include <algorithm>
+#include <type_traits>
+
 namespace sys::simulated {
 
 namespace {
@@ -33,6 +36,18 @@ int characterOf(int keyCode, int shift) {
     case ' ': return keyCode;
     default: return keyCode >= '0' && keyCode <= '9' && shift == 0 ? keyCode : noCharacter;
     }
+}
+
+/// 0 when there is no such entry.
+int commandOf(const std::vector<MenuEntry>& entries, const std::string& caption) {
+    for (const MenuEntry& entry : entries) {
+        const int command = entry.entries.empty() ? (entry.caption == caption ? entry.command : 0)
+                                                  : commandOf(entry.entries, caption);
+        if (command != 0) {
+            return command;
+        }
+    }
+    return 0;
 }
 
 } // namespace
@@ -134,12 +149,19 @@ void Devices::movePointer(Point to, int shift) {
 void Devices::pressButton(MouseButton button, int shift, Press press) {
     WindowNode* window = target();
     buttonsDown_ |= button;
-    if (window == nullptr) {
+    if (window == nullptr || !window->enabled()) {
         return;
     }
     if (pressed_ == 0) {
         pressed_ = window->id();
         screen_.activate(*window);
+    }
+    if (auto* control = dynamic_cast<ControlWindow*>(window)) {
+        const PixelRect rect = control->screenRect();
+        if (press == Press::second && button == leftButton) {
+            control->doubleClickedAt(*input_, {pointer_.x - rect.left, pointer_.y - rect.top});
+        }
+        return;
     }
     const MouseEvent event = eventFor(*window, button, shift);
     if (press == Press::second) {
@@ -150,26 +172,78 @@ void Devices::pressButton(MouseButton button, int shift, Press press) {
 }
 
 void Devices::releaseButton(MouseButton button, int shift) {
-    const WindowNode* window = target();
+    WindowNode* window = target();
     const bool inside = window != nullptr && window->id() == pressed_ && window == screen_.windowAt(pointer_);
     buttonsDown_ &= ~button;
     if (buttonsDown_ == 0) {
         pressed_ = 0;
     }
-    if (window != nullptr) {
-        input_->mouseReleased(eventFor(*window, button, shift), inside);
+    if (window == nullptr || !window->enabled()) {
+        return;
     }
+    if (auto* control = dynamic_cast<ControlWindow*>(window)) {
+        const PixelRect rect = control->screenRect();
+        if (inside && button == leftButton) {
+            control->clickedAt(*input_, {pointer_.x - rect.left, pointer_.y - rect.top});
+        }
+        return;
+    }
+    input_->mouseReleased(eventFor(*window, button, shift), inside);
 }
 
 void Devices::pressKey(int keyCode, int shift) {
-    if (const WindowNode* window = screen_.focused()) {
-        input_->keyPressed(window->id(), keyCode, shift);
+    const WindowNode* window = screen_.focused();
+    if (window == nullptr) {
+        return;
+    }
+    const WindowHandle handle = window->id();
+    input_->keyPressed(handle, keyCode, shift);
+    if (WindowNode* left = screen_.find(handle); left != nullptr && Screen::formOf(*left).dialog()) {
+        takeDialogKey(*left, keyCode, shift);
     }
 }
 
+void Devices::takeDialogKey(WindowNode& window, int keyCode, int shift) {
+    auto* control = dynamic_cast<ControlWindow*>(&window);
+    if (control != nullptr && control->takeKey(*input_, keyCode)) {
+        return;
+    }
+    switch (keyCode) {
+    case tabKey: moveFocus(window, (shift & shiftKey) != 0); break;
+    case enterKey: input_->dialogAnswered(Screen::formOf(window).id(), true); break;
+    case escapeKey: input_->dialogAnswered(Screen::formOf(window).id(), false); break;
+    default: break;
+    }
+}
+
+void Devices::moveFocus(WindowNode& window, bool back) {
+    const std::vector<WindowNode*> stops = Screen::tabStops(Screen::formOf(window));
+    if (stops.empty()) {
+        return;
+    }
+    const auto own = static_cast<std::size_t>(std::ranges::find(stops, &window) - stops.begin());
+    const std::size_t first = own == stops.size() ? stops.size() - 1 : own;
+    screen_.activate(*stops[(first + (back ? stops.size() - 1 : 1)) % stops.size()]);
+}
+
+WindowNode& Devices::reachable(WindowHandle window) const {
+    WindowNode* const node = screen_.find(window);
+    if (node == nullptr || !node->enabled() || node->visibleRect().empty()) {
+        throw std::logic_error("The user can't reach the window" +
+                               (node != nullptr ? ": " + node->text() : std::string(".")));
+    }
+    return *node;
+}
+
 void Devices::typeCharacter(int character) {
-    if (const WindowNode* window = screen_.focused()) {
-        input_->characterTyped(window->id(), character);
+    const WindowNode* window = screen_.focused();
+    if (window == nullptr) {
+        return;
+    }
+    const WindowHandle handle = window->id();
+    input_->characterTyped(handle, character);
+    if (auto* control = dynamic_cast<ControlWindow*>(screen_.find(handle))) {
+        control->takeCharacter(*input_, character);
     }
 }
 
@@ -265,6 +339,53 @@ void User::giveFocus(WindowHandle control) {
         if (devices->activate(control)) {
             queue->post(0, [devices, control] { devices->input().focusGained(control); });
         }
+    });
+}
+
+template <class Control, class Act> void User::act(WindowHandle control, Act act) {
+    post([devices = &devices_, control, act] {
+        auto& reached = dynamic_cast<Control&>(devices->reachable(control));
+        if constexpr (std::is_base_of_v<ControlWindow, Control>) {
+            devices->activate(control);
+        }
+        act(reached, devices->input());
+    });
+}
+
+void User::clickOn(WindowHandle control) {
+    post([devices = &devices_, control] {
+        const PixelRect rect = devices->reachable(control).visibleRect();
+        devices->movePointer({(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2}, 0);
+    });
+    click();
+}
+
+void User::selectItem(WindowHandle list, int index) {
+    act<ListWindow>(list, [index](ListWindow& chosen, Input& input) { chosen.choose(input, index); });
+}
+
+void User::activateItem(WindowHandle list, int index) {
+    act<ListWindow>(list,
+                    [index](ListWindow& chosen, Input& input) { input.itemActivated(chosen.id(), index); });
+}
+
+void User::enterText(WindowHandle textBox, const std::string& text) {
+    act<TextBoxWindow>(textBox, [text](TextBoxWindow& box, Input& input) { box.enter(input, text); });
+}
+
+void User::scroll(WindowHandle scrollBar, ScrollStep step, int position) {
+    act<ScrollBarWindow>(scrollBar, [step, position](ScrollBarWindow& bar, Input& input) {
+        input.scrollBarMoved(bar.id(), step, position);
+    });
+}
+
+void User::choose(WindowHandle form, const std::string& caption) {
+    act<WindowNode>(form, [caption](WindowNode& window, Input& input) {
+        const int command = commandOf(window.menu(), caption);
+        if (command == 0) {
+            throw std::logic_error("The menu has no entry " + caption);
+        }
+        input.commandChosen(window.id(), command);
     });
 }
 

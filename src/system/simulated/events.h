@@ -1,6 +1,7 @@
 // The machine's clock with the events that are due at it, and the keyboard and the mouse that make them.
 #pragma once
 
+#include "system/simulated/controls.h"
 #include "system/simulated/screen.h"
 
 #include <cstdint>
@@ -88,8 +89,12 @@ public:
     void typeCharacter(int character);
     /// Hands the keyboard to a window, which isn't told; false when it is gone.
     bool activate(WindowHandle window);
+    /// Of the window, as the user sees it before them; fails if it isn't seen or takes no input.
+    WindowNode& reachable(WindowHandle window) const;
 
 private:
+    void takeDialogKey(WindowNode& window, int keyCode, int shift);
+    void moveFocus(WindowNode& window, bool back);
     /// The window that gets the mouse: the one that was pressed, as long as a button is down.
     WindowNode* target() const;
     MouseEvent eventFor(const WindowNode& window, int button, int shift) const;
@@ -132,12 +137,25 @@ public:
     /// behind all that waits already, so that keys which the user has pressed at once reach it.
     void giveFocus(WindowHandle control);
 
+    // The controls of a dialog, which fail if they can't be reached by then.
+    /// Clicks in the middle of it.
+    void clickOn(WindowHandle control);
+    /// Clicks on an item of a list, open or drop-down; 0-based.
+    void selectItem(WindowHandle list, int index);
+    void activateItem(WindowHandle list, int index);
+    /// Replaces what stands in a text box.
+    void enterText(WindowHandle textBox, const std::string& text);
+    void scroll(WindowHandle scrollBar, ScrollStep step, int position = 0);
+    /// Chooses an entry of a form's menu by its caption.
+    void choose(WindowHandle form, const std::string& caption);
+
     /// Asks a window to go, if it is still there by then.
     void closeWindow(WindowHandle window, CloseReason reason = CloseReason::byUser);
 
 private:
     void post(EventQueue::Action action) { queue_.post(delay_, std::move(action)); }
     void goTo(Point at, int shift);
+    template <class Control, class Act> void act(WindowHandle control, Act act);
 
     EventQueue& queue_;
     Devices& devices_;

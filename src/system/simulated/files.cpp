@@ -230,12 +230,59 @@ std::vector<std::string> Drives::list(const std::string& pattern) {
     return found;
 }
 
+std::vector<DriveName> Drives::drives() {
+    std::vector<DriveName> names;
+    for (const auto& [letter, volume] : volumes_) {
+        names.push_back({letter, volume.ready ? volume.label : ""});
+    }
+    return names;
+}
+
+Drives::Place Drives::folderAt(const std::string& path) {
+    Place at = place(path.empty() ? "." : path);
+    Volume& on = volume(at);
+    refuseMarked(at);
+    if (!isFolder(on, at.path)) {
+        throw Failure(FailureCode::pathNotFound);
+    }
+    for (std::size_t depth = 1; depth <= at.path.size(); ++depth) {
+        const auto end = at.path.begin() + static_cast<std::ptrdiff_t>(depth);
+        at.path[depth - 1] = on.drive->find({at.path.begin(), end})->name;
+    }
+    return at;
+}
+
+std::string Drives::wholeFolder(const std::string& path) {
+    const Place at = folderAt(path);
+    std::string whole = std::string(1, at.letter) + ":";
+    for (const std::string& part : at.path) {
+        whole += "\\" + part;
+    }
+    return at.path.empty() ? whole + "\\" : whole;
+}
+
+std::vector<std::string> Drives::folders(const std::string& path) {
+    const Place folder = folderAt(path);
+    std::vector<std::string> found;
+    for (const Entry& entry : volume(folder).drive->entries(folder.path)) {
+        Place at = folder;
+        at.path.push_back(entry.name);
+        if (entry.kind == Entry::Kind::folder && !entry.hidden && !marks(at).hidden && at.nameable()) {
+            found.push_back(entry.name);
+        }
+    }
+    std::ranges::sort(found);
+    return found;
+}
+
+void Drives::setLabel(char letter, const std::string& label) { volumes_.at(upper(letter)).label = label; }
+
 void Drives::mapDrive(char letter, const std::string& hostFolder) {
-    volumes_[upper(letter)] = {makeHostDrive(hostFolder), true, std::nullopt};
+    volumes_[upper(letter)] = {makeHostDrive(hostFolder), true, std::nullopt, {}};
 }
 
 void Drives::addMemoryDrive(char letter) {
-    volumes_[upper(letter)] = {makeMemoryDrive(), true, std::nullopt};
+    volumes_[upper(letter)] = {makeMemoryDrive(), true, std::nullopt, {}};
 }
 
 void Drives::setReady(char letter, bool ready) { volumes_.at(upper(letter)).ready = ready; }

@@ -29,6 +29,9 @@ public:
     bool same(const std::string& one, const std::string& other) override;
     void remove(const std::string& path) override;
     std::vector<std::string> list(const std::string& pattern) override;
+    std::vector<DriveName> drives() override;
+    std::string wholeFolder(const std::string& path) override;
+    std::vector<std::string> folders(const std::string& path) override;
 
     // Drives, by their letters. One that is there already is replaced.
     void mapDrive(char letter, const std::string& hostFolder);
@@ -38,6 +41,7 @@ public:
     /// From now on the drive takes so many bytes more, and then fails with 61. What is cut off from its files
     /// or removed is free again.
     void setFreeSpace(char letter, std::int64_t bytes);
+    void setLabel(char letter, const std::string& label);
     void setCurrentFolder(const std::string& folder) { currentFolder_ = folder; }
 
     // Content, past all faults. Missing folders are made, and a missing drive is kept in memory.
@@ -67,6 +71,7 @@ private:
         std::unique_ptr<Drive> drive;
         bool ready = true;
         std::optional<std::int64_t> freeBytes; // nothing: without end
+        std::string label{};
     };
     struct Marks {
         std::optional<FailureCode> openFailure;
@@ -86,6 +91,8 @@ private:
     class OpenFile;
 
     Place place(std::string path) const;
+    /// A folder that exists, its names as they are stored; fails with 68 or 76.
+    Place folderAt(const std::string& path);
     /// Fails with 68.
     Volume& volume(const Place& place);
     bool isFolder(Volume& volume, const DrivePath& path);

@@ -8,6 +8,9 @@ std::unique_ptr<sys::Canvas> Machine::createForm(const FormStyle& style) {
     auto form =
         std::make_unique<CanvasWindow>(screen_, WindowKind::form, nullptr, style.caption, style.backColor);
     form->setInTaskBar(style.inTaskBar);
+    if (style.dialog) {
+        form->makeDialog(style.menu);
+    }
     if (style.maximized) {
         const Size size = screen_.size();
         form->place({0, 0, static_cast<float>(size.width * screen_.scale().x),

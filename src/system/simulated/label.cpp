@@ -10,11 +10,15 @@ namespace {
 class LabelWindow final : public NativeWindow<sys::Window> {
 public:
     LabelWindow(Screen& screen, WindowNode* parent, LabelStyle style)
-        : NativeWindow(screen, WindowKind::label, parent, ""), style_(std::move(style)) {}
+        : NativeWindow(screen, style.colors ? WindowKind::label : WindowKind::control, parent, ""),
+          style_(std::move(style)) {}
 
     void draw(Bitmap& target, Point at, const PixelRect& clip) const override {
-        target.fill(clip, opaque(style_.backColor));
-        drawText(target, at, clip, text(), style_.font, style_.foreColor, screen().scale());
+        if (style_.colors) {
+            target.fill(clip, opaque(style_.colors->back));
+        }
+        const Color color = style_.colors ? style_.colors->text : Color{};
+        drawText(target, at, clip, text(), style_.font, color, screen().scale());
     }
 
 private:

@@ -4,6 +4,7 @@
 
 #include "system/simulated/bitmap.h"
 #include "system/simulated/canvas.h"
+#include "system/simulated/controls.h"
 #include "system/simulated/events.h"
 #include "system/simulated/files.h"
 #include "system/simulated/platform.h"
@@ -14,6 +15,7 @@
 #include "system/simulated/window_procedures.h"
 #include "system/system.h"
 
+#include <deque>
 #include <memory>
 #include <optional>
 #include <string>
@@ -32,6 +34,8 @@ struct MachineOptions {
 struct ShownMessage {
     std::string text;
     std::string title;
+    MessageButtons buttons = MessageButtons::ok;
+    MessageIcon icon = MessageIcon::none;
     bool operator==(const ShownMessage&) const = default;
 };
 
@@ -53,9 +57,15 @@ public:
     std::unique_ptr<sys::Canvas> createPictureBox(Window& parent, Color backColor) override;
     std::unique_ptr<sys::Window> createLabel(Window& parent, const LabelStyle& style) override;
     std::unique_ptr<sys::MediaPlayer> createMediaPlayer(Window& parent) override;
+    std::unique_ptr<sys::Window> createFrame(Window& parent, const FrameStyle& style) override;
+    std::unique_ptr<sys::Button> createButton(Window& parent, const ButtonStyle& style) override;
+    std::unique_ptr<sys::Window> createTextBox(Window& parent, const TextBoxStyle& style) override;
+    std::unique_ptr<sys::List> createList(Window& parent, const ListStyle& style) override;
+    std::unique_ptr<sys::ScrollBar> createScrollBar(Window& parent) override;
+    Color dialogColor() override { return faceColor; }
     Size measureText(const std::string& text, const Font& font) override;
     PicturePtr decodePicture(std::span<const std::uint8_t> bytes) override;
-    void messageBox(const std::string& text, const std::string& title) override;
+    MessageAnswer messageBox(const MessageBoxStyle& style) override;
     std::int64_t now() override { return queue_.now(); }
     double secondsSinceMidnight() override;
     void setAlarm(std::optional<std::int64_t> due) override { queue_.setAlarm(due); }
@@ -127,6 +137,8 @@ public:
     /// The exit code, once the process has ended.
     std::optional<int> exitCode() const { return exitCode_; }
     const std::vector<ShownMessage>& messageBoxes() const { return messages_; }
+    /// The answer to the next message box with a choice that has none yet; without one it throws.
+    void answerMessageBox(MessageAnswer answer) { messageAnswers_.push_back(answer); }
     /// How long each message box stays up, in ms. Alarms come meanwhile, all other events wait.
     void setMessageBoxDuration(std::int64_t duration) { messageBoxDuration_ = duration; }
 
@@ -149,6 +161,7 @@ private:
     std::int64_t timeOfDaySetAt_ = EventQueue::startOfClock;
     std::vector<std::unique_ptr<ForeignWindow>> foreignWindows_;
     std::vector<ShownMessage> messages_;
+    std::deque<MessageAnswer> messageAnswers_;
     std::int64_t messageBoxDuration_ = 0;
     std::optional<int> exitCode_;
 };

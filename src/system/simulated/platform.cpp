@@ -220,6 +220,19 @@ std::int32_t SimulatedPlatform::getTickCount() {
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(queue_.now() - tickStart_));
 }
 
+std::int32_t SimulatedPlatform::winHelp(WindowHandle window, const std::string& file, std::uint32_t command) {
+    record("winHelp", window, file, command);
+    return 1;
+}
+
+std::intptr_t SimulatedPlatform::shellExecute(WindowHandle window, const std::string& verb,
+                                              const std::string& file, const std::string& parameters,
+                                              const std::string& folder, int show) {
+    record("shellExecute", window, verb, file, parameters, folder, show);
+    constexpr std::intptr_t leastSuccess = 33;
+    return leastSuccess;
+}
+
 std::int32_t SimulatedPlatform::sndPlaySound(const std::string& name, std::uint32_t flags) {
     record("sndPlaySound", name, flags);
     if ((flags & noStop) != 0 && playingSound_) {

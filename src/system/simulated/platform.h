@@ -51,6 +51,9 @@ public:
     std::int32_t isWindow(WindowHandle window) override;
     int showCursor(bool show) override;
     std::int32_t getTickCount() override;
+    std::int32_t winHelp(WindowHandle window, const std::string& file, std::uint32_t command) override;
+    std::intptr_t shellExecute(WindowHandle window, const std::string& verb, const std::string& file,
+                               const std::string& parameters, const std::string& folder, int show) override;
     std::int32_t sndPlaySound(const std::string& name, std::uint32_t flags) override;
 
     /// All calls in order, but `getTickCount`, which programs call without end: for example

@@ -63,6 +63,8 @@ void WindowNode::moveTo(const Area& area) {
     resized();
 }
 
+bool WindowNode::enabled() const { return enabled_ && (parent_ == nullptr || parent_->enabled()); }
+
 void WindowNode::activate() { screen_.activate(*this); }
 
 void WindowNode::setVisible(bool visible) {
@@ -92,24 +94,53 @@ WindowNode* Screen::windowAt(Point pixel) const {
 }
 
 WindowNode* Screen::focused() const {
-    const auto found =
-        std::find_if(activated_.rbegin(), activated_.rend(), [](auto* form) { return form->visible(); });
+    const auto found = std::find_if(activated_.rbegin(), activated_.rend(),
+                                    [](auto* form) { return form->visible() && form->enabled(); });
     if (found == activated_.rend()) {
         return nullptr;
     }
-    const bool taken = focusTaker_ != nullptr && *found == focusTaker_->parent_;
-    return taken ? focusTaker_ : *found;
+    const auto taker = focusTakers_.find(*found);
+    if (taker != focusTakers_.end()) {
+        return taker->second;
+    }
+    const std::vector<WindowNode*> stops =
+        (*found)->dialog() ? tabStops(**found) : std::vector<WindowNode*>();
+    return stops.empty() ? *found : stops.front();
 }
 
-void Screen::activate(WindowNode& window) {
+WindowNode& Screen::formOf(WindowNode& window) {
     WindowNode* form = &window;
     while (form->parent_ != nullptr) {
         form = form->parent_;
     }
-    std::erase(activated_, form);
-    activated_.push_back(form);
-    raise(*form);
-    focusTaker_ = window.kind_ == WindowKind::mediaPlayer ? &window : nullptr;
+    return *form;
+}
+
+std::vector<WindowNode*> Screen::tabStops(const WindowNode& form) {
+    std::vector<WindowNode*> stops;
+    for (WindowNode* child : form.children_) {
+        if (!child->visible_ || !child->enabled_) {
+            continue;
+        }
+        if (child->kind_ == WindowKind::control && child->takesKeyboard()) {
+            stops.push_back(child);
+        }
+        const std::vector<WindowNode*> inside = tabStops(*child);
+        stops.insert(stops.end(), inside.begin(), inside.end());
+    }
+    return stops;
+}
+
+void Screen::activate(WindowNode& window) {
+    WindowNode& form = formOf(window);
+    std::erase(activated_, &form);
+    activated_.push_back(&form);
+    raise(form);
+    if (window.takesKeyboard()) {
+        focusTakers_[&form] = &window;
+    } else if (!form.dialog()) {
+        focusTakers_.erase(&form);
+    }
 }
 
 void Screen::raise(WindowNode& window) { insert(window, true); }
@@ -176,9 +207,8 @@ void Screen::detach(WindowNode& window) {
     }
     std::erase(siblings(window), &window);
     std::erase(activated_, &window);
-    if (focusTaker_ == &window) {
-        focusTaker_ = nullptr;
-    }
+    focusTakers_.erase(&window);
+    std::erase_if(focusTakers_, [&](const auto& taker) { return taker.second == &window; });
     windows_.erase(window.id_);
     window.visible_ = false;
     window.parent_ = nullptr;

@@ -13,7 +13,7 @@ namespace sys::simulated {
 
 class Screen;
 
-enum class WindowKind { form, pictureBox, label, mediaPlayer, foreign };
+enum class WindowKind { form, pictureBox, label, mediaPlayer, control, foreign };
 
 /// A window's place in the tree. The screen must outlive it; its parent need not: a window goes with its
 /// parent, and what is left of it then is an object that stands for no window any more.
@@ -31,6 +31,12 @@ public:
     bool visible() const { return visible_; }
     bool topmost() const { return topmost_; }
     bool inTaskBar() const { return inTaskBar_; }
+    bool dialog() const { return dialog_; }
+    const std::vector<MenuEntry>& menu() const { return menu_; }
+    /// Whether it takes input, which what it stands in has a say in.
+    bool enabled() const;
+    /// Whether it can have the keyboard, and is reached by the tab key.
+    virtual bool takesKeyboard() const { return kind_ == WindowKind::mediaPlayer; }
     WindowNode* parent() const { return parent_; }
     /// Front first.
     const std::vector<WindowNode*>& children() const { return children_; }
@@ -47,6 +53,11 @@ public:
     void activate();
     void setCaption(const std::string& text) { text_ = text; }
     void setInTaskBar(bool inTaskBar) { inTaskBar_ = inTaskBar; }
+    void setEnabled(bool enabled) { enabled_ = enabled; }
+    void makeDialog(const std::vector<MenuEntry>& menu) {
+        dialog_ = true;
+        menu_ = menu;
+    }
 
     /// Draws the window itself, its upper left corner at `at`, within `clip`.
     virtual void draw(Bitmap& screen, Point at, const PixelRect& clip) const = 0;
@@ -66,6 +77,9 @@ private:
     bool visible_ = false;
     bool topmost_ = false;
     bool inTaskBar_ = false;
+    bool enabled_ = true;
+    bool dialog_ = false;
+    std::vector<MenuEntry> menu_;
     WindowNode* parent_;
     std::vector<WindowNode*> children_;
 };
@@ -78,6 +92,7 @@ public:
     void place(const Area& area) override { moveTo(area); }
     void show(bool visible) override { setVisible(visible); }
     void focus() override { activate(); }
+    void enable(bool enabled) override { setEnabled(enabled); }
     void setText(const std::string& text) override { setCaption(text); }
 };
 
@@ -102,12 +117,15 @@ public:
     const std::vector<WindowNode*>& topLevel() const { return topLevel_; }
     /// The foremost visible window at a pixel, or null.
     WindowNode* windowAt(Point pixel) const;
-    /// What the keyboard acts on, or null: the visible form that was shown or clicked last, or the control
-    /// that took the focus from it.
+    /// What the keyboard acts on, or null: the form that was shown or clicked last of those that take input,
+    /// or the control that took the focus from it. In a dialog that is its first control at first.
     WindowNode* focused() const;
-    /// Brings the window's form to the front and gives the keyboard to it; to the window itself if that is
-    /// of a kind that takes it.
+    /// Brings the window's form to the front and gives the keyboard to it; to the window itself if that takes
+    /// it. A dialog's control keeps it against a click beside all controls.
     void activate(WindowNode& window);
+    /// What the tab key reaches in a form, in its order.
+    static std::vector<WindowNode*> tabStops(const WindowNode& form);
+    static WindowNode& formOf(WindowNode& window);
 
     /// Brings a window in front of its siblings; only topmost ones stay before it.
     void raise(WindowNode& window);
@@ -134,9 +152,9 @@ private:
     Size size_;
     TwipsPerPixel scale_;
     std::map<WindowHandle, WindowNode*> windows_;
-    std::vector<WindowNode*> topLevel_;  // front first
-    std::vector<WindowNode*> activated_; // forms; the last one was activated last
-    WindowNode* focusTaker_ = nullptr;   // the control that took the focus from the last form
+    std::vector<WindowNode*> topLevel_;                    // front first
+    std::vector<WindowNode*> activated_;                   // forms; the last one was activated last
+    std::map<const WindowNode*, WindowNode*> focusTakers_; // the controls that took the focus, by their forms
     WindowHandle nextHandle_ = 0x10002;
     Presented presented_;
 };

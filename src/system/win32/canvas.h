@@ -22,6 +22,8 @@ public:
     // What the window procedure asks.
     Events& events() const { return events_; }
     void repair();
+    /// Fills a window's area, or that of a control that borrows the ground that it stands on.
+    void erase(HDC dc) const { fill(dc, {0, 0, size_.width, size_.height}); }
     /// What fits of the surface stays, at its upper left corner.
     void resized(Size size);
 

@@ -25,11 +25,6 @@ POINT pointIn(LPARAM position) {
     return {static_cast<short>(LOWORD(position)), static_cast<short>(HIWORD(position))};
 }
 
-LRESULT paintLabel(HDC dc, HWND window) {
-    const auto* label = static_cast<LabelWindow*>(NativeWindow<Window>::ownerOf(window));
-    return label != nullptr ? reinterpret_cast<LRESULT>(label->prepare(dc)) : 0;
-}
-
 /// Whether the system may go on with a command of its own: while the program runs no screen saver starts,
 /// and no key wakes a menu that isn't there.
 bool isAllowed(WPARAM command) {
@@ -54,8 +49,53 @@ bool reportMouse(Events& events, HWND window, UINT message, WPARAM wParam, LPARA
     }
 }
 
+/// Whether a dialog's message was one of its menu, or of the keys that answer it.
+bool reportCommand(Events& events, HWND window, WPARAM wParam, LPARAM lParam) {
+    if (lParam != 0) {
+        return false;
+    }
+    const int command = LOWORD(wParam);
+    if (command == IDOK || command == IDCANCEL) {
+        events.input().dialogAnswered(toHandle(window), command == IDOK);
+    } else {
+        events.input().commandChosen(toHandle(window), command - Events::firstCommand + 1);
+    }
+    return true;
+}
+
+LRESULT CALLBACK dialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto* form = static_cast<CanvasWindow*>(WindowOwner::of(window));
+    if (form == nullptr) {
+        return DefDlgProcA(window, message, wParam, lParam);
+    }
+    Events& events = form->events();
+    if (reportMouse(events, window, message, wParam, lParam)) {
+        return 0;
+    }
+    if (const auto answer = reflect(window, message, wParam, lParam)) {
+        return *answer;
+    }
+    switch (message) {
+    case WM_ERASEBKGND: form->erase(reinterpret_cast<HDC>(wParam)); return 1;
+    case WM_PAINT: form->repair(); return 0;
+    case WM_SIZE: form->resized({LOWORD(lParam), HIWORD(lParam)}); return 0;
+    case WM_COMMAND:
+        if (reportCommand(events, window, wParam, lParam)) {
+            return 0;
+        }
+        break;
+    case WM_SYSCOLORCHANGE: form->setBackColor(faceColor()); break;
+    case WM_CLOSE: events.closeRequested(window, CloseReason::byUser); return 0;
+    case WM_QUERYENDSESSION:
+        events.closeRequested(window, CloseReason::sessionEnds);
+        return IsWindow(window) ? FALSE : TRUE;
+    default: break;
+    }
+    return DefDlgProcA(window, message, wParam, lParam);
+}
+
 LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    auto* canvas = static_cast<CanvasWindow*>(NativeWindow<Canvas>::ownerOf(window));
+    auto* canvas = static_cast<CanvasWindow*>(WindowOwner::of(window));
     if (canvas == nullptr) {
         return DefWindowProcA(window, message, wParam, lParam);
     }
@@ -63,11 +103,13 @@ LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     if (reportMouse(events, window, message, wParam, lParam)) {
         return 0;
     }
+    if (const auto answer = reflect(window, message, wParam, lParam)) {
+        return *answer;
+    }
     switch (message) {
     case WM_ERASEBKGND: return 1;
     case WM_PAINT: canvas->repair(); return 0;
     case WM_SIZE: canvas->resized({LOWORD(lParam), HIWORD(lParam)}); return 0;
-    case WM_CTLCOLORSTATIC: return paintLabel(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
     case WM_KEYDOWN: events.keyPressed(window, wParam); return 0;
     case WM_SYSKEYDOWN:
         events.keyPressed(window, wParam);
@@ -91,7 +133,7 @@ LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
 WNDPROC staticProcedure = nullptr;
 
 LRESULT CALLBACK labelProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    auto* label = static_cast<LabelWindow*>(NativeWindow<Window>::ownerOf(window));
+    auto* label = static_cast<LabelWindow*>(WindowOwner::of(window));
     if (label != nullptr && reportMouse(label->events(), window, message, wParam, lParam)) {
         return 0;
     }
@@ -111,6 +153,20 @@ void registerClass(const char* name) {
     windowClass.hCursor = LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)); // the arrow
     windowClass.lpszClassName = name;
     RegisterClassExA(&windowClass);
+}
+
+/// The system's dialog manager keeps what it knows of a dialog in the window.
+ATOM registerDialogClass() {
+    WNDCLASSEXA windowClass{};
+    windowClass.cbSize = sizeof windowClass;
+    windowClass.style = CS_DBLCLKS;
+    windowClass.lpfnWndProc = dialogProcedure;
+    windowClass.cbWndExtra = DLGWINDOWEXTRA;
+    windowClass.hInstance = GetModuleHandleA(nullptr);
+    windowClass.hIcon = LoadIconA(windowClass.hInstance, MAKEINTRESOURCEA(1));
+    windowClass.hCursor = LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)); // the arrow
+    windowClass.lpszClassName = Events::dialogClass;
+    return RegisterClassExA(&windowClass);
 }
 
 /// A static control but for the mouse.
@@ -145,6 +201,8 @@ Events::Events(TwipsPerPixel scale)
     registerClass(formClass);
     registerClass(pictureBoxClass);
     registerLabelClass();
+    static const ATOM dialogAtom = registerDialogClass(); // a class stays to the end of the process
+    dialogAtom_ = dialogAtom;
 }
 
 Events::~Events() { DestroyWindow(alarmWindow_); }
@@ -231,10 +289,23 @@ void Events::deliver() {
     constexpr int mostAtOnce = 1000;
     MSG message;
     for (int left = mostAtOnce; left > 0 && PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != 0; --left) {
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
+        if (!isTakenByDialog(message)) {
+            TranslateMessage(&message);
+            DispatchMessageA(&message);
+        }
     }
     ringIfDue();
+}
+
+bool Events::isTakenByDialog(MSG& message) {
+    const HWND form = GetAncestor(message.hwnd, GA_ROOT);
+    if (form == nullptr || GetClassLongPtrA(form, GCW_ATOM) != dialogAtom_) {
+        return false;
+    }
+    if (message.message == WM_KEYDOWN) {
+        keyPressed(message.hwnd, message.wParam);
+    }
+    return IsDialogMessageA(form, &message) != 0;
 }
 
 void Events::wait() {

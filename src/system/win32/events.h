@@ -12,13 +12,15 @@ namespace sys::win32 {
 /// Milliseconds of a clock that never goes back.
 std::int64_t clockNow();
 
-/// One for the process. All windows of `formClass` and `pictureBoxClass` belong to a `CanvasWindow`, those of
-/// `labelClass` to a `LabelWindow`.
+/// One for the process. All windows of `formClass`, `dialogClass` and `pictureBoxClass` belong to a
+/// `CanvasWindow`, those of `labelClass` to a `LabelWindow`.
 class Events {
 public:
     static constexpr const char* formClass = "TessellariumForm";
     static constexpr const char* pictureBoxClass = "TessellariumPictureBox";
     static constexpr const char* labelClass = "TessellariumLabel";
+    static constexpr const char* dialogClass = "TessellariumDialog";
+    static constexpr int firstCommand = 0x100; // the identifier of a menu's command 1
 
     explicit Events(TwipsPerPixel scale);
     Events(const Events&) = delete;
@@ -26,6 +28,7 @@ public:
     ~Events();
 
     void connect(Input& input) { input_ = &input; }
+    Input& input() const { return *input_; }
     void setAlarm(std::optional<std::int64_t> due);
     void deliver();
     void wait();
@@ -43,10 +46,13 @@ private:
     MouseEvent mouseEvent(HWND window, int button, LPARAM position) const;
     void startAlarmTimer();
     void ringIfDue();
+    /// Whether the dialog manager had a use for a message, such as a key that moves between controls.
+    bool isTakenByDialog(MSG& message);
 
     TwipsPerPixel scale_;
     Input* input_ = nullptr;
     std::optional<std::int64_t> due_;
+    ULONG_PTR dialogAtom_ = 0;
     HWND alarmWindow_; // never seen; its timer rings while a loop of the system's own runs
 };
 

@@ -4,6 +4,7 @@
 #include "system/win32/native.h"
 
 #include <algorithm>
+#include <array>
 
 namespace sys::win32 {
 
@@ -220,7 +221,10 @@ void Win32Files::remove(const std::string& path) {
     }
 }
 
-std::vector<std::string> Win32Files::list(const std::string& pattern) {
+namespace {
+
+/// The names that match a pattern, neither hidden nor system, folders or plain files alone.
+std::vector<std::string> namesIn(const std::string& pattern, bool folders) {
     WIN32_FIND_DATAA entry;
     const HANDLE first = FindFirstFileA(pattern.c_str(), &entry);
     if (first == INVALID_HANDLE_VALUE) {
@@ -232,10 +236,11 @@ std::vector<std::string> Win32Files::list(const std::string& pattern) {
         throw failureAt(pattern, error == ERROR_INVALID_NAME ? ERROR_PATH_NOT_FOUND : error);
     }
     const std::unique_ptr<std::remove_pointer_t<HANDLE>, CloseSearch> search(first);
-    constexpr DWORD leftOut = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    constexpr DWORD looked = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    const DWORD wanted = folders ? FILE_ATTRIBUTE_DIRECTORY : 0;
     std::vector<std::string> names;
     do {
-        if ((entry.dwFileAttributes & leftOut) == 0) {
+        if ((entry.dwFileAttributes & looked) == wanted) {
             names.emplace_back(entry.cFileName);
         }
     } while (FindNextFileA(search.get(), &entry) != 0);
@@ -244,6 +249,57 @@ std::vector<std::string> Win32Files::list(const std::string& pattern) {
         throw failureAt(pattern, error);
     }
     return names;
+}
+
+} // namespace
+
+std::vector<std::string> Win32Files::list(const std::string& pattern) { return namesIn(pattern, false); }
+
+std::vector<std::string> Win32Files::folders(const std::string& path) {
+    const std::string whole = wholeFolder(path);
+    std::vector<std::string> names = namesIn(whole + (whole.ends_with('\\') ? "*" : "\\*"), true);
+    std::erase_if(names, [](const std::string& name) { return name == "." || name == ".."; });
+    return names;
+}
+
+std::vector<DriveName> Win32Files::drives() {
+    std::vector<DriveName> names;
+    const DWORD letters = GetLogicalDrives();
+    for (char letter = 'A'; letter <= 'Z'; ++letter) {
+        if ((letters >> (letter - 'A') & 1U) == 0) {
+            continue;
+        }
+        const std::string root = std::string(1, letter) + ":\\";
+        std::array<char, MAX_PATH + 1> label{};
+        // Only fixed drives are asked for a label: the others may keep the user waiting for it.
+        if (GetDriveTypeA(root.c_str()) == DRIVE_FIXED) {
+            GetVolumeInformationA(root.c_str(), label.data(), static_cast<DWORD>(label.size()), nullptr,
+                                  nullptr, nullptr, nullptr, 0);
+        }
+        names.push_back({letter, label.data()});
+    }
+    return names;
+}
+
+std::string Win32Files::wholeFolder(const std::string& path) {
+    const std::string asked = path.empty() ? "." : path;
+    std::string whole(MAX_PATH, '\0');
+    DWORD length = GetFullPathNameA(asked.c_str(), MAX_PATH, whole.data(), nullptr);
+    if (length >= MAX_PATH) {
+        whole.resize(length);
+        length = GetFullPathNameA(asked.c_str(), length, whole.data(), nullptr);
+    }
+    whole.resize(length);
+    constexpr std::size_t rootLength = 3; // "C:\"
+    while (whole.size() > rootLength && whole.ends_with('\\')) {
+        whole.pop_back();
+    }
+    if (!isFolder(whole)) {
+        const DWORD error = GetLastError();
+        const bool notReady = isOnMissingDrive(whole) || codeOf(error) == FailureCode::deviceUnavailable;
+        throw Failure(notReady ? FailureCode::deviceUnavailable : FailureCode::pathNotFound);
+    }
+    return whole;
 }
 
 } // namespace sys::win32

@@ -12,6 +12,9 @@ public:
     bool same(const std::string& one, const std::string& other) override;
     void remove(const std::string& path) override;
     std::vector<std::string> list(const std::string& pattern) override;
+    std::vector<DriveName> drives() override;
+    std::string wholeFolder(const std::string& path) override;
+    std::vector<std::string> folders(const std::string& path) override;
 };
 
 } // namespace sys::win32

@@ -26,10 +26,61 @@ public:
     }
 };
 
+HMENU makeMenu(HMENU menu, const std::vector<MenuEntry>& entries) {
+    for (const MenuEntry& entry : entries) {
+        const UINT kind = entry.entries.empty() ? MF_STRING : MF_POPUP;
+        const UINT_PTR what = entry.entries.empty()
+                                  ? static_cast<UINT_PTR>(Events::firstCommand + entry.command - 1)
+                                  : reinterpret_cast<UINT_PTR>(makeMenu(CreatePopupMenu(), entry.entries));
+        AppendMenuA(menu, kind, what, entry.caption.c_str());
+    }
+    return menu;
+}
+
+/// A top-level window with a frame, whose place is the room inside.
+class DialogWindow : public CanvasWindow {
+public:
+    DialogWindow(Events& events, const FormStyle& style, TwipsPerPixel scale)
+        : CanvasWindow(events, scale, style.backColor) {
+        constexpr DWORD frame = WS_CAPTION | WS_SYSMENU;
+        // One that isn't in the task bar could never be brought back when it is minimised.
+        create(Events::dialogClass, style.caption.c_str(),
+               style.inTaskBar ? frame | WS_MINIMIZEBOX : frame | WS_POPUP,
+               WS_EX_CONTROLPARENT | (style.inTaskBar ? WS_EX_APPWINDOW : WS_EX_DLGMODALFRAME), {}, nullptr);
+        if (!style.menu.empty()) {
+            SetMenu(native(), makeMenu(CreateMenu(), style.menu)); // it goes with the window
+        }
+    }
+
+    void place(const Area& area) override {
+        const PixelRect inside = toPixels(area, scale());
+        RECT outside{inside.left, inside.top, inside.right, inside.bottom};
+        AdjustWindowRectEx(&outside, styleOf(GWL_STYLE), GetMenu(native()) != nullptr, styleOf(GWL_EXSTYLE));
+        SetWindowPos(native(), nullptr, outside.left, outside.top, outside.right - outside.left,
+                     outside.bottom - outside.top, SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+
+    void show(bool visible) override {
+        ShowWindow(native(), visible ? SW_SHOW : SW_HIDE);
+        if (visible) {
+            SetForegroundWindow(native());
+            SetFocus(GetNextDlgTabItem(native(), nullptr, FALSE));
+        }
+    }
+
+private:
+    DWORD styleOf(int index) const { return static_cast<DWORD>(GetWindowLongPtrA(native(), index)); }
+};
+
 } // namespace
 
 std::unique_ptr<Canvas> Win32System::createForm(const FormStyle& style) {
+    if (style.dialog) {
+        return std::make_unique<DialogWindow>(*events_, style, twipsPerPixel());
+    }
     return std::make_unique<FormWindow>(*events_, style, twipsPerPixel(), screenSize());
 }
+
+Color Win32System::dialogColor() { return faceColor(); }
 
 } // namespace sys::win32

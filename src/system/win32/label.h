@@ -7,15 +7,15 @@ namespace sys::win32 {
 
 class Events;
 
-/// A static control, which paints itself in the colours that its parent's window procedure asks for here.
-class LabelWindow : public NativeWindow<Window> {
+/// A static control. One with colours of its own paints itself in those that its parent asks for here.
+class LabelWindow final : public NativeWindow<Window> {
 public:
     LabelWindow(Events& events, HWND parent, const LabelStyle& style, TwipsPerPixel scale);
     void show(bool visible) override;
 
     // What the window procedures ask.
     Events& events() const { return events_; }
-    HBRUSH prepare(HDC dc) const;
+    std::optional<LRESULT> reflected(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
     Events& events_;

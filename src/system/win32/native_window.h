@@ -6,6 +6,7 @@
 #include "system/win32/native.h"
 #include "system/windows.h"
 
+#include <optional>
 #include <string>
 
 namespace sys::win32 {
@@ -16,24 +17,63 @@ inline HWND toNative(WindowHandle handle) { return reinterpret_cast<HWND>(handle
 
 inline COLORREF toNative(Color color) { return RGB(color.red, color.green, color.blue); }
 
-/// Owns a native window, which keeps a pointer to its owner as its user data.
-template <class Interface> class NativeWindow : public Interface {
+/// The system's colour of dialogs, as it is now.
+inline Color faceColor() {
+    const COLORREF color = GetSysColor(COLOR_3DFACE);
+    return {GetRValue(color), GetGValue(color), GetBValue(color)};
+}
+
+/// The owner of a native window as the window procedures know it: the window keeps a pointer to it as its
+/// user data.
+class WindowOwner {
 public:
-    NativeWindow(const NativeWindow&) = delete;
-    NativeWindow& operator=(const NativeWindow&) = delete;
+    WindowOwner() = default;
+    WindowOwner(const WindowOwner&) = delete;
+    WindowOwner& operator=(const WindowOwner&) = delete;
+
+    /// Null when the window has lost its owner.
+    static WindowOwner* of(HWND window) {
+        return reinterpret_cast<WindowOwner*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+    }
+
+    /// Answers a message that the system sends to the parent on behalf of the window; nothing: the parent's
+    /// own answer will do.
+    virtual std::optional<LRESULT> reflected(UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/) {
+        return std::nullopt;
+    }
+
+protected:
+    ~WindowOwner() = default;
+};
+
+/// Hands a message that a child has sent to `parent` back to the child's owner.
+inline std::optional<LRESULT> reflect(HWND parent, UINT message, WPARAM wParam, LPARAM lParam) {
+    HWND child = nullptr;
+    switch (message) {
+    case WM_COMMAND:
+    case WM_HSCROLL:
+    case WM_CTLCOLORSTATIC: child = reinterpret_cast<HWND>(lParam); break;
+    case WM_DRAWITEM: child = reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)->hwndItem; break;
+    default: break;
+    }
+    if (child == nullptr || GetParent(child) != parent) {
+        return std::nullopt;
+    }
+    WindowOwner* const owner = WindowOwner::of(child);
+    return owner != nullptr ? owner->reflected(message, wParam, lParam) : std::nullopt;
+}
+
+/// Owns a native window.
+template <class Interface> class NativeWindow : public Interface, public WindowOwner {
+public:
     ~NativeWindow() override {
         // A window goes with its parent, and its handle may be another window's by now.
-        if (ownerOf(native_) != this) {
+        if (of(native_) != this) {
             return;
         }
         // Messages may still come, down to those of the destruction itself.
         SetWindowLongPtrA(native_, GWLP_USERDATA, 0);
         DestroyWindow(native_);
-    }
-
-    /// Null when the window has lost its owner.
-    static NativeWindow* ownerOf(HWND window) {
-        return reinterpret_cast<NativeWindow*>(GetWindowLongPtrA(window, GWLP_USERDATA));
     }
 
     WindowHandle handle() const override { return toHandle(native_); }
@@ -45,6 +85,8 @@ public:
     }
 
     void focus() override { SetFocus(native_); }
+
+    void enable(bool enabled) override { EnableWindow(native_, enabled ? TRUE : FALSE); }
 
     void setText(const std::string& text) override { SetWindowTextA(native_, text.c_str()); }
 
@@ -61,7 +103,7 @@ protected:
             throw Failure(FailureCode::outOfMemory);
         }
         native_ = window;
-        SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+        SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(static_cast<WindowOwner*>(this)));
     }
 
 private:

@@ -102,6 +102,26 @@ int Win32Platform::showCursor(bool show) { return ShowCursor(show ? TRUE : FALSE
 
 std::int32_t Win32Platform::getTickCount() { return static_cast<std::int32_t>(GetTickCount()); }
 
+std::int32_t Win32Platform::winHelp(WindowHandle window, const std::string& file, std::uint32_t command) {
+    // By its name, as newer systems may come without it.
+    const auto help = lateProcedure<BOOL WINAPI(HWND, LPCSTR, UINT, ULONG_PTR)>("user32.dll", "WinHelpA");
+    const std::int16_t unused = 0;
+    return help != nullptr
+               ? help(toNative(window), file.c_str(), command, reinterpret_cast<ULONG_PTR>(&unused))
+               : 0;
+}
+
+std::intptr_t Win32Platform::shellExecute(WindowHandle window, const std::string& verb,
+                                          const std::string& file, const std::string& parameters,
+                                          const std::string& folder, int show) {
+    const auto execute = lateProcedure<HINSTANCE WINAPI(HWND, LPCSTR, LPCSTR, LPCSTR, LPCSTR, INT)>(
+        "shell32.dll", "ShellExecuteA");
+    return execute != nullptr
+               ? reinterpret_cast<std::intptr_t>(execute(toNative(window), verb.c_str(), file.c_str(),
+                                                         parameters.c_str(), folder.c_str(), show))
+               : 0;
+}
+
 std::int32_t Win32Platform::sndPlaySound(const std::string& name, std::uint32_t flags) {
     const auto play = lateProcedure<BOOL WINAPI(LPCSTR, UINT)>("winmm.dll", "sndPlaySoundA");
     return play != nullptr ? play(name.c_str(), flags) : 0;

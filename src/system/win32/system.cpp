@@ -47,6 +47,7 @@ std::string tailOf(const std::string& commandLine) {
 
 Win32System::Win32System() {
     trustOnlySystemLibraries();
+    SetErrorMode(SEM_FAILCRITICALERRORS); // a drive that isn't ready is a failure, not a question to the user
     scale_ = scaleOfScreen();
     events_ = std::make_unique<Events>(scale_);
     decoder_ = std::make_unique<PictureDecoder>(scale_);
@@ -77,10 +78,6 @@ Point Win32System::pointerPosition() {
 }
 
 PicturePtr Win32System::decodePicture(std::span<const std::uint8_t> bytes) { return decoder_->decode(bytes); }
-
-void Win32System::messageBox(const std::string& text, const std::string& title) {
-    MessageBoxA(GetActiveWindow(), text.c_str(), title.c_str(), MB_OK | MB_TASKMODAL);
-}
 
 std::int64_t Win32System::now() { return clockNow(); }
 

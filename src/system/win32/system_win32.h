@@ -27,9 +27,15 @@ public:
     std::unique_ptr<Canvas> createPictureBox(Window& parent, Color backColor) override;
     std::unique_ptr<Window> createLabel(Window& parent, const LabelStyle& style) override;
     std::unique_ptr<MediaPlayer> createMediaPlayer(Window& parent) override;
+    std::unique_ptr<Window> createFrame(Window& parent, const FrameStyle& style) override;
+    std::unique_ptr<Button> createButton(Window& parent, const ButtonStyle& style) override;
+    std::unique_ptr<Window> createTextBox(Window& parent, const TextBoxStyle& style) override;
+    std::unique_ptr<List> createList(Window& parent, const ListStyle& style) override;
+    std::unique_ptr<ScrollBar> createScrollBar(Window& parent) override;
+    Color dialogColor() override;
     Size measureText(const std::string& text, const Font& font) override;
     PicturePtr decodePicture(std::span<const std::uint8_t> bytes) override;
-    void messageBox(const std::string& text, const std::string& title) override;
+    MessageAnswer messageBox(const MessageBoxStyle& style) override;
 
     std::int64_t now() override;
     double secondsSinceMidnight() override;

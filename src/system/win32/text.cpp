@@ -9,10 +9,24 @@ namespace sys::win32 {
 OwnedFont createFont(const Font& font, TwipsPerPixel scale) {
     constexpr double twipsPerPoint = 20;
     const auto pixels = static_cast<int>(std::lround(font.points * twipsPerPoint / scale.y));
+    if (font.name.empty()) {
+        NONCLIENTMETRICSA metrics{};
+        metrics.cbSize = sizeof metrics;
+        SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+        LOGFONTA& system = metrics.lfMessageFont;
+        system.lfHeight = -pixels;
+        system.lfWeight = font.bold ? FW_BOLD : system.lfWeight;
+        return OwnedFont(CreateFontIndirectA(&system));
+    }
     // A negative height is that of the letters; a positive one would be that of the line.
     return OwnedFont(CreateFontA(-pixels, 0, 0, 0, font.bold ? FW_BOLD : FW_NORMAL, FALSE, FALSE, FALSE,
                                  DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
                                  DEFAULT_PITCH | FF_DONTCARE, font.name.c_str()));
+}
+
+HFONT dialogFont(TwipsPerPixel scale) {
+    static const OwnedFont font = createFont({}, scale);
+    return font.get();
 }
 
 Size Win32System::measureText(const std::string& text, const Font& font) {

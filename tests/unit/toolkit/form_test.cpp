@@ -24,8 +24,10 @@ public:
     toolkit::PictureBox box{
         *this,
         {.control = {.name = "box", .left = 150, .width = 300, .height = 300}, .backColor = {255, 0, 0}}};
-    toolkit::Label label{
-        *this, {.control = {.name = "label", .left = 30, .top = 600, .visible = false}, .caption = "design"}};
+    toolkit::Label label{*this,
+                         {.control = {.name = "label", .left = 30, .top = 600, .visible = false},
+                          .caption = "design",
+                          .colors = sys::LabelColors{}}};
     std::string publicField = "made";
 };
 

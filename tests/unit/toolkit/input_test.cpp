@@ -27,7 +27,9 @@ constexpr sys::Point onNothing{400, 300};
 class InputForm : public PlainForm {
 public:
     toolkit::PictureBox box{*this, {.control = {.name = "box", .left = 150, .width = 300, .height = 300}}};
-    toolkit::Label label{*this, {.control = {.name = "label", .left = 450, .width = 300, .height = 300}}};
+    toolkit::Label label{*this,
+                         {.control = {.name = "label", .left = 450, .width = 300, .height = 300},
+                          .colors = sys::LabelColors{}}};
     toolkit::Timer timer{*this, {.interval = 100, .enabled = false}};
 };
 

@@ -227,7 +227,7 @@ TEST_F(Timers, OtherTimer_TicksInsideAYieldAndAfterIt) {
 TEST_F(Timers, MessageBox_LetsTicksCome) {
     machine.setMessageBoxDuration(2500);
     slow.setEnabled(true);
-    machine.messageBox("text", "title");
+    machine.messageBox({.text = "text", .title = "title"});
     EXPECT_THAT(events, ElementsAre("slow 1000", "slow 2000"));
 }
 

@@ -330,7 +330,7 @@ TEST_F(SimulatedEvents, Click_MeetsTheForemostChild) {
 TEST_F(SimulatedEvents, Label_TakesTheMouseFromWhatIsBeneath) {
     const auto box = machine.createPictureBox(*form, {});
     box->place({0, 0, 1500, 1500});
-    const auto label = machine.createLabel(*form, {{"Arial"}, {}, {}});
+    const auto label = machine.createLabel(*form, {{"Arial"}, sys::LabelColors{}});
     label->place({0, 0, 300, 300});
     EXPECT_EQ(machine.windowAt({5, 5}), form->handle()) << "both are hidden still";
     label->show(true);
@@ -380,7 +380,7 @@ TEST_F(SimulatedEvents, MessageBox_IsRecordedAndLetsOnlyAlarmsCome) {
     input.handler = [&](const std::string&) { machine.setAlarm(machine.now() + 40); };
     machine.setAlarm(start + 40);
     machine.user(10).press(112);
-    machine.messageBox("text", "title");
+    machine.messageBox({.text = "text", .title = "title"});
     EXPECT_THAT(input.take(), ElementsAre("alarm", "alarm"));
     EXPECT_EQ(machine.now(), start + 100);
     EXPECT_THAT(machine.messageBoxes(), ElementsAre(sys::simulated::ShownMessage{"text", "title"}));

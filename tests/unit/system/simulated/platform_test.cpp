@@ -62,7 +62,7 @@ TEST_F(SimulatedCalls, FindWindow_FindsFormsOfThisAndOtherPrograms) {
     EXPECT_EQ(platform.findWindow("Show"), 0U);
     auto form = machine.createForm({"Show", {}});
     EXPECT_EQ(platform.findWindow("Show"), form->handle()) << "hidden though it is";
-    const auto label = machine.createLabel(*form, {{"Arial"}, {}, {}});
+    const auto label = machine.createLabel(*form, {{"Arial"}, sys::LabelColors{}});
     label->setText("Inside");
     EXPECT_EQ(platform.findWindow("Inside"), 0U) << "only top-level windows";
     form->setText("Other");

@@ -33,6 +33,17 @@ public:
     void closeRequested(sys::WindowHandle, sys::CloseReason reason) override {
         add("close " + std::to_string(static_cast<int>(reason)));
     }
+    void buttonClicked(sys::WindowHandle) override { add("button"); }
+    void textChanged(sys::WindowHandle, const std::string& text) override { add("text " + text); }
+    void itemSelected(sys::WindowHandle, int index) override { add("item " + std::to_string(index)); }
+    void itemActivated(sys::WindowHandle, int index) override {
+        add("item " + std::to_string(index) + " activated");
+    }
+    void scrollBarMoved(sys::WindowHandle, sys::ScrollStep step, int position) override {
+        add("scroll " + std::to_string(static_cast<int>(step)) + " to " + std::to_string(position));
+    }
+    void commandChosen(sys::WindowHandle, int command) override { add("command " + std::to_string(command)); }
+    void dialogAnswered(sys::WindowHandle, bool accepted) override { add(accepted ? "enter" : "escape"); }
     void alarmRang() override { add("alarm"); }
 
 private:

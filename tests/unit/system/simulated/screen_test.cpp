@@ -137,7 +137,7 @@ TEST_F(SimulatedScreen, Child_IsClippedByItsParentAndMovesWithIt) {
 TEST_F(SimulatedScreen, Label_ShowsItsTextAtOnce) {
     const auto form = shownForm("Form", {0, 0, 1500, 1200}, {});
     const sys::Font font{"Arial", 18, true};
-    const auto label = machine.createLabel(*form, {font, {255, 255, 255}, {0, 0, 255}});
+    const auto label = machine.createLabel(*form, {font, sys::LabelColors{{255, 255, 255}, {0, 0, 255}}});
     label->place({0, 0, 900, 600});
     label->setText("W");
     label->show(true);
@@ -233,7 +233,7 @@ TEST_F(SimulatedScreen, SetWindowPos_OfAChildBringsItBeforeItsSiblings) {
 
 TEST_F(SimulatedScreen, ChildThatOutlivesItsParent_IsNowhere) {
     auto form = shownForm("Form", {0, 0, 300, 300}, {});
-    const auto label = machine.createLabel(*form, {{"Arial"}, {}, {255, 0, 0}});
+    const auto label = machine.createLabel(*form, {{"Arial"}, sys::LabelColors{{}, {255, 0, 0}}});
     label->place({0, 0, 300, 300});
     label->show(true);
     form.reset();

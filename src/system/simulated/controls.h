@@ -1,0 +1,140 @@
+// The controls of dialogs: what each shows, and what keyboard and mouse do with it.
+#pragma once
+
+#include "system/controls.h"
+#include "system/simulated/screen.h"
+
+#include <string>
+#include <vector>
+
+namespace sys::simulated {
+
+constexpr Color faceColor{240, 240, 240};
+
+/// Codes of the keys that move within a dialog.
+enum DialogKey : int {
+    backspaceKey = 8,
+    tabKey = 9,
+    enterKey = 13,
+    escapeKey = 27,
+    spaceKey = 32,
+    pageUpKey = 33,
+    pageDownKey = 34,
+    endKey = 35,
+    homeKey = 36,
+    leftKey = 37,
+    upKey = 38,
+    rightKey = 39,
+    downKey = 40,
+};
+
+/// A control that keyboard and mouse work on. Each of these reports to `input` what came of it, and the
+/// window may be gone afterwards.
+class ControlWindow : public WindowNode {
+public:
+    using WindowNode::WindowNode;
+    bool takesKeyboard() const override { return true; }
+    /// `at` is in pixels of the window.
+    virtual void clickedAt(Input& input, Point at) = 0;
+    virtual void doubleClickedAt(Input& input, Point at) { clickedAt(input, at); }
+    /// Whether it had a use for the key.
+    virtual bool takeKey(Input& input, int keyCode) = 0;
+    virtual void takeCharacter(Input& /*input*/, int /*character*/) {}
+
+protected:
+    void drawBox(Bitmap& target, const PixelRect& clip, Color color) const;
+    void drawCaption(Bitmap& target, Point at, const PixelRect& clip, const std::string& caption) const;
+};
+
+/// What the kinds of controls share of `sys::Window`.
+template <class Interface> class NativeControl : public Interface, public ControlWindow {
+public:
+    NativeControl(Screen& screen, WindowNode* parent, std::string text)
+        : ControlWindow(screen, WindowKind::control, parent, std::move(text)) {}
+    WindowHandle handle() const override { return id(); }
+    void place(const Area& area) override { moveTo(area); }
+    void show(bool visible) override { setVisible(visible); }
+    void focus() override { activate(); }
+    void enable(bool enabled) override { setEnabled(enabled); }
+    void setText(const std::string& text) override { setCaption(text); }
+};
+
+class ButtonWindow final : public NativeControl<sys::Button> {
+public:
+    ButtonWindow(Screen& screen, WindowNode* parent, const ButtonStyle& style)
+        : NativeControl(screen, parent, style.caption), style_(style) {}
+    bool checked() const { return checked_; }
+    void setChecked(bool checked) override { checked_ = checked; }
+
+    /// Of a group of option buttons only the one that is set, if any, has a place in the tab order.
+    bool takesKeyboard() const override;
+    void clickedAt(Input& input, Point at) override;
+    bool takeKey(Input& input, int keyCode) override;
+    void draw(Bitmap& target, Point at, const PixelRect& clip) const override;
+
+private:
+    std::vector<ButtonWindow*> group() const;
+
+    ButtonStyle style_;
+    bool checked_ = false;
+};
+
+class TextBoxWindow final : public NativeControl<sys::Window> {
+public:
+    TextBoxWindow(Screen& screen, WindowNode* parent, const TextBoxStyle& style)
+        : NativeControl(screen, parent, ""), style_(style) {}
+
+    void clickedAt(Input&, Point) override {}
+    bool takeKey(Input& input, int keyCode) override;
+    /// At the end of the text.
+    void takeCharacter(Input& input, int character) override;
+    /// The user replaces the whole text.
+    void enter(Input& input, const std::string& text);
+    void draw(Bitmap& target, Point at, const PixelRect& clip) const override;
+
+private:
+    TextBoxStyle style_;
+};
+
+class ListWindow final : public NativeControl<sys::List> {
+public:
+    ListWindow(Screen& screen, WindowNode* parent, const ListStyle& style)
+        : NativeControl(screen, parent, ""), style_(style) {}
+    const std::vector<ListItem>& items() const { return items_; }
+    int selected() const { return selected_; }
+    void setItems(const std::vector<ListItem>& items) override;
+    void addItem(const ListItem& item) override { items_.push_back(item); }
+    void select(int index) override { selected_ = index; }
+
+    void clickedAt(Input& input, Point at) override;
+    void doubleClickedAt(Input& input, Point at) override;
+    bool takeKey(Input& input, int keyCode) override;
+    /// The user clicks on an item.
+    void choose(Input& input, int index);
+    void draw(Bitmap& target, Point at, const PixelRect& clip) const override;
+
+private:
+    ListStyle style_;
+    std::vector<ListItem> items_;
+    int selected_ = -1;
+};
+
+class ScrollBarWindow final : public NativeControl<sys::ScrollBar> {
+public:
+    ScrollBarWindow(Screen& screen, WindowNode* parent) : NativeControl(screen, parent, "") {}
+    int value() const { return value_; }
+    void setRange(int least, int greatest) override;
+    void setValue(int value) override { value_ = value; }
+
+    /// The arrows take a small step, the halves of the rest a large one.
+    void clickedAt(Input& input, Point at) override;
+    bool takeKey(Input& input, int keyCode) override;
+    void draw(Bitmap& target, Point at, const PixelRect& clip) const override;
+
+private:
+    int least_ = 0;
+    int greatest_ = 0;
+    int value_ = 0;
+};
+
+} // namespace sys::simulated

@@ -1,0 +1,62 @@
+#include "system/win32/button_image.h"
+#include "system/win32/control.h"
+#include "system/win32/system_win32.h"
+
+namespace sys::win32 {
+
+namespace {
+
+/// Arrow keys move within the option buttons that follow upon one another.
+bool followsOption(HWND parent) {
+    const HWND first = GetWindow(parent, GW_CHILD);
+    const HWND last = first != nullptr ? GetWindow(first, GW_HWNDLAST) : nullptr;
+    return last != nullptr && (SendMessageA(last, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) != 0;
+}
+
+DWORD lookOf(HWND parent, const ButtonStyle& style) {
+    switch (style.kind) {
+    case ButtonKind::check: return BS_CHECKBOX | WS_GROUP | WS_TABSTOP;
+    case ButtonKind::option: return BS_AUTORADIOBUTTON | (followsOption(parent) ? 0 : WS_GROUP | WS_TABSTOP);
+    case ButtonKind::command: break;
+    }
+    return static_cast<DWORD>(style.isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) | BS_MULTILINE | WS_GROUP |
+           WS_TABSTOP;
+}
+
+class ButtonWindow : public ControlWindow<Button> {
+public:
+    ButtonWindow(Events& events, HWND parent, const ButtonStyle& style, TwipsPerPixel scale)
+        : ControlWindow(events, scale) {
+        create(parent, "BUTTON", style.caption, lookOf(parent, style));
+        if (style.isDefault) {
+            SendMessageA(GetAncestor(parent, GA_ROOT), DM_SETDEFID,
+                         static_cast<WPARAM>(GetDlgCtrlID(native())), 0);
+        }
+        if (!style.icon.empty()) {
+            image_.show(native(), style.icon, scale);
+        }
+    }
+
+    void setChecked(bool checked) override { send(BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED); }
+
+    std::optional<LRESULT> reflected(UINT message, WPARAM wParam, LPARAM /*lParam*/) override {
+        if (message != WM_COMMAND) {
+            return std::nullopt;
+        }
+        if (HIWORD(wParam) == BN_CLICKED) {
+            input().buttonClicked(handle());
+        }
+        return 0;
+    }
+
+private:
+    ButtonImage image_;
+};
+
+} // namespace
+
+std::unique_ptr<Button> Win32System::createButton(Window& parent, const ButtonStyle& style) {
+    return std::make_unique<ButtonWindow>(*events_, toNative(parent.handle()), style, twipsPerPixel());
+}
+
+} // namespace sys::win32

@@ -1,0 +1,72 @@
+#include "toolkit/file_list.h"
+
+#include "toolkit/application.h"
+#include "toolkit/text.h"
+
+#include <unordered_set>
+
+namespace toolkit {
+
+namespace {
+
+sys::Files& files() { return Application::current().system().files(); }
+
+/// The parts of a pattern, without the blanks around them; empty ones are none.
+std::vector<std::string> partsOf(const std::string& pattern) {
+    std::vector<std::string> parts;
+    for (std::size_t start = 0; start <= pattern.size();) {
+        const std::size_t end = std::min(pattern.find(';', start), pattern.size());
+        const std::size_t first = pattern.find_first_not_of(' ', start);
+        if (first < end) {
+            const std::size_t last = pattern.find_last_not_of(' ', end - 1);
+            parts.push_back(pattern.substr(first, last - first + 1));
+        }
+        start = end + 1;
+    }
+    return parts;
+}
+
+} // namespace
+
+void FileList::setPath(const std::string& path) {
+    const std::string whole = files().wholeFolder(path);
+    if (upperCase(whole) != upperCase(path_)) {
+        enter(whole);
+    }
+}
+
+void FileList::load() {
+    ItemList::load();
+    enter(files().wholeFolder(""));
+}
+
+/// After a failure all is as it was.
+void FileList::enter(const std::string& whole) {
+    std::vector<sys::ListItem> found;
+    for (std::string& name : matching(whole)) {
+        found.push_back({.text = std::move(name)});
+    }
+    path_ = whole;
+    assumeItems(std::move(found));
+}
+
+std::vector<std::string> FileList::matching(const std::string& whole) const {
+    const std::string folder = whole + (whole.ends_with('\\') ? "" : "\\");
+    const std::vector<std::string> parts = partsOf(pattern_);
+    if (parts.size() == 1) {
+        return files().list(folder + parts.front());
+    }
+    std::unordered_set<std::string> wanted;
+    for (const std::string& part : parts) {
+        wanted.merge([&] {
+            const auto names = files().list(folder + part);
+            return std::unordered_set<std::string>(names.begin(), names.end());
+        }());
+    }
+    // Only one listing of all tells the order among the names of different parts.
+    std::vector<std::string> names = files().list(folder + "*");
+    std::erase_if(names, [&](const std::string& name) { return !wanted.contains(name); });
+    return names;
+}
+
+} // namespace toolkit

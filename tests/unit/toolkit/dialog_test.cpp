@@ -1,0 +1,528 @@
+// The controls of dialogs: what an assignment raises and when, what the user's acts raise, the keyboard, and
+// modal forms.
+#include "toolkit/check_box.h"
+#include "toolkit/command_button.h"
+#include "toolkit/drive_list.h"
+#include "toolkit/drop_down_list.h"
+#include "toolkit/file_list.h"
+#include "toolkit/folder_list.h"
+#include "toolkit/frame.h"
+#include "toolkit/list_box.h"
+#include "toolkit/menu.h"
+#include "toolkit/option_button.h"
+#include "toolkit/scroll_bar.h"
+#include "toolkit/text_box.h"
+
+#include "unit/toolkit/failure_of.h"
+#include "unit/toolkit/toolkit_fixture.h"
+
+#include <gmock/gmock.h>
+
+#include <tuple>
+
+namespace {
+
+using sys::ScrollStep;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr int tab = 9;
+constexpr int enter = 13;
+constexpr int escape = 27;
+constexpr int space = 32;
+constexpr int end = 35;
+constexpr int left = 37;
+constexpr int right = 39;
+constexpr int down = 40;
+
+/// The texts of a list, first to last.
+std::vector<std::string> textsOf(const toolkit::ItemList& list) {
+    std::vector<std::string> texts;
+    for (std::int16_t index = 0; index < list.listCount(); ++index) {
+        texts.push_back(list.list(index));
+    }
+    return texts;
+}
+
+class DialogForm : public PlainForm {
+public:
+    DialogForm()
+        : PlainForm(
+              {.name = "DialogForm", .caption = "Dialog", .width = 6000, .height = 6000, .dialog = true}) {}
+
+    toolkit::MenuItem menu{*this, "&Menu"};
+    toolkit::MenuItem first{menu, "&First"};
+    toolkit::MenuItem second{menu, "&Second"};
+    toolkit::MenuItem alone{*this, "&Alone"};
+
+    toolkit::CheckBox check{*this, {"check", 0, 0, 1500, 300}, "Check"};
+    toolkit::TextBox text{*this, {"text", 0, 300, 1500, 300}, {"design"}};
+    toolkit::ScrollBar bar{*this,
+                           {"bar", 0, 600, 1500, 300},
+                           {.min = 10, .max = 50, .smallChange = 2, .largeChange = 10, .value = 20}};
+    toolkit::Frame frame{*this, {"frame", 1500, 0, 1500, 900}, {"Frame"}};
+    toolkit::OptionButton one{frame, {"one", 0, 0, 1500, 300}, {"One", true}};
+    toolkit::OptionButton two{frame, {"two", 0, 300, 1500, 300}, {"Two"}};
+    toolkit::OptionButton three{frame, {"three", 0, 600, 1500, 300}, {"Three"}};
+    toolkit::OptionButton other{*this, {"other", 1500, 900, 1500, 300}, {"Other", true}};
+    toolkit::Frame hidden{*this, {"hidden", 3000, 0, 3000, 3000, false}};
+    toolkit::DriveList drives{hidden, {"drives", 0, 0, 1500, 300}};
+    toolkit::FolderList folders{hidden, {"folders", 0, 300, 1500, 1500}};
+    toolkit::FileList files{hidden, {"files", 1500, 300, 1500, 1500}, " *.jpg;*.gif ; *.b* ;"};
+    toolkit::ListBox list{*this, {"list", 0, 1500, 1500, 1500}};
+    toolkit::DropDownList choice{*this, {"choice", 1500, 1500, 1500, 300}};
+    toolkit::CommandButton ok{*this, {"ok", 0, 4500, 780, 780}, {.caption = "OK", .isDefault = true}};
+    toolkit::CommandButton cancel{
+        *this, {"cancel", 900, 4500, 780, 780}, {.caption = "Cancel", .isCancel = true}};
+};
+
+class Dialog : public ToolkitFixture {
+protected:
+    Dialog() {
+        machine.files().addMemoryDrive('C');
+        machine.files().addFolder("C:\\Pics\\Old");
+        machine.files().addFolder("C:\\Pics\\New");
+        for (const char* name : {"b.gif", "a.jpg", "c.txt", "d.bmp"}) {
+            machine.files().addFile(std::string("C:\\Pics\\") + name, "");
+        }
+        machine.files().setCurrentFolder("C:\\Pics");
+        logged("check click", form.check.click);
+        logged("text change", form.text.change);
+        logged("bar change", form.bar.change);
+        logged("one click", form.one.click);
+        logged("two click", form.two.click);
+        logged("three click", form.three.click);
+        logged("other click", form.other.click);
+        logged("drives change", form.drives.change);
+        logged("folders change", form.folders.change);
+        logged("files click", form.files.click);
+        logged("list click", form.list.click);
+        logged("list double click", form.list.dblClick);
+        logged("choice click", form.choice.click);
+        logged("ok click", form.ok.click);
+        logged("cancel click", form.cancel.click);
+        logged("first", form.first.click);
+        logged("second", form.second.click);
+        logged("alone", form.alone.click);
+    }
+
+    void logged(const std::string& text, toolkit::Event<>& event) {
+        event = [this, text] { log(text); };
+    }
+
+    std::vector<std::string> take() { return std::exchange(events, {}); }
+    void press(int keyCode, int shift = 0) {
+        machine.user().press(keyCode, shift);
+        machine.runUntilIdle();
+    }
+    std::string focusedName() {
+        const std::vector<const toolkit::Element*> elements{
+            &form.check, &form.text,   &form.bar, &form.one,    &form.two,    &form.three,   &form.other,
+            &form.list,  &form.choice, &form.ok,  &form.cancel, &form.drives, &form.folders, &form.files};
+        for (const auto* element : elements) {
+            if (machine.focusedWindow() == const_cast<toolkit::Element*>(element)->hWnd()) {
+                return element->name();
+            }
+        }
+        return "none";
+    }
+
+    DialogForm& form = application.form<DialogForm>();
+};
+
+// Assignments
+
+TEST_F(Dialog, CheckBox_AssignedAnotherValue_RaisesInsideTheAssignment) {
+    form.load();
+    form.check.click = [this] { log("click " + std::to_string(form.check.value())); };
+    form.check.setValue(1);
+    log("assigned");
+    form.check.setValue(1);
+    form.check.setValue(0);
+    EXPECT_THAT(events, ElementsAre("click 1", "assigned", "click 0"));
+    EXPECT_EQ(failureOf([this] { form.check.setValue(2); }), 380);
+}
+
+TEST_F(Dialog, OptionButton_OnlyTheOneThatBecomesTrueRaises) {
+    form.load();
+    form.two.setValue(true);
+    EXPECT_THAT(take(), ElementsAre("two click"));
+    EXPECT_FALSE(form.one.value());
+    EXPECT_TRUE(form.other.value()) << "it stands elsewhere";
+    form.two.setValue(true);
+    form.two.setValue(false);
+    form.one.setValue(false);
+    EXPECT_THAT(take(), IsEmpty());
+    EXPECT_FALSE(form.one.value() || form.two.value() || form.three.value());
+}
+
+TEST_F(Dialog, ScrollBar_AssignedAnotherValue_RaisesAndRefusesWhatIsOutside) {
+    form.load();
+    form.bar.setValue(20);
+    EXPECT_THAT(take(), IsEmpty());
+    form.bar.setValue(50);
+    EXPECT_THAT(take(), ElementsAre("bar change"));
+    EXPECT_EQ(failureOf([this] { form.bar.setValue(51); }), 380);
+    EXPECT_EQ(failureOf([this] { form.bar.setValue(9); }), 380);
+    EXPECT_EQ(form.bar.value(), 50);
+    EXPECT_THAT(take(), IsEmpty());
+}
+
+TEST_F(Dialog, TextBox_AssignedAnotherText_RaisesInsideTheAssignment) {
+    form.load();
+    form.text.setText("design");
+    EXPECT_THAT(take(), IsEmpty());
+    form.text.setText("text");
+    EXPECT_THAT(take(), ElementsAre("text change"));
+}
+
+TEST_F(Dialog, ListIndex_AssignedAnother_RaisesAndRefusesWhatIsOutside) {
+    form.load();
+    form.choice.addItem("a");
+    form.choice.addItem("b");
+    EXPECT_EQ(form.choice.listIndex(), -1);
+    EXPECT_EQ(form.choice.text(), "");
+    form.choice.setListIndex(1);
+    form.choice.setListIndex(1);
+    EXPECT_THAT(take(), ElementsAre("choice click"));
+    EXPECT_EQ(form.choice.text(), "b");
+    EXPECT_EQ(failureOf([this] { form.choice.setListIndex(2); }), 380);
+    EXPECT_EQ(failureOf([this] { form.choice.setListIndex(-2); }), 380);
+    form.choice.setListIndex(-1);
+    EXPECT_THAT(take(), IsEmpty());
+    EXPECT_EQ(form.choice.list(2), "") << "behind the last one";
+    EXPECT_EQ(failureOf([this] { std::ignore = form.choice.list(3); }), 9);
+}
+
+TEST_F(Dialog, Load_GivesAllValuesOfTheDesignBackAndRaisesNothing) {
+    form.load();
+    form.check.setValue(1);
+    form.text.setText("text");
+    form.bar.setValue(50);
+    form.three.setValue(true);
+    form.check.setEnabled(false);
+    form.list.addItem("a");
+    form.unload();
+    take();
+    form.load();
+    EXPECT_EQ(form.check.value(), 0);
+    EXPECT_TRUE(form.check.enabled());
+    EXPECT_EQ(form.text.text(), "design");
+    EXPECT_EQ(form.bar.value(), 20);
+    EXPECT_TRUE(form.one.value());
+    EXPECT_FALSE(form.three.value());
+    EXPECT_EQ(form.list.listCount(), 0);
+    EXPECT_THAT(take(), IsEmpty());
+}
+
+// What the user does
+
+TEST_F(Dialog, User_ClicksRaiseAsAssignmentsDo) {
+    form.show();
+    machine.user().clickOn(form.check.hWnd());
+    machine.user().clickOn(form.three.hWnd());
+    machine.user().clickOn(form.three.hWnd());
+    machine.user().clickOn(form.ok.hWnd());
+    machine.runUntilIdle();
+    EXPECT_THAT(take(), ElementsAre("check click", "three click", "ok click"));
+    EXPECT_EQ(form.check.value(), 1);
+    EXPECT_TRUE(form.three.value());
+    machine.user().clickOn(form.check.hWnd());
+    machine.runUntilIdle();
+    EXPECT_EQ(form.check.value(), 0);
+}
+
+TEST_F(Dialog, User_SelectsWhatIsSelected_RaisesAllTheSame) {
+    form.show();
+    form.list.addItem("a");
+    form.list.addItem("b");
+    machine.user().selectItem(form.list.hWnd(), 1);
+    machine.user().selectItem(form.list.hWnd(), 1);
+    machine.user().activateItem(form.list.hWnd(), 1);
+    machine.runUntilIdle();
+    EXPECT_THAT(take(), ElementsAre("list click", "list click", "list double click"));
+    EXPECT_EQ(form.list.text(), "b");
+}
+
+TEST_F(Dialog, User_TypesAndScrolls) {
+    form.show();
+    machine.user().enterText(form.text.hWnd(), "ab");
+    machine.user().type('c');
+    machine.user().type(8);
+    machine.user().type('d');
+    machine.runUntilIdle();
+    EXPECT_EQ(form.text.text(), "abd");
+    EXPECT_EQ(take().size(), 4U);
+    machine.user().scroll(form.bar.hWnd(), ScrollStep::smallForward);
+    machine.user().scroll(form.bar.hWnd(), ScrollStep::largeForward);
+    machine.user().scroll(form.bar.hWnd(), ScrollStep::largeForward);
+    machine.runUntilIdle();
+    EXPECT_EQ(form.bar.value(), 42);
+    machine.user().scroll(form.bar.hWnd(), ScrollStep::largeForward);
+    machine.user().scroll(form.bar.hWnd(), ScrollStep::toEnd);
+    machine.runUntilIdle();
+    EXPECT_EQ(form.bar.value(), 50);
+    EXPECT_EQ(take().size(), 4U) << "at the end of the range nothing changes";
+    machine.user().scroll(form.bar.hWnd(), ScrollStep::toPosition, 33);
+    machine.runUntilIdle();
+    EXPECT_EQ(form.bar.value(), 33);
+}
+
+TEST_F(Dialog, User_ChoosesFromTheMenu) {
+    form.show();
+    machine.user().choose(form.hWnd(), "&Second");
+    machine.user().choose(form.hWnd(), "&Alone");
+    machine.runUntilIdle();
+    EXPECT_THAT(take(), ElementsAre("second", "alone"));
+}
+
+TEST_F(Dialog, Disabled_TakesNeitherMouseNorKeyboard) {
+    form.show();
+    form.ok.setEnabled(false);
+    machine.user().click({50, 315});
+    machine.runUntilIdle();
+    press(enter);
+    EXPECT_THAT(take(), IsEmpty());
+    form.ok.setEnabled(true);
+    press(enter);
+    EXPECT_THAT(take(), ElementsAre("ok click"));
+}
+
+// The keyboard
+
+TEST_F(Dialog, Tab_GoesThroughTheControlsInTheOrderOfTheDesign) {
+    form.show();
+    std::vector<std::string> names;
+    for (int stop = 0; stop < 10; ++stop) {
+        names.push_back(focusedName());
+        press(tab);
+    }
+    EXPECT_THAT(names, ElementsAre("check", "text", "bar", "one", "other", "list", "choice", "ok", "cancel",
+                                   "check"));
+    press(tab, sys::shiftKey);
+    press(tab, sys::shiftKey);
+    EXPECT_EQ(focusedName(), "cancel");
+}
+
+TEST_F(Dialog, Tab_ReachesWhatHasBeenHiddenAtItsPlace) {
+    form.show();
+    form.hidden.setVisible(true);
+    for (int stop = 0; stop < 5; ++stop) {
+        press(tab);
+    }
+    EXPECT_EQ(focusedName(), "drives");
+}
+
+TEST_F(Dialog, Arrows_MoveWithinAGroupAndSetTheOption) {
+    form.show();
+    for (int stop = 0; stop < 3; ++stop) {
+        press(tab);
+    }
+    press(down);
+    EXPECT_THAT(take(), ElementsAre("two click"));
+    EXPECT_EQ(focusedName(), "two");
+    press(right);
+    press(down);
+    EXPECT_THAT(take(), ElementsAre("three click", "one click"));
+    press(left);
+    EXPECT_TRUE(form.three.value());
+}
+
+TEST_F(Dialog, EnterAndEscape_AreClicksOnTheDefaultAndTheCancelButton) {
+    form.show();
+    press(enter);
+    press(escape);
+    EXPECT_THAT(take(), ElementsAre("ok click", "cancel click"));
+    press(tab, sys::shiftKey);
+    ASSERT_EQ(focusedName(), "cancel");
+    press(enter);
+    EXPECT_THAT(take(), ElementsAre("cancel click")) << "the button that has the keyboard comes first";
+}
+
+TEST_F(Dialog, Keys_WorkTheControlThatHasTheKeyboard) {
+    form.list.addItem("a");
+    form.show();
+    for (const char* item : {"a", "b", "c"}) {
+        form.list.addItem(item);
+    }
+    press(space);
+    EXPECT_THAT(take(), ElementsAre("check click"));
+    press(tab);
+    press(tab);
+    press(right);
+    EXPECT_EQ(form.bar.value(), 22);
+    press(end);
+    EXPECT_EQ(form.bar.value(), 50);
+    press(tab);
+    press(tab);
+    press(tab);
+    press(down);
+    press(down);
+    EXPECT_EQ(form.list.text(), "b");
+}
+
+// Drives, folders, files
+
+TEST_F(Dialog, Lists_BeginAtTheMachinesCurrentFolder) {
+    machine.files().addMemoryDrive('D');
+    machine.files().setLabel('D', "DATA");
+    form.load();
+    EXPECT_THAT(textsOf(form.drives), ElementsAre("C:", "D: [DATA]", "T:"));
+    EXPECT_EQ(form.drives.drive(), "C:");
+    EXPECT_EQ(form.folders.path(), "C:\\Pics");
+    EXPECT_THAT(textsOf(form.folders), ElementsAre("C:\\", "Pics", "New", "Old"));
+    EXPECT_EQ(form.folders.text(), "Pics");
+    EXPECT_EQ(form.files.path(), "C:\\Pics");
+    EXPECT_THAT(textsOf(form.files), ElementsAre("a.jpg", "b.gif", "d.bmp")) << "in the file system's order";
+    EXPECT_EQ(form.files.fileName(), "");
+    EXPECT_THAT(take(), IsEmpty());
+}
+
+TEST_F(Dialog, DriveList_TakesTheFirstCharacterOnly) {
+    machine.files().addMemoryDrive('D');
+    form.load();
+    form.drives.setDrive("c:\\anything");
+    EXPECT_THAT(take(), IsEmpty());
+    form.drives.setDrive("d");
+    EXPECT_THAT(take(), ElementsAre("drives change"));
+    EXPECT_EQ(form.drives.drive(), "D:");
+    EXPECT_EQ(failureOf([this] { form.drives.setDrive("Q:"); }), 68);
+    EXPECT_EQ(failureOf([this] { form.drives.setDrive(""); }), 68);
+    EXPECT_EQ(failureOf([this] { form.drives.setDrive("\\\\server\\share"); }), 68);
+    EXPECT_EQ(form.drives.drive(), "D:");
+}
+
+TEST_F(Dialog, DriveList_UserSelectsTheSameDrive_ChangesNothing) {
+    machine.files().addMemoryDrive('D');
+    form.hidden.setVisible(true);
+    form.show();
+    form.hidden.setVisible(true);
+    machine.user().selectItem(form.drives.hWnd(), 0);
+    machine.runUntilIdle();
+    EXPECT_THAT(take(), IsEmpty());
+    machine.user().selectItem(form.drives.hWnd(), 1);
+    machine.runUntilIdle();
+    EXPECT_THAT(take(), ElementsAre("drives change"));
+}
+
+TEST_F(Dialog, FolderList_AssignedAnotherFolder_RaisesOnce) {
+    form.load();
+    form.folders.setPath("c:\\pics\\");
+    EXPECT_THAT(take(), IsEmpty()) << "the same in other letters";
+    form.folders.setPath("C:\\pics\\old\\");
+    EXPECT_THAT(take(), ElementsAre("folders change"));
+    EXPECT_EQ(form.folders.path(), "C:\\Pics\\Old");
+    EXPECT_THAT(textsOf(form.folders), ElementsAre("C:\\", "Pics", "Old"));
+    form.folders.setPath("");
+    EXPECT_EQ(form.folders.path(), "C:\\Pics");
+    form.folders.setPath("T:");
+    EXPECT_EQ(form.folders.path(), "T:\\");
+}
+
+TEST_F(Dialog, FolderList_WhatIsNoFolder_FailsAndChangesNothing) {
+    machine.files().addMemoryDrive('D');
+    machine.files().setReady('D', false);
+    form.load();
+    EXPECT_EQ(failureOf([this] { form.folders.setPath("C:\\none"); }), 76);
+    EXPECT_EQ(failureOf([this] { form.folders.setPath("C:\\Pics\\a.jpg"); }), 76);
+    EXPECT_EQ(failureOf([this] { form.folders.setPath("D:\\"); }), 68);
+    EXPECT_EQ(failureOf([this] { form.folders.setPath("Q:"); }), 68);
+    EXPECT_EQ(form.folders.path(), "C:\\Pics");
+    EXPECT_EQ(form.folders.listCount(), 4);
+    EXPECT_THAT(take(), IsEmpty());
+}
+
+TEST_F(Dialog, FolderList_DoubleClickEntersAndGoesUp) {
+    form.show();
+    form.hidden.setVisible(true);
+    machine.user().selectItem(form.folders.hWnd(), 3);
+    machine.runUntilIdle();
+    EXPECT_EQ(form.folders.path(), "C:\\Pics") << "a click alone only selects";
+    press(enter);
+    EXPECT_EQ(form.folders.path(), "C:\\Pics\\Old");
+    machine.user().activateItem(form.folders.hWnd(), 0);
+    machine.runUntilIdle();
+    EXPECT_EQ(form.folders.path(), "C:\\");
+    EXPECT_THAT(take(), ElementsAre("folders change", "folders change"));
+    machine.user().activateItem(form.folders.hWnd(), 0);
+    machine.runUntilIdle();
+    EXPECT_THAT(take(), IsEmpty());
+}
+
+TEST_F(Dialog, FileList_AnotherFolder_ListsItAndSelectsNothing) {
+    machine.files().addFile("C:\\Pics\\Old\\o.jpg", "");
+    form.load();
+    form.files.setListIndex(1);
+    EXPECT_EQ(form.files.fileName(), "b.gif");
+    take();
+    form.files.setPath("C:\\Pics");
+    EXPECT_EQ(form.files.fileName(), "b.gif");
+    form.files.setPath("C:\\Pics\\Old");
+    EXPECT_THAT(textsOf(form.files), ElementsAre("o.jpg"));
+    EXPECT_EQ(form.files.fileName(), "");
+    EXPECT_THAT(take(), IsEmpty());
+    EXPECT_EQ(failureOf([this] { form.files.setPath("C:\\none"); }), 76);
+}
+
+// Frames
+
+TEST_F(Dialog, Frame_HoldsTheWindowsOfWhatStandsInIt) {
+    form.show();
+    const auto* two = machine.window(form.two.hWnd());
+    EXPECT_EQ(two->parent(), machine.window(form.frame.hWnd()));
+    EXPECT_EQ(two->screenRect().left, machine.window(form.hWnd())->screenRect().left + 100);
+}
+
+TEST_F(Dialog, HiddenFrame_MakesWhatStandsInItWhenItIsFirstSeen) {
+    form.show();
+    const auto* frame = machine.window(form.hidden.hWnd());
+    EXPECT_THAT(frame->children(), IsEmpty());
+    form.hidden.setVisible(true);
+    EXPECT_EQ(frame->children().size(), 3U);
+    form.hidden.setVisible(false);
+    EXPECT_TRUE(machine.window(form.files.hWnd())->visibleRect().empty());
+}
+
+// Modal forms
+
+class OtherForm : public PlainForm {
+public:
+    OtherForm()
+        : PlainForm(
+              {.name = "OtherForm", .caption = "Other", .width = 1500, .height = 1500, .dialog = true}) {}
+    toolkit::CommandButton close{*this, {"close", 0, 0, 1500, 300}, {.caption = "Close", .isCancel = true}};
+};
+
+TEST_F(Dialog, ModalForm_HoldsItsCallerAndBlocksTheOthersUntilItGoes) {
+    auto& other = application.form<OtherForm>();
+    other.close.click = [&] {
+        log(form.enabled() ? "enabled" : "blocked");
+        other.unload();
+    };
+    form.ok.click = [&] {
+        log("show");
+        other.showModal();
+        log("shown");
+    };
+    form.show();
+    machine.user().clickOn(form.ok.hWnd());
+    machine.user(10).click({30, 20}); // on the form beneath
+    machine.user(20).press(escape);
+    machine.runUntilIdle();
+    EXPECT_THAT(events, ElementsAre("show", "blocked", "shown"));
+    EXPECT_TRUE(form.enabled());
+    EXPECT_EQ(focusedName(), "ok") << "the keyboard is back where it was";
+}
+
+TEST_F(Dialog, MessageBox_GivesTheAnswerAndFailsWithoutOne) {
+    form.show();
+    machine.answerMessageBox(sys::MessageAnswer::no);
+    EXPECT_EQ(application.ask({.text = "Sure?", .buttons = sys::MessageButtons::yesNo}),
+              sys::MessageAnswer::no);
+    EXPECT_THAT(machine.messageBoxes(),
+                ElementsAre(sys::simulated::ShownMessage{"Sure?", "Title", sys::MessageButtons::yesNo,
+                                                         sys::MessageIcon::none}));
+    EXPECT_THROW(application.ask({.text = "Sure?", .buttons = sys::MessageButtons::yesNo}), std::logic_error);
+}
+
+} // namespace
