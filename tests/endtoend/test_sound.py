@@ -46,18 +46,22 @@ class ListeningCase(SoundCase):
         self.listener = sounds.Listener(self.machine.sound, FREQUENCIES)
 
     def wait_for_tones(self, *frequencies, seconds=sounds.SHORTEST):
-        """Waits until so many tones have begun, and the last one has lasted so long; they must be these, in
-        this order."""
+        """The first tones, once there are so many and the last of them has lasted so long; they must be these,
+        in this order."""
         tones = []
 
         def enough():
             nonlocal tones
-            tones = self.listener.tones()
-            return len(tones) > len(frequencies) or (
-                len(tones) == len(frequencies) and tones[-1].end - tones[-1].begin >= seconds)
+            tones = self.listener.tones()[:len(frequencies)]
+            return len(tones) == len(frequencies) and tones[-1].end - tones[-1].begin >= seconds
         wait_until(enough, lambda: f"was heard: {tones}", LIMIT + 5 * len(frequencies))
         self.assertEqual([tone.frequency for tone in tones], list(frequencies), tones)
         return tones
+
+    def check_length(self, tone, seconds):
+        """A heavily loaded machine loses some of the end."""
+        self.assertGreater(tone.end - tone.begin, seconds / 2)
+        self.assertLess(tone.end - tone.begin, seconds + EARLY)
 
     def watch_times(self, show, last, changes=1):
         """Pairs of a picture's name and the time when it came, up to the one named `last` and for as many
@@ -131,9 +135,9 @@ class SoundTest(ListeningCase):
         self.assertEqual(names, [name for name in items if name in names], "in their order")
         self.assertEqual(names[:2], ["1.bmp", "2.bmp"])
         for tone, length, (_, come), (_, gone) in zip((low, middle), (1.5, 1), changes, changes[1:]):
-            self.assertAlmostEqual(tone.end - tone.begin, length, delta=EARLY)
+            self.check_length(tone, length)
             self.assertGreater(tone.begin, come - EARLY)
-            self.assertGreater(gone, tone.end - EARLY)
+            self.assertGreater(gone, max(tone.end, tone.begin + length) - EARLY)
             self.assertLess(gone, tone.end + TICK + LATE)
         last = changes[-1][1]
         self.assertLess(last, middle.end + 2 * TICK * (len(unplayable) + 1) + LATE)
@@ -186,7 +190,8 @@ class SoundTest(ListeningCase):
         self.assertGreater(tones[0].begin, first - EARLY)
         self.assertLess(tones[0].begin, first + LIST_TICK + LATE)
         for before, after in zip(tones, tones[1:]):
-            self.assertAlmostEqual(before.end - before.begin, 1, delta=EARLY)
+            self.check_length(before, 1)
+            self.assertGreater(after.begin, before.begin + 1 - EARLY)
             self.assertLess(after.begin, before.end + 2 * LIST_TICK + LATE)
         self.end_in_silence(show)
 
