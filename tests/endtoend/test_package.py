@@ -138,7 +138,7 @@ class PackagedSoundTest(PackageCase, ListeningCase):
 
     def test_mode_1_cuts_each_sound_off_with_the_next(self):
         self.check("SOUNDSYNC=1", {"a.wav": (LOW, LONG), "b.mp3": (MIDDLE, LONG)}, LOW, MIDDLE,
-                   ImageInterval="3")
+                   ImageInterval="2")
 
     def test_mode_2_plays_each_sound_to_its_end(self):
         self.check("SOUNDSYNC=2", {"a.mp3": (LOW, 0.7), "silent": None, "b.wav": (MIDDLE, 0.6),
@@ -146,4 +146,4 @@ class PackagedSoundTest(PackageCase, ListeningCase):
 
     def test_mode_3_plays_the_list_beside_the_pictures(self):
         self.check("SOUNDASYNC", {"a.mp3": (LOW, 0.5), "b.wav": (MIDDLE, LONG)}, LOW, MIDDLE,
-                   ImageInterval="3")
+                   ImageInterval="2")
