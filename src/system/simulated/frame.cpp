@@ -5,8 +5,6 @@ namespace sys::simulated {
 
 namespace {
 
-constexpr Font dialogFont{"", 8.25F};
-
 class FrameWindow final : public NativeWindow<sys::Window> {
 public:
     FrameWindow(Screen& screen, WindowNode* parent, const FrameStyle& style)
@@ -14,7 +12,7 @@ public:
 
     void draw(Bitmap& target, Point at, const PixelRect& clip) const override {
         target.fill(clip, opaque(faceColor));
-        drawText(target, at, clip, text(), dialogFont, {}, screen().scale());
+        drawText(target, at, clip, text(), Font{}, {}, screen().scale());
     }
 };
 
@@ -28,7 +26,7 @@ void ControlWindow::drawBox(Bitmap& target, const PixelRect& clip, Color color) 
 void ControlWindow::drawCaption(Bitmap& target, Point at, const PixelRect& clip,
                                 const std::string& caption) const {
     const Color color = enabled() ? Color{} : Color{140, 140, 140};
-    drawText(target, {at.x + 2, at.y + 1}, clip, caption, dialogFont, color, screen().scale());
+    drawText(target, {at.x + 2, at.y + 1}, clip, caption, Font{}, color, screen().scale());
 }
 
 std::unique_ptr<sys::Window> Machine::createFrame(Window& parent, const FrameStyle& style) {
