@@ -4,7 +4,7 @@ find_package(PkgConfig REQUIRED)
 pkg_check_modules(gd REQUIRED IMPORTED_TARGET gdlib)
 
 add_native_libraries("" -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
-    -fno-omit-frame-pointer -g)
+    -fno-omit-frame-pointer -O1 -g1)
 
 file(GLOB fuzz_sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/tests/fuzz/*.cpp")
 foreach(source IN LISTS fuzz_sources)
