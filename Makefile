@@ -2,6 +2,8 @@
 
 BUILD := build
 JOBS := $(shell nproc)
+# One more: the end-to-end tests mostly wait.
+TEST_JOBS := $(shell expr $(JOBS) + 1)
 
 .PHONY: all show test bench fuzz format lint clean configure
 
@@ -19,7 +21,7 @@ test:
 	tools/setup build test
 	$(MAKE) --no-print-directory configure
 	cmake --build $(BUILD) --parallel $(JOBS)
-	ctest --test-dir $(BUILD) --output-on-failure --no-tests=error --parallel $(JOBS)
+	ctest --test-dir $(BUILD) --output-on-failure --no-tests=error --parallel $(TEST_JOBS)
 
 bench:
 	tools/setup build test
