@@ -60,6 +60,12 @@ private:
     HANDLE file_;
 };
 
+std::int64_t lengthOf(const std::string& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    measure::require(GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data) != 0, path.c_str());
+    return static_cast<std::int64_t>(data.nFileSizeHigh) << 32 | data.nFileSizeLow;
+}
+
 /// The blocks of a source that is copied whole.
 std::size_t blocksOf(std::size_t length) { return length / package::blockSize + 1; }
 
@@ -95,9 +101,13 @@ public:
 private:
     void copyBare(const std::string& path, const BareFile& out, bool watchingQueue) {
         const BareFile in(path, GENERIC_READ, OPEN_EXISTING);
-        const std::size_t blocks = blocksOf(in.read(buffer_, largeBuffer));
-        measure::require(blocks * package::blockSize <= largeBuffer, "sources that fit the buffer");
-        out.write(buffer_, blocks * package::blockSize);
+        const std::size_t blocks = blocksOf(static_cast<std::size_t>(lengthOf(path)));
+        for (std::size_t left = blocks * package::blockSize; left > 0;) {
+            const std::size_t now = std::min(left, largeBuffer);
+            in.read(buffer_, now);
+            out.write(buffer_, now); // the last block is as long as all others
+            left -= now;
+        }
         for (std::size_t block = 0; watchingQueue && block < blocks; ++block) {
             measure::deliverMessages();
         }
@@ -124,12 +134,6 @@ void compare(const std::string& name, int rounds, const Product& product, const 
     }
     measure::report(name + ".product", productTimes);
     measure::report(name + ".bare", bareTimes);
-}
-
-std::int64_t lengthOf(const std::string& path) {
-    WIN32_FILE_ATTRIBUTE_DATA data{};
-    measure::require(GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data) != 0, path.c_str());
-    return static_cast<std::int64_t>(data.nFileSizeHigh) << 32 | data.nFileSizeLow;
 }
 
 void compareWriting(int rounds, const std::string& folder, int count) {
