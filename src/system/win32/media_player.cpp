@@ -1,4 +1,5 @@
 #include "system/win32/audio_graph.h"
+#include "system/win32/events.h"
 #include "system/win32/native_window.h"
 #include "system/win32/system_win32.h"
 
@@ -10,7 +11,7 @@ namespace {
 class MediaPlayerWindow : public NativeWindow<MediaPlayer> {
 public:
     MediaPlayerWindow(HWND parent, TwipsPerPixel scale) : NativeWindow(scale) {
-        adopt(CreateWindowExA(0, "STATIC", "", WS_CHILD, 0, 0, 0, 0, parent, nullptr,
+        adopt(CreateWindowExA(0, Events::hiddenClass, "", WS_CHILD, 0, 0, 0, 0, parent, nullptr,
                               GetModuleHandleA(nullptr), nullptr));
     }
 
