@@ -6,9 +6,22 @@
 
 namespace sys::win32 {
 
+namespace {
+
+DWORD lookOf(Alignment alignment) {
+    switch (alignment) {
+    case Alignment::left: return SS_LEFT;
+    case Alignment::center: return SS_CENTER;
+    case Alignment::right: return SS_RIGHT;
+    }
+    return SS_LEFT;
+}
+
+} // namespace
+
 LabelWindow::LabelWindow(HWND parent, const LabelStyle& style, TwipsPerPixel scale)
     : NativeWindow(scale), font_(createFont(style.font, scale)) {
-    const DWORD look = SS_NOPREFIX | WS_GROUP | (style.centered ? SS_CENTER : 0);
+    const DWORD look = SS_NOPREFIX | WS_GROUP | lookOf(style.alignment) | (style.path ? SS_PATHELLIPSIS : 0);
     adopt(CreateWindowExA(0, "STATIC", "", WS_CHILD | WS_CLIPSIBLINGS | look, 0, 0, 0, 0, parent, nullptr,
                           GetModuleHandleA(nullptr), nullptr));
     SendMessageA(native(), WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);

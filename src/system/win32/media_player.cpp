@@ -3,6 +3,8 @@
 #include "system/win32/native_window.h"
 #include "system/win32/system_win32.h"
 
+#include <algorithm>
+
 namespace sys::win32 {
 
 namespace {
@@ -27,19 +29,29 @@ public:
     }
 
     void play() override {
-        if (graph_ && !playing() && graph_->run()) {
-            running_ = true;
-            SetTimer(native(), 1, lookInterval, stopWhenOver);
-        }
+        if (!graph_ || playing())
+            return;
+        if (!paused_)
+            graph_->moveTo(0);
+        run();
     }
 
     void stop() override {
-        if (running_) {
-            KillTimer(native(), 1);
+        if (running_ || paused_)
             graph_->stop();
-        }
         running_ = false;
+        paused_ = false;
     }
+
+    void pause() override {
+        if (!playing())
+            return;
+        graph_->pause();
+        running_ = false;
+        paused_ = true;
+    }
+
+    bool paused() override { return paused_; }
 
     bool playing() override {
         if (running_ && graph_->over()) {
@@ -48,17 +60,40 @@ public:
         return running_;
     }
 
+    std::optional<std::int64_t> length() override {
+        return graph_ ? std::optional(graph_->length()) : std::nullopt;
+    }
+
+    std::int64_t position() override { return playing() || paused_ ? graph_->position() : 0; }
+
+    void moveTo(std::int64_t position) override {
+        if (!graph_)
+            return;
+        graph_->moveTo(std::clamp<std::int64_t>(position, 0, graph_->length()));
+        if (!paused_)
+            run();
+    }
+
 private:
     static constexpr UINT lookInterval = 500; // milliseconds
 
+    void run() {
+        running_ = graph_->run();
+        paused_ = false;
+        if (running_)
+            SetTimer(native(), 1, lookInterval, stopWhenOver);
+    }
+
     /// A sound is stopped at its end, whether anybody asks for it or not, so that the device is free and lets
     /// the machine go to sleep.
-    static void CALLBACK stopWhenOver(HWND window, UINT, UINT_PTR, DWORD) {
-        static_cast<MediaPlayerWindow*>(WindowOwner::of(window))->playing();
+    static void CALLBACK stopWhenOver(HWND window, UINT, UINT_PTR timer, DWORD) {
+        if (!static_cast<MediaPlayerWindow*>(WindowOwner::of(window))->playing())
+            KillTimer(window, timer);
     }
 
     std::unique_ptr<AudioGraph> graph_; // null: nothing that can be played
     bool running_ = false;
+    bool paused_ = false; // never at once with the other
 };
 
 } // namespace
