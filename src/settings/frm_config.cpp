@@ -27,7 +27,7 @@ const frmConfig::Icons& frmConfig::icons() {
 }
 
 toolkit::LabelDesign frmConfig::centered(const toolkit::Design& control, const std::string& caption) {
-    return {.control = control, .caption = caption, .centered = true};
+    return {.control = control, .caption = caption, .alignment = sys::Alignment::center};
 }
 
 toolkit::PictureBoxDesign frmConfig::banner(const toolkit::Design& control) {

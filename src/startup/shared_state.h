@@ -76,6 +76,9 @@ struct SharedState {
 
     std::array<std::string, 21> DissolveNames;
     std::int16_t DissolveLast = 0;
+    // Where the item editor's last picking ended, each with a backslash at its end; "" before the first.
+    std::string LastImageFolder;
+    std::string LastSoundFolder;
     std::int16_t PreviewActive = False; // the preview's pictures stand in `HostWindow`
     std::intptr_t PrevWndProc = 0;      // what `Subclass` replaced; 0 when no hook stands
 };

@@ -86,6 +86,8 @@ struct FormStyle {
     std::vector<MenuEntry> menu{}; // of a dialog, above its place
 };
 
+enum class Alignment { left, center, right };
+
 struct LabelColors {
     Color text;
     Color back;
@@ -97,7 +99,8 @@ struct LabelColors {
 struct LabelStyle {
     Font font;
     std::optional<LabelColors> colors{};
-    bool centered = false;
+    Alignment alignment = Alignment::left;
+    bool path = false; // one line, of which the middle is left out where there is no room
 };
 
 enum MouseButton : int { leftButton = 1, rightButton = 2, middleButton = 4 };
@@ -131,7 +134,8 @@ public:
     virtual void mouseReleased(const MouseEvent& event, bool inside) = 0;
     /// `keyCode` is the system's virtual key.
     virtual void keyPressed(WindowHandle window, int keyCode, int shift) = 0;
-    virtual void characterTyped(WindowHandle window, int character) = 0;
+    /// Gives the character that the window is to take in its place; 0: none.
+    virtual int characterTyped(WindowHandle window, int character) = 0;
     /// A control that can have the keyboard has taken it from its form.
     virtual void focusGained(WindowHandle window) = 0;
     virtual void closeRequested(WindowHandle window, CloseReason reason) = 0;

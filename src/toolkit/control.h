@@ -94,7 +94,7 @@ public:
     Event<> dblClick;
     Event<> gotFocus;                                          // of controls that can have the keyboard
     Event<std::int16_t, std::int16_t> keyDown;                 // key code, shift state
-    Event<std::int16_t> keyPress;                              // character
+    Event<std::int16_t&> keyPress;                             // character; the handler may put another there
     Event<std::int16_t, std::int16_t, float, float> mouseDown; // button, shift state, x, y in twips
     Event<std::int16_t, std::int16_t, float, float> mouseMove; // the same
 

@@ -35,8 +35,14 @@ void FileList::setPath(const std::string& path) {
     }
 }
 
+void FileList::setPattern(const std::string& pattern) {
+    pattern_ = pattern;
+    enter(path_);
+}
+
 void FileList::load() {
     ItemList::load();
+    pattern_ = designPattern_;
     enter(files().wholeFolder(""));
 }
 

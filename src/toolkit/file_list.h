@@ -12,12 +12,15 @@ class FileList : public ItemList {
 public:
     /// A pattern has parts divided by semicolons, with blanks around them, for example "*.jpg; *.gif".
     FileList(Container& container, const Design& design, std::string pattern = "*")
-        : ItemList(container, design, {}), pattern_(std::move(pattern)) {}
+        : ItemList(container, design, {}), designPattern_(std::move(pattern)), pattern_(designPattern_) {}
 
     /// A whole path, without a trailing backslash but for a root; the machine's current folder at first.
     const std::string& path() const { return path_; }
     /// Lists another folder than the present one; nothing is selected then. Fails as that of a folder list.
     void setPath(const std::string& path);
+    const std::string& pattern() const { return pattern_; }
+    /// Lists the folder anew; nothing is selected then. Fails as a move into that folder does.
+    void setPattern(const std::string& pattern);
     /// The selected file's name, without folder; "" for none.
     std::string fileName() const { return text(); }
 
@@ -26,6 +29,7 @@ private:
     void enter(const std::string& whole);
     std::vector<std::string> matching(const std::string& whole) const;
 
+    std::string designPattern_;
     std::string pattern_;
     std::string path_;
 };

@@ -74,16 +74,18 @@ void Input::keyPressed(sys::WindowHandle window, int keyCode, int shift) {
     }
 }
 
-void Input::characterTyped(sys::WindowHandle window, int character) {
+int Input::characterTyped(sys::WindowHandle window, int character) {
+    auto typed = static_cast<std::int16_t>(character);
     if (Element* element = find(window)) {
         deliver([&] {
             for (Element* taker : {element->keyPreviewer(), element}) {
                 if (taker != nullptr) {
-                    taker->keyPress.raise(static_cast<std::int16_t>(character));
+                    taker->keyPress.raise(typed);
                 }
             }
         });
     }
+    return typed;
 }
 
 void Input::focusGained(sys::WindowHandle window) {

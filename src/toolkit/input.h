@@ -26,7 +26,7 @@ public:
     void mouseDoublePressed(const sys::MouseEvent& event) override;
     void mouseReleased(const sys::MouseEvent& event, bool inside) override;
     void keyPressed(sys::WindowHandle window, int keyCode, int shift) override;
-    void characterTyped(sys::WindowHandle window, int character) override;
+    int characterTyped(sys::WindowHandle window, int character) override;
     void focusGained(sys::WindowHandle window) override;
     void buttonClicked(sys::WindowHandle button) override;
     void textChanged(sys::WindowHandle textBox, const std::string& text) override;

@@ -44,7 +44,10 @@ void Label::load() {
 
 std::unique_ptr<sys::Window> Label::makeWindow() {
     auto made = Application::current().system().createLabel(container().nativeWindow(),
-                                                            {design_.font, design_.colors, design_.centered});
+                                                            {.font = design_.font,
+                                                             .colors = design_.colors,
+                                                             .alignment = design_.alignment,
+                                                             .path = design_.path});
     made->setText(shownText());
     return made;
 }

@@ -14,7 +14,8 @@ struct LabelDesign {
     std::string caption{};
     sys::Font font{};
     std::optional<sys::LabelColors> colors{}; // none: those of the system, for a label of a dialog
-    bool centered = false;
+    sys::Alignment alignment = sys::Alignment::left;
+    bool path = false; // one line, of which the middle is left out where there is no room
     bool autoSize = false;
 };
 

@@ -22,7 +22,10 @@ PlayState MediaPlayer::playState() {
     if (fileName_.empty()) {
         return PlayState::closed;
     }
-    return player().playing() ? PlayState::playing : PlayState::stopped;
+    if (player().playing()) {
+        return PlayState::playing;
+    }
+    return player().paused() ? PlayState::paused : PlayState::stopped;
 }
 
 void MediaPlayer::play() {
@@ -35,6 +38,22 @@ void MediaPlayer::play() {
 void MediaPlayer::stop() {
     if (hasWindow()) {
         player().stop();
+    }
+}
+
+void MediaPlayer::pause() {
+    if (hasWindow()) {
+        player().pause();
+    }
+}
+
+std::optional<std::int64_t> MediaPlayer::length() { return hasWindow() ? player().length() : std::nullopt; }
+
+std::int64_t MediaPlayer::position() { return hasWindow() ? player().position() : 0; }
+
+void MediaPlayer::moveTo(std::int64_t position) {
+    if (hasWindow()) {
+        player().moveTo(position);
     }
 }
 

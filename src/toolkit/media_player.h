@@ -1,10 +1,11 @@
-// The media control: plays one sound file at a time, and has nothing to see.
+// The media control: plays one sound file at a time, and has nothing to see. `PlayerPanel` gives it a face.
 #pragma once
 
 #include "system/media_player.h"
 #include "toolkit/control.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace toolkit {
@@ -26,9 +27,20 @@ public:
 
     /// `playing` from the start of a sound until it is over, then `stopped`; `closed` without a file name.
     PlayState playState();
-    /// Plays the file from its beginning; nothing when it plays already.
+    /// Plays the file from its beginning, or goes on from where it was paused; nothing when it plays already.
     void play();
     void stop();
+    /// Holds a sound that plays where it is.
+    void pause();
+
+    // In milliseconds of the sound
+    /// Nothing without a file that can be played; 0 when its length isn't known.
+    std::optional<std::int64_t> length();
+    /// 0 when it is neither playing nor paused.
+    std::int64_t position();
+    /// A sound that is paused stays so; any other plays from there. What lies outside of the sound is its
+    /// beginning or its end.
+    void moveTo(std::int64_t position);
 
     /// A mark of the container, which holds back nothing: a control that isn't live plays all the same.
     void setLive(bool live) { live_ = live; }

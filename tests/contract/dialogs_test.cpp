@@ -55,6 +55,7 @@ public:
         watch("folders", folders.change);
         watch("ok", ok.click);
         watch("cancel", cancel.click);
+        watch("lines", lines.change);
     }
 
     toolkit::CheckBox check{*this, {"check", 0, 0, 1500, 300}, "Check"};
@@ -71,6 +72,7 @@ public:
     toolkit::CommandButton ok{*this, {"ok", 0, 3600, 780, 780}, {.caption = "OK", .isDefault = true}};
     toolkit::CommandButton cancel{
         *this, {"cancel", 900, 3600, 780, 780}, {.caption = "Cancel", .isCancel = true}};
+    toolkit::TextBox lines{*this, {"lines", 1800, 3000, 1500, 900}, {.multiLine = true}};
 
     std::vector<std::string> events;
     std::vector<std::string> take() { return std::exchange(events, {}); }
@@ -207,6 +209,18 @@ TEST_F(Dialogs, TextBox_TypingChangesIt) {
     EXPECT_THAT(form.take(), ElementsAre("text"));
     form.text.setText("c");
     EXPECT_THAT(form.take(), ElementsAre("text")) << "once";
+}
+
+TEST_F(Dialogs, KeyPress_MayPutAnotherCharacterInPlaceOfTheTypedOne) {
+    form.lines.keyPress = [](std::int16_t& character) {
+        character = character == 'x' ? '\r' : character == 'y' ? '\0' : character;
+    };
+    press(tab, 9);
+    for (const char key : {'A', 'X', 'Y', 'B'}) {
+        press(key);
+    }
+    EXPECT_EQ(form.lines.text(), "a\r\nb");
+    EXPECT_THAT(form.take(), ElementsAre("lines", "lines", "lines"));
 }
 
 TEST_F(Dialogs, EnterAndEscape_AreClicksOnTheDefaultAndTheCancelButton) {

@@ -90,6 +90,39 @@ TEST_F(Sound, Stop_StopsAndPlayBeginsAnew) {
     }
 }
 
+TEST_F(Sound, Pause_HoldsTheSoundWhereItIs) {
+    take("long.wav");
+    EXPECT_NEAR(static_cast<double>(player.length().value_or(0)), 10'000, 100);
+    ASSERT_TRUE(driver->waitUntil([&] { return player.position() > 400; }));
+    player.pause();
+    EXPECT_EQ(player.playState(), PlayState::paused);
+    const std::int64_t held = player.position();
+    EXPECT_GE(held, 400);
+    driver->letPass(1000);
+    EXPECT_EQ(player.playState(), PlayState::paused);
+    EXPECT_NEAR(static_cast<double>(player.position()), static_cast<double>(held), 100);
+    player.play();
+    EXPECT_EQ(player.playState(), PlayState::playing);
+    EXPECT_TRUE(driver->waitUntil([&] { return player.position() > held + 300; }));
+    player.stop();
+    EXPECT_EQ(player.position(), 0);
+}
+
+TEST_F(Sound, MoveTo_PlaysFromThereToTheEnd) {
+    take("long.wav");
+    const std::int64_t start = system.now();
+    player.moveTo(9'000);
+    EXPECT_GE(player.position(), 8'900);
+    EXPECT_TRUE(driver->waitUntil([&] { return player.playState() == PlayState::stopped; }));
+    EXPECT_LT(system.now() - start, 8'000);
+    player.moveTo(5'000);
+    EXPECT_EQ(player.playState(), PlayState::playing) << "a stopped sound plays from there";
+    player.pause();
+    player.moveTo(2'000);
+    EXPECT_EQ(player.playState(), PlayState::paused);
+    EXPECT_NEAR(static_cast<double>(player.position()), 2'000, 100);
+}
+
 TEST_F(Sound, ClearedName_LetsTheFileGoAtOnce) {
     for (int times = 0; times < 3; ++times) {
         take("long.wav");

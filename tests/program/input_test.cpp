@@ -369,7 +369,8 @@ TEST_F(ShowInput, FurtherRequest_AfterTheEndWasAccepted_RaisesTheCursorAndEnds) 
 
 TEST_F(ShowInput, PictureKeyPress_EndsTheShow) {
     start();
-    EXPECT_THROW(program.form().Picture1.keyPress.raise('a'), sys::simulated::ProcessEnded);
+    std::int16_t character = 'a';
+    EXPECT_THROW(program.form().Picture1.keyPress.raise(character), sys::simulated::ProcessEnded);
 }
 
 TEST_F(ShowInput, KeyForThePicture_MeetsTheFormFirst) {
@@ -387,12 +388,13 @@ TEST_F(ShowInput, PlayerKeyDown_EndsTheShow) {
 
 TEST_F(ShowInput, PlayerKeyPress_ADigit_IsAFormKeyPress) {
     start();
-    EXPECT_THROW(program.form().MediaPlayer1.keyPress.raise('7'), sys::simulated::ProcessEnded);
+    std::int16_t digit = '7';
+    EXPECT_THROW(program.form().MediaPlayer1.keyPress.raise(digit), sys::simulated::ProcessEnded);
 }
 
 TEST_F(ShowInput, PlayerKeyPress_AnyOtherCharacter_FailsAsATypeMismatch) {
     start();
-    for (const std::int16_t character :
+    for (std::int16_t character :
          {std::int16_t{'A'}, std::int16_t{' '}, std::int16_t{'-'}, std::int16_t{13}}) {
         try {
             program.form().MediaPlayer1.keyPress.raise(character);

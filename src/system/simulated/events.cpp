@@ -241,9 +241,10 @@ void Devices::typeCharacter(int character) {
         return;
     }
     const WindowHandle handle = window->id();
-    input_->characterTyped(handle, character);
-    if (auto* control = dynamic_cast<ControlWindow*>(screen_.find(handle))) {
-        control->takeCharacter(*input_, character);
+    const int taken = input_->characterTyped(handle, character);
+    if (auto* control = dynamic_cast<ControlWindow*>(screen_.find(handle));
+        control != nullptr && taken != 0) {
+        control->takeCharacter(*input_, taken);
     }
 }
 

@@ -58,8 +58,8 @@ std::int64_t SoundDevice::lengthOf(const std::string& file, File& content) const
     return set != lengths_.end() ? set->second : lengthOfWav(content);
 }
 
-std::size_t SoundDevice::begin(const std::string& file, std::int64_t length) {
-    played_.push_back({file, now(), now() + length});
+std::size_t SoundDevice::begin(const std::string& file, std::int64_t length, std::int64_t from) {
+    played_.push_back({file, now(), now() + length - from, from});
     return played_.size() - 1;
 }
 

@@ -16,6 +16,7 @@ struct PlayedSound {
     std::string file;
     std::int64_t begun = 0;
     std::int64_t over = 0;
+    std::int64_t from = 0; // ms of the sound before its part that is heard
 };
 
 class SoundDevice {
@@ -33,11 +34,15 @@ public:
     /// As it was set, or as the header of a WAV says; 0 when the file can't be played.
     std::int64_t lengthOf(const std::string& file, File& content) const;
 
-    /// Puts down a sound that begins now; its number.
-    std::size_t begin(const std::string& file, std::int64_t length);
+    /// Puts down a sound of `length` ms that begins now, `from` ms behind its own beginning; its number.
+    std::size_t begin(const std::string& file, std::int64_t length, std::int64_t from = 0);
     /// Whether the sound of that number is to be heard now.
     bool audible(std::size_t sound) const { return present_ && queue_.now() < played_.at(sound).over; }
     void cutOff(std::size_t sound);
+    /// How far an audible sound is, in ms.
+    std::int64_t positionOf(std::size_t sound) const {
+        return played_.at(sound).from + queue_.now() - played_.at(sound).begun;
+    }
 
     /// All sounds so far, in the order in which they were begun. One that was cut off is over since then.
     const std::vector<PlayedSound>& played() const { return played_; }

@@ -15,6 +15,8 @@ namespace sys::win32 {
 
 namespace {
 
+constexpr std::int64_t unitsOfMillisecond = 10'000; // of the component's time
+
 std::vector<AudioGraph*> living;
 
 /// A component of the given class; null when the system can't make it.
@@ -134,16 +136,31 @@ void AudioGraph::takeDownAll() {
 }
 
 bool AudioGraph::run() {
-    LONGLONG beginning = 0;
-    components_->seeking->SetPositions(&beginning, AM_SEEKING_AbsolutePositioning, nullptr,
-                                       AM_SEEKING_NoPositioning);
     endReported(); // what is left of an earlier run
-    position_ = 0;
     movedAt_ = clockNow();
     return SUCCEEDED(components_->control->Run());
 }
 
 void AudioGraph::stop() { components_->control->Stop(); }
+
+void AudioGraph::pause() { components_->control->Pause(); }
+
+std::int64_t AudioGraph::length() const {
+    LONGLONG units = 0;
+    return SUCCEEDED(components_->seeking->GetDuration(&units)) ? units / unitsOfMillisecond : 0;
+}
+
+std::int64_t AudioGraph::position() const {
+    LONGLONG units = 0;
+    return SUCCEEDED(components_->seeking->GetCurrentPosition(&units)) ? units / unitsOfMillisecond : 0;
+}
+
+void AudioGraph::moveTo(std::int64_t position) {
+    LONGLONG units = position * unitsOfMillisecond;
+    components_->seeking->SetPositions(&units, AM_SEEKING_AbsolutePositioning, nullptr,
+                                       AM_SEEKING_NoPositioning);
+    movedAt_ = clockNow();
+}
 
 bool AudioGraph::over() { return endReported() || standsStill(); }
 

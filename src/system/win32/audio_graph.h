@@ -16,9 +16,18 @@ public:
     AudioGraph& operator=(const AudioGraph&) = delete;
     ~AudioGraph();
 
-    /// Plays from the beginning; false when the system refuses.
+    /// Plays from where it stands, at first its beginning; false when the system refuses.
     bool run();
     void stop();
+    /// Holds it where it stands.
+    void pause();
+
+    // In milliseconds
+    /// 0 when it isn't known.
+    std::int64_t length() const;
+    std::int64_t position() const;
+    /// Behind the end is the end.
+    void moveTo(std::int64_t position);
     /// Whether the sound that runs is over. One that stands still for some seconds, as when its device has
     /// gone, is over, too.
     bool over();

@@ -234,8 +234,8 @@ void Events::keyPressed(HWND window, WPARAM keyCode) {
     input_->keyPressed(toHandle(window), static_cast<int>(keyCode), shiftState());
 }
 
-void Events::characterTyped(HWND window, WPARAM character) {
-    input_->characterTyped(toHandle(window), static_cast<int>(character));
+int Events::characterTyped(HWND window, WPARAM character) {
+    return input_->characterTyped(toHandle(window), static_cast<int>(character));
 }
 
 void Events::closeRequested(HWND window, CloseReason reason) {
@@ -304,6 +304,10 @@ bool Events::isTakenByDialog(MSG& message) {
     }
     if (message.message == WM_KEYDOWN) {
         keyPressed(message.hwnd, message.wParam);
+    } else if (message.message == WM_CHAR) {
+        message.wParam = static_cast<WPARAM>(characterTyped(message.hwnd, message.wParam));
+        if (message.wParam == 0)
+            return true;
     }
     return IsDialogMessageA(form, &message) != 0;
 }

@@ -38,7 +38,8 @@ public:
     void mousePressed(HWND window, MouseButton button, LPARAM position, bool twice);
     void mouseReleased(HWND window, MouseButton button, WPARAM buttonsLeft, LPARAM position);
     void keyPressed(HWND window, WPARAM keyCode);
-    void characterTyped(HWND window, WPARAM character);
+    /// Gives the character that the window is to take in its place; 0: none.
+    int characterTyped(HWND window, WPARAM character);
     void closeRequested(HWND window, CloseReason reason);
     void alarmTimerTicked();
 

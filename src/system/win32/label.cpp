@@ -6,12 +6,25 @@
 
 namespace sys::win32 {
 
+namespace {
+
+DWORD lookOf(Alignment alignment) {
+    switch (alignment) {
+    case Alignment::left: return SS_LEFT;
+    case Alignment::center: return SS_CENTER;
+    case Alignment::right: return SS_RIGHT;
+    }
+    return SS_LEFT;
+}
+
+} // namespace
+
 LabelWindow::LabelWindow(Events& events, HWND parent, const LabelStyle& style, TwipsPerPixel scale)
     : NativeWindow(scale), events_(events), style_(style), font_(createFont(style.font, scale)),
       backBrush_(style.colors ? CreateSolidBrush(toNative(style.colors->back)) : nullptr) {
     // SS_NOTIFY: without it the mouse would go through to the window beneath.
     const DWORD look = SS_NOPREFIX | (style.colors ? SS_LEFTNOWORDWRAP | SS_NOTIFY : WS_GROUP) |
-                       (style.centered ? SS_CENTER : 0);
+                       lookOf(style.alignment) | (style.path ? SS_PATHELLIPSIS : 0);
     adopt(CreateWindowExA(0, style.colors ? Events::labelClass : "STATIC", "",
                           WS_CHILD | WS_CLIPSIBLINGS | look, 0, 0, 0, 0, parent, nullptr,
                           GetModuleHandleA(nullptr), nullptr));

@@ -2,6 +2,8 @@
 #include "system/win32/native_window.h"
 #include "system/win32/system_win32.h"
 
+#include <algorithm>
+
 namespace sys::win32 {
 
 namespace {
@@ -26,17 +28,30 @@ public:
     }
 
     void play() override {
-        if (graph_ && !playing()) {
-            running_ = graph_->run();
-        }
+        if (!graph_ || playing())
+            return;
+        if (!paused_)
+            graph_->moveTo(0);
+        run();
     }
 
     void stop() override {
-        if (running_) {
+        if (running_ || paused_) {
             graph_->stop();
         }
         running_ = false;
+        paused_ = false;
     }
+
+    void pause() override {
+        if (!playing())
+            return;
+        graph_->pause();
+        running_ = false;
+        paused_ = true;
+    }
+
+    bool paused() override { return paused_; }
 
     bool playing() override {
         // Stopped at its end, so that the device is free and lets the machine go to sleep.
@@ -46,9 +61,29 @@ public:
         return running_;
     }
 
+    std::optional<std::int64_t> length() override {
+        return graph_ ? std::optional(graph_->length()) : std::nullopt;
+    }
+
+    std::int64_t position() override { return playing() || paused_ ? graph_->position() : 0; }
+
+    void moveTo(std::int64_t position) override {
+        if (!graph_)
+            return;
+        graph_->moveTo(std::clamp<std::int64_t>(position, 0, graph_->length()));
+        if (!paused_)
+            run();
+    }
+
 private:
+    void run() {
+        running_ = graph_->run();
+        paused_ = false;
+    }
+
     std::unique_ptr<AudioGraph> graph_; // null: nothing that can be played
     bool running_ = false;
+    bool paused_ = false; // never at once with the other
 };
 
 } // namespace

@@ -466,6 +466,35 @@ TEST_F(Dialog, FileList_AnotherFolder_ListsItAndSelectsNothing) {
 
 // Frames
 
+TEST_F(Dialog, FileList_AnotherPattern_ListsTheFolderAnewUntilTheNextLoad) {
+    form.load();
+    form.files.setListIndex(1);
+    take();
+    form.files.setPattern("*.txt");
+    EXPECT_THAT(textsOf(form.files), ElementsAre("c.txt"));
+    EXPECT_EQ(form.files.pattern(), "*.txt");
+    EXPECT_EQ(form.files.listIndex(), -1);
+    EXPECT_EQ(form.files.path(), "C:\\Pics");
+    EXPECT_THAT(events, IsEmpty());
+    form.unload();
+    form.load();
+    EXPECT_EQ(form.files.listCount(), 3);
+}
+
+TEST_F(Dialog, KeyPress_MayPutAnotherCharacterInPlaceOfTheTypedOne) {
+    form.text.keyPress = [](std::int16_t& character) {
+        character = character == 'x' ? 'z' : character == 'y' ? 0 : character;
+    };
+    form.show();
+    press(tab);
+    take();
+    for (const char key : {'X', 'Y', 'A'}) {
+        press(key);
+    }
+    EXPECT_EQ(form.text.text(), "designza");
+    EXPECT_THAT(events, ElementsAre("text change", "text change"));
+}
+
 TEST_F(Dialog, Frame_HoldsTheWindowsOfWhatStandsInIt) {
     form.show();
     const auto* two = machine.window(form.two.hWnd());

@@ -146,6 +146,69 @@ TEST_F(MediaPlayerControl, Stop_Stops) {
     EXPECT_EQ(player.playState(), PlayState::playing);
 }
 
+TEST_F(MediaPlayerControl, Pause_HoldsTheSoundAndPlayGoesOnFromThere) {
+    player.setFileName("C:\\a.wav");
+    machine.advance(300);
+    player.pause();
+    EXPECT_EQ(static_cast<int>(player.playState()), 1);
+    machine.advance(5000);
+    EXPECT_EQ(player.playState(), PlayState::paused);
+    EXPECT_EQ(player.position(), 300);
+    player.pause();
+    player.play();
+    EXPECT_EQ(player.playState(), PlayState::playing);
+    machine.advance(699);
+    EXPECT_EQ(player.position(), 999);
+    EXPECT_EQ(player.playState(), PlayState::playing);
+    machine.advance(1);
+    EXPECT_EQ(player.playState(), PlayState::stopped);
+    EXPECT_EQ(player.position(), 0);
+}
+
+TEST_F(MediaPlayerControl, Stop_OfAPausedSound_LeavesItAtItsBeginning) {
+    player.setFileName("C:\\a.wav");
+    machine.advance(300);
+    player.pause();
+    player.stop();
+    EXPECT_EQ(player.playState(), PlayState::stopped);
+    player.play();
+    EXPECT_EQ(player.position(), 0);
+    player.stop();
+    player.pause();
+    EXPECT_EQ(player.playState(), PlayState::stopped) << "nothing that could be held";
+}
+
+TEST_F(MediaPlayerControl, MoveTo_GoesOnPlayingOrStaysPaused) {
+    player.setFileName("C:\\a.wav");
+    player.moveTo(600);
+    EXPECT_EQ(player.position(), 600);
+    machine.advance(399);
+    EXPECT_EQ(player.playState(), PlayState::playing);
+    machine.advance(1);
+    EXPECT_EQ(player.playState(), PlayState::stopped);
+    player.moveTo(100);
+    EXPECT_EQ(player.playState(), PlayState::playing) << "a stopped sound plays from there";
+    player.pause();
+    player.moveTo(5000);
+    EXPECT_EQ(player.playState(), PlayState::paused);
+    EXPECT_EQ(player.position(), 1000);
+    player.moveTo(-1);
+    EXPECT_EQ(player.position(), 0);
+}
+
+TEST_F(MediaPlayerControl, Length_IsThatOfAFileThatCanBePlayed) {
+    EXPECT_EQ(player.length(), std::nullopt);
+    player.moveTo(10);
+    player.pause();
+    EXPECT_EQ(player.position(), 0);
+    player.setFileName("C:\\a.wav");
+    EXPECT_EQ(player.length(), 1000);
+    player.setFileName("C:\\none.wav");
+    EXPECT_EQ(player.length(), std::nullopt);
+    player.moveTo(10);
+    EXPECT_EQ(player.playState(), PlayState::stopped);
+}
+
 TEST_F(MediaPlayerControl, WhatCannotBePlayed_HasEnded) {
     machine.files().addFile("C:\\broken.wav", "RIFF");
     machine.files().failTransfers("C:\\b.wav");

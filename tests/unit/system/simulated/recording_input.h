@@ -26,8 +26,9 @@ public:
     void keyPressed(sys::WindowHandle, int keyCode, int shift) override {
         add("key " + std::to_string(keyCode) + (shift != 0 ? " shift " + std::to_string(shift) : ""));
     }
-    void characterTyped(sys::WindowHandle, int character) override {
+    int characterTyped(sys::WindowHandle, int character) override {
         add("character " + std::to_string(character));
+        return character;
     }
     void focusGained(sys::WindowHandle) override { add("focus"); }
     void closeRequested(sys::WindowHandle, sys::CloseReason reason) override {
