@@ -96,7 +96,9 @@ void frmDesigner::cmdWriteSCR_Click() {
             CommonDialog1.FilterIndex = 1;
             CommonDialog1.Filter = "ScreenSaver Files (*.scr)|*.scr|All Files (*.*)|*.*";
             CommonDialog1.ShowSave();
-            WritePackage(CommonDialog1.FileName);
+            // A copy: while it writes, "Save" may ask for another name.
+            const std::string target = CommonDialog1.FileName;
+            WritePackage(target);
         },
         [](const Failure&) {});
 }

@@ -5,13 +5,19 @@ import os
 from case import EndToEndCase
 from pictures import quarters
 from session import wait_until
-from test_dialog import Dialog
+from test_dialog import LBN_DBLCLK, LBN_SELCHANGE, Dialog
+from test_sound import LOW, MIDDLE, ListeningCase
 
 LVM_GETITEMCOUNT = 0x1004
 LVM_GETNEXTITEM = 0x100C
 LVM_GETCOLUMNWIDTH = 0x101D
 LVNI_SELECTED = 2
 PBM_GETPOS = 0x408
+CB_SETCURSEL = 0x14E
+CBN_SELCHANGE = 1
+WM_COMMAND = 0x111
+WM_CLOSE = 0x10
+TRANSITIONS = ["Random", "Normal", "Random Blocks", "Top To Bottom"]  # the first of the editor's list
 
 
 class Designer(Dialog):
@@ -38,6 +44,10 @@ class Designer(Dialog):
         top = self.list.top + header + row * number - row // 2
         self.machine.act_on(self.form, "mousemove", self.list.left + 30, top, "click", "1")
 
+    def double_click_row(self, number):
+        self.click_row(number)
+        self.machine.act_on(self.form, "click", "--repeat", "2", "--delay", "20", "1")
+
     def press(self, key):
         self.machine.act_on(self.form, "key", key)
 
@@ -55,6 +65,38 @@ class Designer(Dialog):
         self._test.keep_shot(self.machine.shot(), f"name for {button}")
         self.machine.act("key", "Return")
         wait_until(lambda: not asked(), "the system's dialog stays")
+        self._probe.settle(self.form)
+
+
+class Editor(Dialog):
+    """The item editor, which the designer opens."""
+
+    def __init__(self, test, show):
+        super().__init__(test, show, "Template Edit")
+        self.machine = test.machine
+
+    def enter_folders(self, name, among):
+        """Enters a folder in both lists of folders."""
+        for folders in self.controls("listbox")[0], self.controls("listbox")[2]:
+            self.choose(folders, among.index(name), LBN_SELCHANGE, LBN_DBLCLK)
+
+    def pick(self, image, sound, among):
+        """Clicks on a picture and on a sound of the folder that is shown, by the names in it."""
+        _, images, _, sounds = self.controls("listbox")
+        for files, name, endings in (images, image, (".bmp",)), (sounds, sound, (".wav",)):
+            if name:
+                names = sorted(name for name in among if name.endswith(endings))
+                self.choose(files, names.index(name), LBN_SELCHANGE)
+
+    def choose_transition(self, name):
+        box = [box for box in self.controls("combobox") if box.right - box.left > 200][-1]
+        self.post(box.handle, CB_SETCURSEL, TRANSITIONS.index(name))
+        self.post(box.parent, WM_COMMAND, CBN_SELCHANGE << 16, box.handle)
+
+    def type_comment(self, text):
+        (box,) = self.controls("edit")
+        self.machine.act("mousemove", box.left + 20, box.top + 10, "click", "1")
+        self.machine.act("type", "--delay", "0", text)
         self._probe.settle(self.form)
 
 
@@ -92,6 +134,11 @@ class DesignerTest(DesignerCase):
                          ["Up", "Down", "Insert", "Delete", "Clear", "Save", "Create", "Load", "Ok", "Sound Mode",
                           "Sync1", "Sync2", "Async"])
         self.keep_shot(self.machine.shot(), "new")
+        up = designer.controls("button", "Up")[0]
+        self.machine.act("mousemove", up.left + 10, up.top + 10)
+        wait_until(lambda: any(window.kind == "tooltips_class32" and window.visible for window in self.probe.windows()),
+                   "no tool tip comes up")
+        self.keep_shot(self.machine.shot(), "tool tip")
         designer.click("Ok")
         settings.wait_for_text("edit", "")
         settings.click("Cancel")
@@ -170,6 +217,127 @@ class DesignerTest(DesignerCase):
         settings.wait_for_text("edit", "")
         settings.click("Cancel")
         settings.show.wait_for_end()
+
+
+class DesignerDuringCreateTest(DesignerCase):
+    def create(self):
+        """The designer with a package under way that takes some seconds."""
+        for number in range(4):
+            with open(os.path.join(self.pictures, f"{number}.jpg"), "wb") as file:
+                file.truncate(24_000_000)
+        settings, designer = self.open("t.txt", [f"IMAGE={number}.jpg" for number in range(4)])
+        designer.name_file("Create", self.windows("large"))
+        bar = wait_until(lambda: designer.controls("msctls_progress32"), "no progress is shown")[0]
+        self.assertEqual(designer.controls("syslistview32"), [])
+        return settings, designer, bar
+
+    def finished(self):
+        path = os.path.join(self.pictures, "large.scr")
+        if not os.path.exists(path):
+            return False
+        with open(path, "rb") as file:
+            file.seek(max(os.path.getsize(path) - 34, 0))
+            return file.read().endswith(b"00000004\r\nTessellarium\r\n")
+
+    def test_progress_is_shown_and_the_window_lives(self):
+        _, designer, bar = self.create()
+        seen = set()
+
+        def done():
+            # Each of these is answered by the window itself.
+            shown = designer.controls("static", "Appending Images")
+            position = int(self.probe.ask("ask", bar.handle, PBM_GETPOS, 0, 0)[0][0])
+            if shown and position not in seen:
+                seen.add(position)
+                self.keep_shot(self.machine.shot(), f"at {position}")
+            return designer.controls("syslistview32")
+        wait_until(done, "the list doesn't come back")
+        self.assertGreater(len(seen), 1)
+        wait_until(self.finished, "the package isn't finished")
+
+    def test_closed_meanwhile_it_finishes_the_package(self):
+        settings, designer, _ = self.create()
+        designer.post(designer.form.handle, WM_CLOSE)
+        settings.wait_for_text("edit", self.windows("t.txt"))
+        wait_until(self.finished, "the package isn't finished")
+        settings.click("Cancel")
+        settings.show.wait_for_end()
+
+    def test_rows_changed_meanwhile_are_told(self):
+        _, designer, _ = self.create()
+        designer.click("Clear")
+        box = wait_until(lambda: next((window for window in self.probe.windows() if window.kind == "#32770"), None),
+                         "nothing is told")
+        self.assertTrue(any("Error" in child.text or "changed" in child.text for child in self.probe.children(box)))
+        self.assertFalse(self.finished())
+        self.machine.act("key", "Return")
+        designer.wait_for_rows([""] * 4, [""] * 4)
+
+
+class JourneyTest(DesignerCase, ListeningCase):
+    """From no template to a screen saver of one's own."""
+
+    def fill(self, designer, image, sound, transition, comment, first=False):
+        editor = Editor(self, designer.show)
+        if first:
+            editor.enter_folders("pictures", ["C:\\", "test", "pictures"])
+        editor.pick(image, sound, os.listdir(self.pictures))
+        editor.choose_transition(transition)
+        if comment:
+            editor.type_comment(comment)
+        self.keep_shot(self.machine.shot(), f"editor {image}")
+        editor.click("Ok")
+
+    def watch_show(self, program):
+        """What was entered is seen and heard."""
+        show = self.start_program(program, "/s")
+        frames = {name: frame.ignore(0, 500, 300, 600) for name, frame in self.frames.items()}
+        self.assertEqual(show.watch(frames, 1), ["a.bmp"])
+        self.wait_for_text(show, lambda text: text.split() == ["first", "second"])
+        self.keep_shot(self.machine.shot(), os.path.basename(program))
+        self.assertIn("b.bmp", show.watch(frames, 2))
+        self.wait_for_tones(LOW, MIDDLE)
+        self.end_by_key(show)
+
+    def test_the_whole_journey(self):
+        self.add_tone("low.wav", LOW, 0.5)
+        self.add_tone("middle.wav", MIDDLE, 0.5)
+        settings, designer = self.open()
+        a = ["a.bmp", "low.wav", "Top To Bottom", "first^second"]
+        b, blank = ["b.bmp", "middle.wav", "Normal", ""], [""] * 4
+        designer.double_click_row(1)
+        self.fill(designer, "b.bmp", "middle.wav", "Normal", "", first=True)
+        designer.wait_for_rows(b, blank)
+        designer.press("End")
+        designer.press("Return")
+        self.fill(designer, "a.bmp", "low.wav", "Top To Bottom", "first\nsecond")
+        designer.wait_for_rows(b, a, blank)
+        designer.click("Up")
+        designer.wait_for_rows(a, b, blank)
+        designer.click("Insert")
+        Editor(self, designer.show).click("Cancel")
+        designer.wait_for_rows(blank, a, b, blank, blank)
+        designer.click("Delete")
+        designer.press("End")
+        designer.press("Delete")
+        designer.wait_for_rows(a, b, blank)
+        self.keep_shot(self.machine.shot(), "rows")
+        designer.name_file("Save", self.windows("mine.txt"))
+        designer.name_file("Create", self.windows("mine"))
+        package = os.path.join(self.pictures, "mine.scr")
+        wait_until(lambda: os.path.exists(package) and self.content("mine.scr").endswith(b"Tessellarium\r\n"),
+                   "the package isn't finished")
+        designer.click("Ok")
+        settings.wait_for_text("edit", self.windows("mine.txt"))
+        settings.click("Done")
+        settings.show.wait_for_end()
+        self.watch_show(self.program)
+        self.listener = type(self.listener)(self.machine.sound, (LOW, MIDDLE))
+        self.watch_show(package)
+        settings = Dialog(self, self.start_program(self.program, "/c"))
+        settings.click("Edit")
+        caption = f"Template Designer - {self.windows('mine.txt')}"
+        Designer(self, settings.show, caption).wait_for_rows(a, b, blank)
 
 
 class LargeTypeTest(DesignerCase):

@@ -114,7 +114,11 @@ public:
         }
         return lines;
     }
-    /// What `text` gave, by the rules of loading; all paths and transitions are whole and known here.
+    /// A path that went astray when blank rows were removed may name no folder.
+    static std::string whole(const std::string& path) {
+        return path.find('\\') == std::string::npos ? "C:\\t\\" + path : path;
+    }
+    /// What `text` gave, by the rules of loading; all transitions are known here.
     void load(std::string lines) {
         rows.clear();
         images.clear();
@@ -131,14 +135,14 @@ public:
             } else if (line.starts_with("IMAGE=")) {
                 addRow();
                 rows.back()[0] = nameOf(value);
-                images.back() = value;
+                images.back() = whole(value);
             } else if (line.starts_with("SOUND=")) {
                 if (mode == 3 && (rows.empty() || !rows.back()[1].empty())) {
                     addRow();
                 }
                 if (!rows.empty()) {
                     rows.back()[1] = nameOf(value);
-                    sounds.back() = value;
+                    sounds.back() = whole(value);
                 }
             } else if (!rows.empty() && line.starts_with("DISSOLVE=")) {
                 rows.back()[2] = value;
