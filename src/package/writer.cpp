@@ -2,6 +2,7 @@
 #include "designer/frm_designer.h"
 #include "package/format.h"
 #include "startup/marrowfieldry.h"
+#include "startup/path_parser.h"
 #include "startup/shared_state.h"
 #include "startup/trace.h"
 #include "toolkit/application.h"
@@ -13,6 +14,7 @@
 #include <cstdio>
 
 using toolkit::Application;
+using toolkit::CommonDialog;
 using toolkit::OpenMode;
 
 namespace {
@@ -67,7 +69,39 @@ std::int32_t& entry(ItemPositions& positions, std::int16_t row) {
     return positions[static_cast<std::size_t>(row)];
 }
 
+/// The name that is proposed for a template: its own up to the first place where its extension's letters
+/// stand, so that "mytxt.txt" gives "m". Fails with 5 without a template or an extension.
+std::string proposedName(PathParser& parser, const std::string& templateFile) {
+    parser.setFileSpec(templateFile);
+    parser.setFileSpec(AddBackslash(Application::current().system().identity().folder) + parser.FileName);
+    const std::size_t extension = parser.FileName.find(parser.Extension);
+    if (extension == std::string::npos || extension == 0) {
+        throw Failure(FailureCode::invalidProcedureCall);
+    }
+    return parser.FileName.substr(0, extension - 1);
+}
+
 } // namespace
+
+/// Any failure before the writing, a cancelled dialog included, ends this without a word: meant so.
+void frmDesigner::cmdWriteSCR_Click() {
+    takeSoundMode();
+    toolkit::handlingFailures(
+        [this] {
+            CommonDialog1.CancelError = true;
+            const std::string name = proposedName(Parser, TemplateFile);
+            CommonDialog1.Flags = CommonDialog::overwritePrompt | CommonDialog::hideReadOnly;
+            CommonDialog1.DefaultExt = "scr";
+            CommonDialog1.FileName = name;
+            CommonDialog1.FilterIndex = 1;
+            CommonDialog1.Filter = "ScreenSaver Files (*.scr)|*.scr|All Files (*.*)|*.*";
+            CommonDialog1.ShowSave();
+            // A copy: while it writes, "Save" may ask for another name.
+            const std::string target = CommonDialog1.FileName;
+            WritePackage(target);
+        },
+        [](const Failure&) {});
+}
 
 void frmDesigner::WritePackage(const std::string& target) {
     const std::int16_t removed = RemoveBlankRows();
@@ -107,6 +141,7 @@ void frmDesigner::WritePackage(const std::string& target) {
             files().seek(packageFile, programLength); // on its last byte
             // A handler that runs in a yield may change the rows. The loop keeps their first number, so that
             // a row that went fails instead of leaving a package that looks whole.
+            const std::vector<std::string> before = content();
             const std::int16_t rows = ListView1.rowCount();
             for (std::int16_t row = 1; row <= rows; ++row) {
                 appendMedia(row);
@@ -114,6 +149,13 @@ void frmDesigner::WritePackage(const std::string& target) {
             }
             const std::int32_t directory = position(packageFile);
             files().close(packageFile);
+            if (content() != before) {
+                Application::current().showMessage(
+                    "The items have changed while the screen saver was being written, so that it isn't "
+                    "complete. Create it again.");
+                finish();
+                return;
+            }
             WriteLog("Writing Completed");
             appendDirectory(target, directory);
             finish();
@@ -204,10 +246,6 @@ std::optional<std::string> frmDesigner::missingImage() const {
     return {};
 }
 
-bool frmDesigner::hasImage(std::int16_t row) const { return !ListView1.text(row, imagesColumn).empty(); }
-
-bool frmDesigner::hasSound(std::int16_t row) const { return !ListView1.text(row, soundsColumn).empty(); }
-
 void frmDesigner::copyProgram(const std::string& target) {
     constexpr int program = 1;
     constexpr int copy = 2;
@@ -276,6 +314,18 @@ void frmDesigner::appendDirectory(const std::string& target, std::int32_t direct
     write(eightDigits(ListView1.rowCount()));
     write(package::mark);
     files().close(packageFile);
+}
+
+std::vector<std::string> frmDesigner::content() const {
+    std::vector<std::string> texts;
+    for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
+        for (const Column column : {imagesColumn, soundsColumn, dissolvesColumn, commentsColumn}) {
+            texts.push_back(ListView1.text(row, column));
+        }
+        texts.push_back(imagePath(row));
+        texts.push_back(soundPath(row));
+    }
+    return texts;
 }
 
 std::int16_t frmDesigner::RemoveBlankRows() {

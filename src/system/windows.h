@@ -52,6 +52,8 @@ public:
     virtual void enable(bool enabled) = 0;
     /// The caption of a form or a button, the text of a label or a text box.
     virtual void setText(const std::string& text) = 0;
+    /// Brings it, with all that stands in it, to the screen at once.
+    virtual void refresh() = 0;
 };
 
 /// A window with a retained picture of what was painted on it, as large as the window.

@@ -16,17 +16,18 @@ SB_THUMBPOSITION = 4
 
 
 class Dialog:
-    """The dialog of a started product."""
+    """A dialog of a started product, by its caption."""
 
-    def __init__(self, test, show):
+    def __init__(self, test, show, caption="Tessellarium Settings"):
         self._probe = test.probe
+        self._caption = caption
         self.show = show
-        self.form = wait_until(self._find, "the dialog doesn't come up")
+        self.form = wait_until(self._find, f"the dialog {caption} doesn't come up")
 
     def _find(self):
         self.show.must_run()
         return next((window for window in self._probe.windows()
-                     if window.text == "Tessellarium Settings" and window.visible), None)
+                     if window.text == self._caption and window.visible), None)
 
     def controls(self, kind, text=None):
         """The visible ones of a class, in the order of the tab key."""

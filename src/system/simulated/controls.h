@@ -26,6 +26,7 @@ enum DialogKey : int {
     upKey = 38,
     rightKey = 39,
     downKey = 40,
+    deleteKey = 46,
 };
 
 /// A control that keyboard and mouse work on. Each of these reports to `input` what came of it, and the
@@ -38,7 +39,7 @@ public:
     virtual void clickedAt(Input& input, Point at) = 0;
     virtual void doubleClickedAt(Input& input, Point at) { clickedAt(input, at); }
     /// Whether it had a use for the key.
-    virtual bool takeKey(Input& input, int keyCode) = 0;
+    virtual bool takeKey(Input& input, int keyCode, int shift) = 0;
     virtual void takeCharacter(Input& /*input*/, int /*character*/) {}
 
 protected:
@@ -57,6 +58,7 @@ public:
     void focus() override { activate(); }
     void enable(bool enabled) override { setEnabled(enabled); }
     void setText(const std::string& text) override { setCaption(text); }
+    void refresh() override {} // the screen is composed when it is looked at
 };
 
 class ButtonWindow final : public NativeControl<sys::Button> {
@@ -64,12 +66,13 @@ public:
     ButtonWindow(Screen& screen, WindowNode* parent, const ButtonStyle& style)
         : NativeControl(screen, parent, style.caption), style_(style) {}
     bool checked() const { return checked_; }
+    const std::string& toolTip() const { return style_.toolTip; }
     void setChecked(bool checked) override { checked_ = checked; }
 
     /// Of a group of option buttons only the one that is set, if any, has a place in the tab order.
     bool takesKeyboard() const override;
     void clickedAt(Input& input, Point at) override;
-    bool takeKey(Input& input, int keyCode) override;
+    bool takeKey(Input& input, int keyCode, int shift) override;
     void draw(Bitmap& target, Point at, const PixelRect& clip) const override;
 
 private:
@@ -85,7 +88,7 @@ public:
         : NativeControl(screen, parent, ""), style_(style) {}
 
     void clickedAt(Input&, Point) override {}
-    bool takeKey(Input& input, int keyCode) override;
+    bool takeKey(Input& input, int keyCode, int shift) override;
     /// At the end of the text.
     void takeCharacter(Input& input, int character) override;
     /// The user replaces the whole text.
@@ -108,7 +111,7 @@ public:
 
     void clickedAt(Input& input, Point at) override;
     void doubleClickedAt(Input& input, Point at) override;
-    bool takeKey(Input& input, int keyCode) override;
+    bool takeKey(Input& input, int keyCode, int shift) override;
     /// The user clicks on an item.
     void choose(Input& input, int index);
     void draw(Bitmap& target, Point at, const PixelRect& clip) const override;
@@ -117,6 +120,48 @@ private:
     ListStyle style_;
     std::vector<ListItem> items_;
     int selected_ = -1;
+};
+
+class ListViewWindow final : public NativeControl<sys::ListView> {
+public:
+    ListViewWindow(Screen& screen, WindowNode* parent, const std::vector<Column>& columns)
+        : NativeControl(screen, parent, ""), columns_(columns) {}
+    const std::vector<Column>& columns() const { return columns_; }
+    const std::vector<RowTexts>& rows() const { return rows_; }
+    int selected() const { return selected_; }
+    void setRows(const std::vector<RowTexts>& rows) override;
+    void addRow() override { rows_.emplace_back(columns_.size()); }
+    void removeRow(int row) override { rows_.erase(rows_.begin() + row); }
+    void setText(int row, int column, const std::string& text) override;
+    void select(int row) override;
+
+    void clickedAt(Input& input, Point at) override;
+    void doubleClickedAt(Input& input, Point at) override;
+    bool takeKey(Input& input, int keyCode, int shift) override;
+    /// The user clicks on a row.
+    void choose(Input& input, int row);
+    void draw(Bitmap& target, Point at, const PixelRect& clip) const override;
+
+private:
+    int rowAt(Point at) const;
+    int rowsInSight() const;
+
+    std::vector<Column> columns_;
+    std::vector<RowTexts> rows_;
+    int selected_ = -1;
+    int top_ = 0; // the first row in sight
+};
+
+class ProgressBarWindow final : public NativeWindow<sys::ProgressBar> {
+public:
+    ProgressBarWindow(Screen& screen, WindowNode* parent)
+        : NativeWindow(screen, WindowKind::control, parent, "") {}
+    float value() const { return value_; }
+    void setValue(float value) override { value_ = value; }
+    void draw(Bitmap& target, Point at, const PixelRect& clip) const override;
+
+private:
+    float value_ = 0;
 };
 
 class ScrollBarWindow final : public NativeControl<sys::ScrollBar> {
@@ -128,7 +173,7 @@ public:
 
     /// The arrows take a small step, the halves of the rest a large one.
     void clickedAt(Input& input, Point at) override;
-    bool takeKey(Input& input, int keyCode) override;
+    bool takeKey(Input& input, int keyCode, int shift) override;
     void draw(Bitmap& target, Point at, const PixelRect& clip) const override;
 
 private:

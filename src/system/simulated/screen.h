@@ -94,6 +94,7 @@ public:
     void focus() override { activate(); }
     void enable(bool enabled) override { setEnabled(enabled); }
     void setText(const std::string& text) override { setCaption(text); }
+    void refresh() override {} // the screen is composed when it is looked at
 };
 
 /// What `present` has brought to the screen so far.

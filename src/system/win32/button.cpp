@@ -1,6 +1,7 @@
 #include "system/win32/button_image.h"
 #include "system/win32/control.h"
 #include "system/win32/system_win32.h"
+#include "system/win32/tool_tip.h"
 
 namespace sys::win32 {
 
@@ -35,6 +36,9 @@ public:
         if (!style.icon.empty()) {
             image_.show(native(), style.icon, scale);
         }
+        if (!style.toolTip.empty()) {
+            toolTip_.show(native(), style.toolTip);
+        }
     }
 
     void setChecked(bool checked) override { send(BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED); }
@@ -49,8 +53,14 @@ public:
         return 0;
     }
 
+    std::optional<LRESULT> received(UINT message, WPARAM wParam, LPARAM lParam) override {
+        toolTip_.relay(native(), message, wParam, lParam);
+        return std::nullopt;
+    }
+
 private:
     ButtonImage image_;
+    ToolTip toolTip_;
 };
 
 } // namespace

@@ -14,6 +14,7 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
 #include <psapi.h>
 #include <tlhelp32.h>
 
@@ -111,6 +112,48 @@ void listChildren(const Fields& arguments) {
             return TRUE;
         },
         0);
+}
+
+/// Of a list in report view: the texts of each row.
+void listRows(const Fields& arguments) {
+    struct Question {
+        LVITEMA item;
+        char text[4096];
+    };
+    const HWND list = windowFrom(arguments.at(1));
+    DWORD id = 0;
+    GetWindowThreadProcessId(list, &id);
+    const HANDLE process = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, id);
+    void* const there = VirtualAllocEx(process, nullptr, sizeof(Question), MEM_COMMIT, PAGE_READWRITE);
+    const auto rows = SendMessageA(list, LVM_GETITEMCOUNT, 0, 0);
+    const auto header = reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
+    const auto columns = SendMessageA(header, HDM_GETITEMCOUNT, 0, 0);
+    for (LRESULT row = 0; row < rows; ++row) {
+        std::string texts;
+        for (int column = 0; column < columns; ++column) {
+            Question question{};
+            question.item.mask = LVIF_TEXT;
+            question.item.iSubItem = column;
+            question.item.pszText = static_cast<Question*>(there)->text;
+            question.item.cchTextMax = sizeof question.text;
+            WriteProcessMemory(process, there, &question, sizeof question, nullptr);
+            SendMessageA(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(there));
+            ReadProcessMemory(process, there, &question, sizeof question, nullptr);
+            texts += (column > 0 ? "\t" : "") + encoded(question.text);
+        }
+        std::cout << texts << '\n';
+    }
+    VirtualFreeEx(process, there, 0, MEM_RELEASE);
+    CloseHandle(process);
+}
+
+/// A message whose answer is a number.
+void ask(const Fields& arguments) {
+    DWORD_PTR result = 0;
+    SendMessageTimeoutA(windowFrom(arguments.at(1)), static_cast<UINT>(std::stoul(arguments.at(2))),
+                        static_cast<WPARAM>(std::stoull(arguments.at(3))),
+                        static_cast<LPARAM>(std::stoll(arguments.at(4))), SMTO_ABORTIFHUNG, 10000, &result);
+    answer(static_cast<std::intptr_t>(result));
 }
 
 void postMessage(const Fields& arguments) {
@@ -254,6 +297,7 @@ int main() {
         {"set", setValue},        {"unset", removeValue},
         {"clear", removeKey},     {"modules", listModules},
         {"desktop", tellDesktop}, {"processes", listProcesses},
+        {"rows", listRows},       {"ask", ask},
     };
     for (std::string line; std::getline(std::cin, line);) {
         const Fields fields = split(line);
