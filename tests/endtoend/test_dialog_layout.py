@@ -15,18 +15,20 @@ SIZE, PLACEMENT, ORDER = (3240, 3180, 1215, 795), (4740, 3180, 1155, 795), (6120
 
 # In the order of the tab key: class, kind of button, text, place in twips within what it stands in. Without a
 # text: it depends on what the machine holds. A label of no size is the name of the control behind it.
+RULES = [  # which have colours of their own, and thereby their place in front of all others
+    ("TessellariumLabel", None, "", (0, 2940, 3120, 15)),
+    ("TessellariumLabel", None, "", (0, 1680, 3120, 15)),
+    ("TessellariumLabel", None, "", (0, 1200, 3120, 15)),
+]
 LEFT_COLUMN = [
     ("Button", CHECK, "Template Mode", (60, 60, 1455, 195)),
     ("Button", PUSH, "Select", (60, 360, 780, 780)),
     ("Button", PUSH, "New", (900, 360, 780, 780)),
     ("Button", PUSH, "Edit", (1740, 360, 780, 780)),
-    ("TessellariumLabel", None, "", (0, 1200, 3120, 15)),
     ("Static", None, "Template or folder:", (60, 1320, 0, 0)),
     ("Edit", None, None, (60, 1320, 2955, 285)),
-    ("TessellariumLabel", None, "", (0, 1680, 3120, 15)),
     ("Button", CHECK, "Folder Mode", (60, 1800, 1515, 195)),
     ("Button", PUSH, "Select", (60, 2100, 780, 780)),
-    ("TessellariumLabel", None, "", (0, 2940, 3120, 15)),
     ("Static", None, "Delay Interval: 1 Seconds", (60, 3000, 2900, 200)),
     ("ScrollBar", None, "", (60, 3240, 2990, 285)),
     ("Static", None, "Dissolve Size: ", (60, 3540, 2900, 200)),
@@ -140,7 +142,7 @@ class LayoutCase(DialogCase):
                                          self.rect(place, origin))
                 if inside:
                     check(inside[0], window.handle, (window.left, window.top))
-        check(LEFT_COLUMN + PANELS + OPTIONS + BOTTOM_ROW, dialog.form.handle, (left, top))
+        check(RULES + LEFT_COLUMN + PANELS + OPTIONS + BOTTOM_ROW, dialog.form.handle, (left, top))
         self.assertEqual(list(windows), [])
 
     def check_apart(self, controls):
@@ -151,7 +153,8 @@ class LayoutCase(DialogCase):
                     apart = (one.right <= other.left or other.right <= one.left
                              or one.bottom <= other.top or other.bottom <= one.top
                              or one.right == one.left or other.right == other.left)
-                    self.assertTrue(apart, f"{one} and {other}")
+                    with self.subTest("apart"):
+                        self.assertTrue(apart, f"{one} and {other}")
 
     def check_whole(self, shot, controls):
         """What can be read of a caption ends before the edges of its control."""
@@ -163,7 +166,8 @@ class LayoutCase(DialogCase):
             if control.kind == "Static":
                 edges += [shot.part(control.left, control.bottom - 1, control.right, control.bottom)]
             for edge in edges:
-                self.assertEqual(len(edge.colours()), 1, f"{control} is cut off")
+                with self.subTest("whole"):
+                    self.assertEqual(len(edge.colours()), 1, f"{control} is cut off")
 
     def check_all(self):
         dialog, looks = self.open_all()
