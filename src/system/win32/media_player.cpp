@@ -1,4 +1,5 @@
 #include "system/win32/audio_graph.h"
+#include "system/win32/events.h"
 #include "system/win32/native_window.h"
 #include "system/win32/system_win32.h"
 
@@ -10,7 +11,7 @@ namespace {
 class MediaPlayerWindow : public NativeWindow<MediaPlayer> {
 public:
     MediaPlayerWindow(HWND parent, TwipsPerPixel scale) : NativeWindow(scale) {
-        adopt(CreateWindowExA(0, "STATIC", "", WS_CHILD, 0, 0, 0, 0, parent, nullptr,
+        adopt(CreateWindowExA(0, Events::hiddenClass, "", WS_CHILD, 0, 0, 0, 0, parent, nullptr,
                               GetModuleHandleA(nullptr), nullptr));
     }
 
@@ -26,20 +27,21 @@ public:
     }
 
     void play() override {
-        if (graph_ && !playing()) {
-            running_ = graph_->run();
+        if (graph_ && !playing() && graph_->run()) {
+            running_ = true;
+            SetTimer(native(), 1, lookInterval, stopWhenOver);
         }
     }
 
     void stop() override {
         if (running_) {
+            KillTimer(native(), 1);
             graph_->stop();
         }
         running_ = false;
     }
 
     bool playing() override {
-        // Stopped at its end, so that the device is free and lets the machine go to sleep.
         if (running_ && graph_->over()) {
             stop();
         }
@@ -47,6 +49,14 @@ public:
     }
 
 private:
+    static constexpr UINT lookInterval = 500; // milliseconds
+
+    /// A sound is stopped at its end, whether anybody asks for it or not, so that the device is free and lets
+    /// the machine go to sleep.
+    static void CALLBACK stopWhenOver(HWND window, UINT, UINT_PTR, DWORD) {
+        static_cast<MediaPlayerWindow*>(WindowOwner::of(window))->playing();
+    }
+
     std::unique_ptr<AudioGraph> graph_; // null: nothing that can be played
     bool running_ = false;
 };

@@ -51,8 +51,7 @@ inline std::optional<LRESULT> reflect(HWND parent, UINT message, WPARAM wParam, 
     HWND child = nullptr;
     switch (message) {
     case WM_COMMAND:
-    case WM_HSCROLL:
-    case WM_CTLCOLORSTATIC: child = reinterpret_cast<HWND>(lParam); break;
+    case WM_HSCROLL: child = reinterpret_cast<HWND>(lParam); break;
     case WM_DRAWITEM: child = reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)->hwndItem; break;
     default: break;
     }
