@@ -72,7 +72,7 @@ public:
     virtual int showCursor(bool show) = 0;
     /// Milliseconds since the system started, taken as signed.
     virtual std::int32_t getTickCount() = 0;
-    /// `WinHelpA`; the data are a pointer to a zero.
+    /// `WinHelpA`; the data are a pointer to a zero. 53 on a system that has no such call.
     virtual std::int32_t winHelp(WindowHandle window, const std::string& file, std::uint32_t command) = 0;
     /// `ShellExecuteA`; above 32 is success.
     virtual std::intptr_t shellExecute(WindowHandle window, const std::string& verb, const std::string& file,

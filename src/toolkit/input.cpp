@@ -98,6 +98,10 @@ void Input::buttonClicked(sys::WindowHandle button) {
     deliverTo<Button>(button, [](Button& clicked) { clicked.userClicked(); });
 }
 
+void Input::buttonMarked(sys::WindowHandle button, bool marked) {
+    deliverTo<Button>(button, [&](Button& changed) { changed.userMarked(marked); });
+}
+
 void Input::textChanged(sys::WindowHandle textBox, const std::string& text) {
     deliverTo<TextBox>(textBox, [&](TextBox& box) { box.userTyped(text); });
 }

@@ -1,6 +1,9 @@
 #include "contract/contract_test.h"
+#include "system/wildcard.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace contract {
 
@@ -223,6 +226,21 @@ TEST_F(Files, List_OfAnExtensionOfThreeLettersFindsLongerOnes) {
     EXPECT_THAT(files.list(path("*.jpe")), UnorderedElementsAre("a.jpeg", "b.jpe", "d.jpex"));
     EXPECT_THAT(files.list(path("*.jpeg")), UnorderedElementsAre("a.jpeg"));
     EXPECT_THAT(files.list(path("*.jpg")), UnorderedElementsAre("c.jpg"));
+}
+
+TEST_F(Files, List_FindsWhatTheRuleOfPatternsSays) {
+    const std::vector<std::string> names = {"a.jpg", "a.b.JPG",   "b.jpeg", "c.jpe",
+                                            "plain", "a.jpg.txt", "wmf"};
+    for (const std::string& name : names) {
+        write(name, "");
+    }
+    for (const char* pattern :
+         {"*", "*.*", "*.jpg", "*.jpe", "*.jpeg", "*.wmf", "a*", "?.jpg", "*.j*", "plain"}) {
+        std::vector<std::string> expected;
+        std::ranges::copy_if(names, std::back_inserter(expected),
+                             [&](const std::string& name) { return sys::patternFinds(pattern, name); });
+        EXPECT_THAT(files.list(path(pattern)), testing::UnorderedElementsAreArray(expected)) << pattern;
+    }
 }
 
 TEST_F(Files, List_LeavesHiddenFilesOut) {

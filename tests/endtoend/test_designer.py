@@ -3,9 +3,9 @@
 import os
 
 from case import EndToEndCase
+from dialog import CB_SETCURSEL, CBN_SELCHANGE, LBN_DBLCLK, LBN_SELCHANGE, WM_CLOSE, WM_COMMAND, Dialog
 from pictures import quarters
 from session import wait_until
-from test_dialog import LBN_DBLCLK, LBN_SELCHANGE, Dialog
 from test_sound import LOW, MIDDLE, ListeningCase
 
 LVM_GETITEMCOUNT = 0x1004
@@ -13,10 +13,6 @@ LVM_GETNEXTITEM = 0x100C
 LVM_GETCOLUMNWIDTH = 0x101D
 LVNI_SELECTED = 2
 PBM_GETPOS = 0x408
-CB_SETCURSEL = 0x14E
-CBN_SELCHANGE = 1
-WM_COMMAND = 0x111
-WM_CLOSE = 0x10
 TRANSITIONS = ["Random", "Normal", "Random Blocks", "Top To Bottom"]  # the first of the editor's list
 
 
@@ -33,7 +29,7 @@ class Designer(Dialog):
 
     def selected(self):
         """The row, from 1."""
-        return int(self._probe.ask("ask", self.list.handle, LVM_GETNEXTITEM, 2**64 - 1, LVNI_SELECTED)[0][0]) + 1
+        return self.send(self.list.handle, LVM_GETNEXTITEM, 2**64 - 1, LVNI_SELECTED) + 1
 
     def wait_for_rows(self, *rows):
         wait_until(lambda: self.rows() == [list(row) for row in rows], lambda: f"the rows are {self.rows()}")
@@ -126,8 +122,7 @@ class DesignerTest(DesignerCase):
         settings, designer = self.open()
         self.assertEqual(designer.rows(), [[""] * 4])
         self.assertEqual(designer.selected(), 1)
-        widths = [int(self.probe.ask("ask", designer.list.handle, LVM_GETCOLUMNWIDTH, column, 0)[0][0])
-                  for column in range(4)]
+        widths = [designer.send(designer.list.handle, LVM_GETCOLUMNWIDTH, column) for column in range(4)]
         self.assertEqual(widths[:3], [99, 99, 99])
         self.assertAlmostEqual(widths[3], 362, delta=4, msg="but for the border")
         self.assertEqual([button.text for button in designer.controls("button")],
@@ -246,7 +241,7 @@ class DesignerDuringCreateTest(DesignerCase):
         def done():
             # Each of these is answered by the window itself.
             shown = designer.controls("static", "Appending Images")
-            position = int(self.probe.ask("ask", bar.handle, PBM_GETPOS, 0, 0)[0][0])
+            position = designer.send(bar.handle, PBM_GETPOS)
             if shown and position not in seen:
                 seen.add(position)
                 self.keep_shot(self.machine.shot(), f"at {position}")

@@ -5,6 +5,7 @@
 #include "system/simulated/screen.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace sys::simulated {
@@ -33,7 +34,8 @@ enum DialogKey : int {
 /// window may be gone afterwards.
 class ControlWindow : public WindowNode {
 public:
-    using WindowNode::WindowNode;
+    ControlWindow(Screen& screen, WindowNode* parent, std::string text)
+        : WindowNode(screen, WindowKind::control, parent, std::move(text)) {}
     bool takesKeyboard() const override { return true; }
     /// `at` is in pixels of the window.
     virtual void clickedAt(Input& input, Point at) = 0;
@@ -47,24 +49,10 @@ protected:
     void drawCaption(Bitmap& target, Point at, const PixelRect& clip, const std::string& caption) const;
 };
 
-/// What the kinds of controls share of `sys::Window`.
-template <class Interface> class NativeControl : public Interface, public ControlWindow {
-public:
-    NativeControl(Screen& screen, WindowNode* parent, std::string text)
-        : ControlWindow(screen, WindowKind::control, parent, std::move(text)) {}
-    WindowHandle handle() const override { return id(); }
-    void place(const Area& area) override { moveTo(area); }
-    void show(bool visible) override { setVisible(visible); }
-    void focus() override { activate(); }
-    void enable(bool enabled) override { setEnabled(enabled); }
-    void setText(const std::string& text) override { setCaption(text); }
-    void refresh() override {} // the screen is composed when it is looked at
-};
-
-class ButtonWindow final : public NativeControl<sys::Button> {
+class ButtonWindow final : public NativeWindow<sys::Button, ControlWindow> {
 public:
     ButtonWindow(Screen& screen, WindowNode* parent, const ButtonStyle& style)
-        : NativeControl(screen, parent, style.caption), style_(style) {}
+        : NativeWindow(screen, parent, style.caption), style_(style) {}
     bool checked() const { return checked_; }
     const std::string& toolTip() const { return style_.toolTip; }
     void setChecked(bool checked) override { checked_ = checked; }
@@ -82,10 +70,10 @@ private:
     bool checked_ = false;
 };
 
-class TextBoxWindow final : public NativeControl<sys::Window> {
+class TextBoxWindow final : public NativeWindow<sys::Window, ControlWindow> {
 public:
     TextBoxWindow(Screen& screen, WindowNode* parent, const TextBoxStyle& style)
-        : NativeControl(screen, parent, ""), style_(style) {}
+        : NativeWindow(screen, parent, ""), style_(style) {}
 
     void clickedAt(Input&, Point) override {}
     bool takeKey(Input& input, int keyCode, int shift) override;
@@ -99,10 +87,10 @@ private:
     TextBoxStyle style_;
 };
 
-class ListWindow final : public NativeControl<sys::List> {
+class ListWindow final : public NativeWindow<sys::List, ControlWindow> {
 public:
     ListWindow(Screen& screen, WindowNode* parent, const ListStyle& style)
-        : NativeControl(screen, parent, ""), style_(style) {}
+        : NativeWindow(screen, parent, ""), style_(style) {}
     const std::vector<ListItem>& items() const { return items_; }
     int selected() const { return selected_; }
     void setItems(const std::vector<ListItem>& items) override;
@@ -122,10 +110,10 @@ private:
     int selected_ = -1;
 };
 
-class ListViewWindow final : public NativeControl<sys::ListView> {
+class ListViewWindow final : public NativeWindow<sys::ListView, ControlWindow> {
 public:
     ListViewWindow(Screen& screen, WindowNode* parent, const std::vector<Column>& columns)
-        : NativeControl(screen, parent, ""), columns_(columns) {}
+        : NativeWindow(screen, parent, ""), columns_(columns) {}
     const std::vector<Column>& columns() const { return columns_; }
     const std::vector<RowTexts>& rows() const { return rows_; }
     int selected() const { return selected_; }
@@ -164,9 +152,9 @@ private:
     float value_ = 0;
 };
 
-class ScrollBarWindow final : public NativeControl<sys::ScrollBar> {
+class ScrollBarWindow final : public NativeWindow<sys::ScrollBar, ControlWindow> {
 public:
-    ScrollBarWindow(Screen& screen, WindowNode* parent) : NativeControl(screen, parent, "") {}
+    ScrollBarWindow(Screen& screen, WindowNode* parent) : NativeWindow(screen, parent, "") {}
     int value() const { return value_; }
     void setRange(int least, int greatest) override;
     void setValue(int value) override { value_ = value; }

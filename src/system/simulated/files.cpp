@@ -1,7 +1,7 @@
 #include "system/simulated/files.h"
 
-#include "system/simulated/names.h"
-#include "system/simulated/wildcard.h"
+#include "system/names.h"
+#include "system/wildcard.h"
 
 #include <algorithm>
 

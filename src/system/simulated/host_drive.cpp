@@ -1,5 +1,5 @@
+#include "system/names.h"
 #include "system/simulated/drive.h"
-#include "system/simulated/names.h"
 
 #include "system/failure.h"
 
