@@ -16,7 +16,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <vector>
 
 class frmDesigner : public toolkit::Form {
 public:
@@ -72,12 +71,7 @@ private:
 
     // The parts of `WritePackage`.
     std::string refusal(const std::string& target);
-    struct MediaLengths {
-        std::int64_t image = 0; // bytes; 0 for none
-        std::int64_t sound = 0;
-    };
-    std::vector<MediaLengths> mediaLengths() const;
-    std::int64_t packageLength(const std::vector<MediaLengths>& lengths) const;
+    std::int64_t packageLength() const;
     std::optional<std::string> missingImage() const;
     bool hasImage(std::int16_t row) const;
     bool hasSound(std::int16_t row) const;
