@@ -21,7 +21,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <vector>
 
 class frmEdit;
 
@@ -132,12 +131,7 @@ private:
 
     // The parts of `WritePackage`.
     std::string refusal(const std::string& target);
-    struct MediaLengths {
-        std::int64_t image = 0; // bytes; 0 for none
-        std::int64_t sound = 0;
-    };
-    std::vector<MediaLengths> mediaLengths() const;
-    std::int64_t packageLength(const std::vector<MediaLengths>& lengths) const;
+    std::int64_t packageLength() const;
     std::optional<std::string> missingImage() const;
     void copyProgram(const std::string& target);
     void appendMedia(std::int16_t row);

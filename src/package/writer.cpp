@@ -48,17 +48,6 @@ std::int64_t segmentLength(std::int64_t sourceLength) {
     return (sourceLength / block + 1) * block;
 }
 
-/// 0 when there is no such file.
-std::int64_t lengthOf(const std::string& path) {
-    if (!Application::current().system().files().exists(path)) {
-        return 0;
-    }
-    files().open(sourceFile, path, OpenMode::input);
-    const std::int64_t length = files().length(sourceFile);
-    files().close(sourceFile);
-    return length;
-}
-
 std::int32_t position(int number) { return static_cast<std::int32_t>(files().position(number)); }
 
 /// The entry of a row, counted from 1 here; more rows than the tables hold are failure 9.
@@ -179,21 +168,19 @@ std::string frmDesigner::refusal(const std::string& target) {
     if (system.same(target, ownFileName())) {
         return "This is the running program itself. Choose another name.";
     }
-    const std::vector<MediaLengths> lengths = mediaLengths();
-    const std::int64_t targetLength = lengthOf(target);
+    // Only files of one length can be the same one, which takes longer to find out.
+    const std::int64_t targetLength = system.length(target);
+    const auto isTarget = [&](bool present, const std::string& path) {
+        return present && system.length(path) == targetLength && system.same(target, path);
+    };
     for (std::int16_t row = 1; row <= rows; ++row) {
         const auto index = static_cast<std::int16_t>(row - 1);
-        const auto [image, sound] = lengths[static_cast<std::size_t>(index)];
-        // Only files of one length can be the same one, which takes longer to find out.
-        const auto isTarget = [&](bool present, std::int64_t length, const std::string& path) {
-            return present && length == targetLength && system.same(target, path);
-        };
-        if (isTarget(hasImage(row), image, lstImagePath.list(index)) ||
-            isTarget(hasSound(row), sound, lstSoundPath.list(index))) {
+        if (isTarget(hasImage(row), lstImagePath.list(index)) ||
+            isTarget(hasSound(row), lstSoundPath.list(index))) {
             return "This file belongs to the template, and would be lost. Choose another name.";
         }
     }
-    const std::int64_t length = packageLength(lengths);
+    const std::int64_t length = packageLength();
     if (length >= package::lengthLimit) {
         return "A screen saver stays below " + std::to_string(package::lengthLimit) +
                " bytes, and with this template it would have " + std::to_string(length) + ".";
@@ -201,32 +188,23 @@ std::string frmDesigner::refusal(const std::string& target) {
     return "";
 }
 
-std::vector<frmDesigner::MediaLengths> frmDesigner::mediaLengths() const {
-    std::vector<MediaLengths> lengths;
-    for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
-        const auto index = static_cast<std::int16_t>(row - 1);
-        lengths.push_back({.image = hasImage(row) ? lengthOf(lstImagePath.list(index)) : 0,
-                           .sound = hasSound(row) ? lengthOf(lstSoundPath.list(index)) : 0});
-    }
-    return lengths;
-}
-
 /// What a package of the rows would have, in bytes.
-std::int64_t frmDesigner::packageLength(const std::vector<MediaLengths>& lengths) const {
-    const std::int64_t programLength = lengthOf(ownFileName());
+std::int64_t frmDesigner::packageLength() const {
+    sys::Files& system = Application::current().system().files();
+    const std::int64_t programLength = system.length(ownFileName());
     std::int64_t end = programLength; // of the media, and a 1-based position
     std::size_t directory = numberLine(shared.SoundMode).size() + 2;
-    const auto addSegment = [&](bool present, std::int64_t length) {
+    const auto addSegment = [&](bool present, const std::string& path) {
         const std::int64_t start = end;
-        end += present ? segmentLength(length) : 0;
+        end += present ? segmentLength(system.length(path)) : 0;
         for (const std::int64_t number : {present ? start : 0, present ? end : 0}) {
             directory += std::to_string(number).size() + 4;
         }
     };
     for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
-        const auto [image, sound] = lengths[static_cast<std::size_t>(row - 1)];
-        addSegment(hasImage(row), image);
-        addSegment(hasSound(row), sound);
+        const auto index = static_cast<std::int16_t>(row - 1);
+        addSegment(hasImage(row), lstImagePath.list(index));
+        addSegment(hasSound(row), lstSoundPath.list(index));
         directory += ListView1.text(row, dissolvesColumn).size() + 2;
         directory += ListView1.text(row, commentsColumn).size() + 2;
         directory += 3 + 2;

@@ -204,6 +204,17 @@ TEST_F(Files, Exists_KnowsPlainFilesOnly) {
     EXPECT_FALSE(files.exists(""));
 }
 
+TEST_F(Files, Length_IsThatOfAPlainFile) {
+    write("a.txt", "abc");
+    driver->addFolder(path("sub"));
+    EXPECT_EQ(files.length(path("A.TXT")), 3);
+    const auto file = files.open(path("a.txt"), Access::append);
+    EXPECT_EQ(files.length(path("a.txt")), 3) << "while it is written";
+    for (const std::string& other : {path("b.txt"), path("sub"), path("none\\a.txt"), std::string()}) {
+        EXPECT_EQ(files.length(other), 0) << other;
+    }
+}
+
 TEST_F(Files, List_FindsByPattern) {
     for (const char* name : {"a.jpg", "B.JPG", "c.gif", "ab.jpg", "noextension"}) {
         write(name, "");

@@ -653,6 +653,15 @@ class PackageTest(InspectTest):
             self.fails(2, "would be lost", *self.write_words(out=self.path(name)))
             self.assertEqual(self.content(name), before)
 
+    def test_Write_OverWhatItNeedsUnderAnotherSpelling_IsAWrongCall(self):
+        self.add("T/Pics/a.gif", b"a")
+        self.add("t.txt", b"IMAGE=c:/t\\PICS\\A.GIF\r\nIMAGE=C:\\t\\pics\\..\\x.gif\r\n")
+        self.add("T/x.gif", b"x")
+        for name in "T/Pics/a.gif", "T/x.gif", "t.txt":
+            before = self.content(name)
+            self.fails(2, "would be lost", *self.write_words(template="c:/T.TXT", out=self.path(name)))
+            self.assertEqual(self.content(name), before)
+
     def test_Write_MoreThan500Rows_IsRefused(self):
         self.add("t/a.gif", b"a")
         self.add_template(*["IMAGE=a.gif"] * 501)

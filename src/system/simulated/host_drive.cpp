@@ -120,6 +120,11 @@ public:
         return place ? entryAt(*place) : std::nullopt;
     }
 
+    std::optional<std::string> hostPath(const DrivePath& path) override {
+        const auto place = locate(path);
+        return place ? std::optional(place->string()) : std::nullopt;
+    }
+
     std::vector<Entry> entries(const DrivePath& folder) override {
         const fs::path place = placeOf(folder);
         std::vector<Entry> entries;

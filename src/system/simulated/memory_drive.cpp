@@ -64,6 +64,8 @@ public:
         return entryOf(*node);
     }
 
+    std::optional<std::string> hostPath(const DrivePath& /*path*/) override { return std::nullopt; }
+
     std::vector<Entry> entries(const DrivePath& folder) override {
         std::vector<Entry> entries;
         for (const auto& [key, child] : node(folder).children) {

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -254,6 +255,18 @@ TEST_P(EveryDrive, FailingTransfers_ComeAfterTheOpen) {
     EXPECT_EQ(codeOf([&] { file->write(&byte, 1); }), 57);
 }
 
+TEST_P(EveryDrive, FailingTransfers_BeginBehindTheSoundBytes) {
+    drives.failTransfers("Sea.jpg", 2);
+    const auto file = drives.open("Sea.jpg", Access::readWrite);
+    std::array<char, 3> bytes{};
+    EXPECT_EQ(file->read(bytes.data(), 2), 2U);
+    EXPECT_EQ(codeOf([&] { file->read(bytes.data(), 1); }), 57);
+    file->seek(0);
+    EXPECT_EQ(codeOf([&] { file->read(bytes.data(), 3); }), 57);
+    EXPECT_EQ(codeOf([&] { file->write("SE", 2); }), 0);
+    EXPECT_EQ(codeOf([&] { file->write("A", 1); }), 57);
+}
+
 TEST_P(EveryDrive, ReadOnlyFile_OpensForReadingAlone) {
     drives.setReadOnly("Sea.jpg");
     EXPECT_EQ(openCode("Sea.jpg"), 0);
@@ -315,6 +328,15 @@ TEST_F(HostDrive, NoPath_LeavesTheFolder) {
     EXPECT_FALSE(drives.exists("D:../outside.txt"));
     drives.open("D:\\..\\outside.txt", Access::write);
     EXPECT_TRUE(fs::exists(root / "drive" / "outside.txt"));
+}
+
+TEST_F(HostDrive, HostPath_IsThatOfAFileThatLiesThere) {
+    put(root / "drive" / "a.txt", "");
+    drives.addFile("E:\\a.txt", "in memory");
+    EXPECT_EQ(drives.hostPath("d:/A.TXT"), (root / "drive" / "a.txt").string());
+    for (const char* path : {"E:\\a.txt", "D:\\b.txt", "D:\\", "Q:\\a.txt", ""}) {
+        EXPECT_EQ(drives.hostPath(path), std::nullopt) << path;
+    }
 }
 
 TEST_F(HostDrive, NamesThatDifferInCase_GoByTheExactOneOrTheFirst) {
