@@ -1,44 +1,72 @@
-// The designer's document.
+// The designer: how it comes up and goes, and its document.
 #include "designer/frm_designer.h"
 
 #include "settings/frm_config.h"
+#include "settings/help.h"
 #include "startup/shared_state.h"
 #include "toolkit/application.h"
 
-#include <cstddef>
-
-namespace {
-
-constexpr const char* designerCaption = "Template Designer";
-constexpr std::size_t columnCount = 4;
-
-} // namespace
-
 frmDesigner::frmDesigner()
     : Form({.name = "frmDesigner",
-            .caption = designerCaption,
+            .caption = "Template Designer",
             .width = 10005,
             .height = 5730,
-            .dialog = true}),
-      ListView1(*this, {.name = "ListView1", .left = 60, .top = 90, .width = 9885, .height = 4275},
-                columnCount),
-      lstImagePath(*this, {.name = "lstImagePath", .visible = false}),
-      lstSoundPath(*this, {.name = "lstSoundPath", .visible = false}),
-      Frame1(*this, {.name = "Frame1", .left = 8580, .top = 4410, .width = 1320, .height = 1230}),
-      optSync1(Frame1, {.name = "optSync1", .left = 270, .top = 270, .width = 915, .height = 285},
-               {.value = true}),
-      optSync2(Frame1, {.name = "optSync2", .left = 270, .top = 600, .width = 870, .height = 285}),
-      optAsync(Frame1, {.name = "optAsync", .left = 270, .top = 900, .width = 825, .height = 285}),
-      Frame2(*this,
-             {.name = "Frame2", .left = 2790, .top = 1260, .width = 5025, .height = 975, .visible = false}),
-      Label1(*this, {.control = {.name = "Label1", .left = 90, .top = 180, .width = 4875, .height = 285}}),
-      ProgressBar1(*this, {.name = "ProgressBar1", .left = 210, .top = 570, .width = 4665, .height = 255}) {
+            .dialog = true}) {
+    bindHandlers();
+}
+
+void frmDesigner::bindHandlers() {
+    loadEvent = [this] { Form_Load(); };
     unloadEvent = [this](bool&) { Form_Unload(); };
+
+    ListView1.dblClick = [this] { ListView1_DblClick(); };
+    ListView1.keyDown = [this](std::int16_t key, std::int16_t shift) { ListView1_KeyDown(key, shift); };
+
+    cmdMoveUp.click = [this] { cmdMoveUp_Click(); };
+    cmdMoveDown.click = [this] { cmdMoveDown_Click(); };
+    cmdInsert.click = [this] { cmdInsert_Click(); };
+    cmdDelete.click = [this] { cmdDelete_Click(); };
+    cmdClear.click = [this] { cmdClear_Click(); };
+    cmdSave.click = [this] { cmdSave_Click(); };
+    cmdWriteSCR.click = [this] { cmdWriteSCR_Click(); };
+    cmdLoad.click = [this] { cmdLoad_Click(); };
+    cmdOk.click = [this] { unload(); };
+
+    Help.click = [this] { showHelp(*this); };
+}
+
+/// The blank row behind those of a template is for the next item.
+void frmDesigner::Form_Load() {
+    AddRow();
+    TemplateDirty = False;
+    Parser.setFileSpec(TemplateFile);
+    if (!Parser.FileName.empty()) {
+        TemplateFolder = Parser.Path;
+        PerformLoad();
+        AddRow();
+    }
 }
 
 /// However the template came to be named, the settings dialog goes on with it.
 void frmDesigner::Form_Unload() {
+    if (TemplateDirty != False && AskToSave() != False) {
+        cmdSave_Click();
+    }
     toolkit::Application::current().form<frmConfig>().txtImageListFile.setText(TemplateFile);
+}
+
+/// The buttons by keys, for who works the list by keyboard. Enter is a double click.
+void frmDesigner::ListView1_KeyDown(std::int16_t KeyCode, std::int16_t Shift) {
+    constexpr std::int16_t upKey = 38;
+    constexpr std::int16_t downKey = 40;
+    constexpr std::int16_t deleteKey = 46;
+    if (KeyCode == deleteKey && Shift == 0) {
+        cmdDelete_Click();
+    } else if (KeyCode == upKey && Shift == sys::controlKey) {
+        cmdMoveUp_Click();
+    } else if (KeyCode == downKey && Shift == sys::controlKey) {
+        cmdMoveDown_Click();
+    }
 }
 
 std::int16_t frmDesigner::AddRow() {
@@ -53,6 +81,19 @@ void frmDesigner::ClearRows() {
     ListView1.clearRows();
     lstImagePath.clear();
     lstSoundPath.clear();
+}
+
+bool frmDesigner::isBlank(std::int16_t row) const {
+    return !hasImage(row) && !hasSound(row) && ListView1.text(row, dissolvesColumn).empty() &&
+           ListView1.text(row, commentsColumn).empty();
+}
+
+const std::string& frmDesigner::imagePath(std::int16_t row) const {
+    return lstImagePath.list(static_cast<std::int16_t>(row - 1));
+}
+
+const std::string& frmDesigner::soundPath(std::int16_t row) const {
+    return lstSoundPath.list(static_cast<std::int16_t>(row - 1));
 }
 
 void frmDesigner::takeSoundMode() {

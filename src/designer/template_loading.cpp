@@ -1,5 +1,6 @@
-// `PerformLoad`: a template file into the rows of the designer.
+// A template file into the rows of the designer: `PerformLoad`, and the button that picks one.
 #include "designer/frm_designer.h"
+#include "editor/frm_load.h"
 #include "package/template_line.h"
 #include "startup/shared_state.h"
 #include "toolkit/application.h"
@@ -34,6 +35,21 @@ void frmDesigner::PerformLoad() {
             setCaption("Template Designer");
             AddRow();
         });
+}
+
+/// Unlike the designer's coming up this adds no blank row behind those of the template: meant so.
+void frmDesigner::cmdLoad_Click() {
+    if (TemplateDirty != False && AskToSave() != False) {
+        cmdSave_Click();
+    }
+    auto& picker = Application::current().form<frmLoad>();
+    picker.showModal();
+    if (!picker.SelectedFile.empty()) {
+        TemplateFile = picker.SelectedFile;
+        TemplateFolder = picker.SelectedFolder;
+        PerformLoad();
+        TemplateDirty = False;
+    }
 }
 
 /// Takes one line of a template; gives the current row, 0 for none.

@@ -7,6 +7,7 @@
 
 using toolkit::wrap16;
 
+/// The trace calls it by another name: meant so.
 void MainForm::NormalCurtainPaint(const std::int16_t& Vertical, const std::int16_t& Reverse) {
     WriteLog("S: MainForm NormalCurtainDisplay");
     Picture1.setVisible(true);

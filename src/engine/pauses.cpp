@@ -11,7 +11,9 @@ using toolkit::Application;
 namespace {
 
 /// Yields until the tick count has reached `end`, at least once. The comparison is signed: a pause across
-/// the count's change of sign ends at once or runs long.
+/// the count's change of sign ends at once or runs long. Meant so: it keeps the processor busy, as a pause of
+/// a few milliseconds would come out too long with any sleep, and of `ShowEnding` only the value True ends
+/// it.
 void yieldUntil(std::int32_t end, const std::int16_t& ShowEnding) {
     Application& application = Application::current();
     do {

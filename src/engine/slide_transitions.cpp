@@ -1,5 +1,6 @@
 // The slides: the picture moves in from an edge, painted on the form itself, with `Picture1` hidden. They
-// draw in natural size and differ in more than direction; all differences are meant so.
+// draw in natural size and differ in more than direction; all differences are meant so, and that none of
+// their loops looks at `ShowEnding`.
 #include "show/main_form.h"
 #include "startup/trace.h"
 #include "toolkit/numbers.h"

@@ -132,6 +132,8 @@ std::int16_t MainForm::LoadImbeddedImage(const std::int16_t& index) {
     return True;
 }
 
+/// The timers, off meanwhile, count anew afterwards: a list of sounds all shorter than the show's interval
+/// keeps its first picture. Meant so.
 void MainForm::LoadImbeddedSound(const std::int16_t& index) {
     constexpr int own = 1;
     constexpr int sound = 2;

@@ -2,6 +2,7 @@
 #include "designer/frm_designer.h"
 #include "package/format.h"
 #include "startup/marrowfieldry.h"
+#include "startup/path_parser.h"
 #include "startup/shared_state.h"
 #include "startup/trace.h"
 #include "toolkit/application.h"
@@ -13,6 +14,7 @@
 #include <cstdio>
 
 using toolkit::Application;
+using toolkit::CommonDialog;
 using toolkit::OpenMode;
 
 namespace {
@@ -46,17 +48,6 @@ std::int64_t segmentLength(std::int64_t sourceLength) {
     return (sourceLength / block + 1) * block;
 }
 
-/// 0 when there is no such file.
-std::int64_t lengthOf(const std::string& path) {
-    if (!Application::current().system().files().exists(path)) {
-        return 0;
-    }
-    files().open(sourceFile, path, OpenMode::input);
-    const std::int64_t length = files().length(sourceFile);
-    files().close(sourceFile);
-    return length;
-}
-
 std::int32_t position(int number) { return static_cast<std::int32_t>(files().position(number)); }
 
 /// The entry of a row, counted from 1 here; more rows than the tables hold are failure 9.
@@ -67,7 +58,39 @@ std::int32_t& entry(ItemPositions& positions, std::int16_t row) {
     return positions[static_cast<std::size_t>(row)];
 }
 
+/// The name that is proposed for a template: its own up to the first place where its extension's letters
+/// stand, so that "mytxt.txt" gives "m". Fails with 5 without a template or an extension.
+std::string proposedName(PathParser& parser, const std::string& templateFile) {
+    parser.setFileSpec(templateFile);
+    parser.setFileSpec(AddBackslash(Application::current().system().identity().folder) + parser.FileName);
+    const std::size_t extension = parser.FileName.find(parser.Extension);
+    if (extension == std::string::npos || extension == 0) {
+        throw Failure(FailureCode::invalidProcedureCall);
+    }
+    return parser.FileName.substr(0, extension - 1);
+}
+
 } // namespace
+
+/// Any failure before the writing, a cancelled dialog included, ends this without a word: meant so.
+void frmDesigner::cmdWriteSCR_Click() {
+    takeSoundMode();
+    toolkit::handlingFailures(
+        [this] {
+            CommonDialog1.CancelError = true;
+            const std::string name = proposedName(Parser, TemplateFile);
+            CommonDialog1.Flags = CommonDialog::overwritePrompt | CommonDialog::hideReadOnly;
+            CommonDialog1.DefaultExt = "scr";
+            CommonDialog1.FileName = name;
+            CommonDialog1.FilterIndex = 1;
+            CommonDialog1.Filter = "ScreenSaver Files (*.scr)|*.scr|All Files (*.*)|*.*";
+            CommonDialog1.ShowSave();
+            // A copy: while it writes, "Save" may ask for another name.
+            const std::string target = CommonDialog1.FileName;
+            WritePackage(target);
+        },
+        [](const Failure&) {});
+}
 
 void frmDesigner::WritePackage(const std::string& target) {
     const std::int16_t removed = RemoveBlankRows();
@@ -107,6 +130,7 @@ void frmDesigner::WritePackage(const std::string& target) {
             files().seek(packageFile, programLength); // on its last byte
             // A handler that runs in a yield may change the rows. The loop keeps their first number, so that
             // a row that went fails instead of leaving a package that looks whole.
+            const std::vector<std::string> before = content();
             const std::int16_t rows = ListView1.rowCount();
             for (std::int16_t row = 1; row <= rows; ++row) {
                 appendMedia(row);
@@ -114,6 +138,13 @@ void frmDesigner::WritePackage(const std::string& target) {
             }
             const std::int32_t directory = position(packageFile);
             files().close(packageFile);
+            if (content() != before) {
+                Application::current().showMessage(
+                    "The items have changed while the screen saver was being written, so that it isn't "
+                    "complete. Create it again.");
+                finish();
+                return;
+            }
             WriteLog("Writing Completed");
             appendDirectory(target, directory);
             finish();
@@ -137,21 +168,19 @@ std::string frmDesigner::refusal(const std::string& target) {
     if (system.same(target, ownFileName())) {
         return "This is the running program itself. Choose another name.";
     }
-    const std::vector<MediaLengths> lengths = mediaLengths();
-    const std::int64_t targetLength = lengthOf(target);
+    // Only files of one length can be the same one, which takes longer to find out.
+    const std::int64_t targetLength = system.length(target);
+    const auto isTarget = [&](bool present, const std::string& path) {
+        return present && system.length(path) == targetLength && system.same(target, path);
+    };
     for (std::int16_t row = 1; row <= rows; ++row) {
         const auto index = static_cast<std::int16_t>(row - 1);
-        const auto [image, sound] = lengths[static_cast<std::size_t>(index)];
-        // Only files of one length can be the same one, which takes longer to find out.
-        const auto isTarget = [&](bool present, std::int64_t length, const std::string& path) {
-            return present && length == targetLength && system.same(target, path);
-        };
-        if (isTarget(hasImage(row), image, lstImagePath.list(index)) ||
-            isTarget(hasSound(row), sound, lstSoundPath.list(index))) {
+        if (isTarget(hasImage(row), lstImagePath.list(index)) ||
+            isTarget(hasSound(row), lstSoundPath.list(index))) {
             return "This file belongs to the template, and would be lost. Choose another name.";
         }
     }
-    const std::int64_t length = packageLength(lengths);
+    const std::int64_t length = packageLength();
     if (length >= package::lengthLimit) {
         return "A screen saver stays below " + std::to_string(package::lengthLimit) +
                " bytes, and with this template it would have " + std::to_string(length) + ".";
@@ -159,32 +188,23 @@ std::string frmDesigner::refusal(const std::string& target) {
     return "";
 }
 
-std::vector<frmDesigner::MediaLengths> frmDesigner::mediaLengths() const {
-    std::vector<MediaLengths> lengths;
-    for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
-        const auto index = static_cast<std::int16_t>(row - 1);
-        lengths.push_back({.image = hasImage(row) ? lengthOf(lstImagePath.list(index)) : 0,
-                           .sound = hasSound(row) ? lengthOf(lstSoundPath.list(index)) : 0});
-    }
-    return lengths;
-}
-
 /// What a package of the rows would have, in bytes.
-std::int64_t frmDesigner::packageLength(const std::vector<MediaLengths>& lengths) const {
-    const std::int64_t programLength = lengthOf(ownFileName());
+std::int64_t frmDesigner::packageLength() const {
+    sys::Files& system = Application::current().system().files();
+    const std::int64_t programLength = system.length(ownFileName());
     std::int64_t end = programLength; // of the media, and a 1-based position
     std::size_t directory = numberLine(shared.SoundMode).size() + 2;
-    const auto addSegment = [&](bool present, std::int64_t length) {
+    const auto addSegment = [&](bool present, const std::string& path) {
         const std::int64_t start = end;
-        end += present ? segmentLength(length) : 0;
+        end += present ? segmentLength(system.length(path)) : 0;
         for (const std::int64_t number : {present ? start : 0, present ? end : 0}) {
             directory += std::to_string(number).size() + 4;
         }
     };
     for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
-        const auto [image, sound] = lengths[static_cast<std::size_t>(row - 1)];
-        addSegment(hasImage(row), image);
-        addSegment(hasSound(row), sound);
+        const auto index = static_cast<std::int16_t>(row - 1);
+        addSegment(hasImage(row), lstImagePath.list(index));
+        addSegment(hasSound(row), lstSoundPath.list(index));
         directory += ListView1.text(row, dissolvesColumn).size() + 2;
         directory += ListView1.text(row, commentsColumn).size() + 2;
         directory += 3 + 2;
@@ -203,10 +223,6 @@ std::optional<std::string> frmDesigner::missingImage() const {
     }
     return {};
 }
-
-bool frmDesigner::hasImage(std::int16_t row) const { return !ListView1.text(row, imagesColumn).empty(); }
-
-bool frmDesigner::hasSound(std::int16_t row) const { return !ListView1.text(row, soundsColumn).empty(); }
 
 void frmDesigner::copyProgram(const std::string& target) {
     constexpr int program = 1;
@@ -276,6 +292,18 @@ void frmDesigner::appendDirectory(const std::string& target, std::int32_t direct
     write(eightDigits(ListView1.rowCount()));
     write(package::mark);
     files().close(packageFile);
+}
+
+std::vector<std::string> frmDesigner::content() const {
+    std::vector<std::string> texts;
+    for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
+        for (const Column column : {imagesColumn, soundsColumn, dissolvesColumn, commentsColumn}) {
+            texts.push_back(ListView1.text(row, column));
+        }
+        texts.push_back(imagePath(row));
+        texts.push_back(soundPath(row));
+    }
+    return texts;
 }
 
 std::int16_t frmDesigner::RemoveBlankRows() {

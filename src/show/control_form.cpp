@@ -27,7 +27,7 @@ float centred(std::int32_t whole, float part) {
     return static_cast<float>((static_cast<double>(whole) - part) / 2);
 }
 
-/// What `CtlProc` does.
+/// What `CtlProc` does. A message that is swallowed, or the close, leaves no line of its end: meant so.
 std::intptr_t answer(sys::WindowHandle hwnd, std::uint32_t msg, std::uintptr_t wParam, std::intptr_t lParam) {
     WriteLog("S: CtlProc");
     if (shared.PrevWndProc == 0) {

@@ -20,6 +20,7 @@ struct ButtonStyle {
     /// picture.
     std::span<const std::uint8_t> icon{};
     bool isDefault = false; // it is drawn as the one that Enter stands for
+    std::string toolTip{};  // shown while the pointer rests on it; none for ""
 };
 
 class Button : public Window {
@@ -58,6 +59,35 @@ public:
     virtual void select(int index) = 0;
 };
 
+struct Column {
+    std::string caption{};
+    float width = 0; // twips
+};
+
+/// The texts of a row, one for each column.
+using RowTexts = std::vector<std::string>;
+
+/// Rows of texts in columns, of which at most one is selected, whatever the user does. Rows and columns are
+/// 0-based; row -1 is none.
+class ListView : public Window {
+public:
+    /// Replaces all; nothing is selected then.
+    virtual void setRows(const std::vector<RowTexts>& rows) = 0;
+    /// Appends a row of empty texts.
+    virtual void addRow() = 0;
+    /// What is selected then is the caller's to say.
+    virtual void removeRow(int row) = 0;
+    virtual void setText(int row, int column, const std::string& text) = 0;
+    /// Brings the row into sight, too.
+    virtual void select(int row) = 0;
+};
+
+class ProgressBar : public Window {
+public:
+    /// From 0 to 100.
+    virtual void setValue(float value) = 0;
+};
+
 class ScrollBar : public Window {
 public:
     virtual void setRange(int least, int greatest) = 0;
@@ -79,6 +109,23 @@ struct MessageBoxStyle {
     MessageButtons buttons = MessageButtons::ok;
     MessageIcon icon = MessageIcon::none;
     WindowHandle owner = 0; // 0: the program's active window
+};
+
+/// One of the kinds of files that a dialog offers, for example "Text Files" and "*.txt".
+struct FileKind {
+    std::string name{};
+    std::string pattern{};
+    bool operator==(const FileKind&) const = default;
+};
+
+struct SaveDialogStyle {
+    std::string fileName{};         // what is proposed; the dialog opens in its folder, if it has one
+    std::string defaultExtension{}; // of a name that is given without one; without the dot
+    std::vector<FileKind> kinds{};
+    int kind = 1; // the one that is chosen at first; 1-based
+    bool asksBeforeOverwriting = false;
+    bool hidesReadOnlyBox = false;
+    WindowHandle owner = 0; // 0: none
 };
 
 } // namespace sys

@@ -17,8 +17,10 @@ const char* describe(FailureCode code) {
     case FailureCode::permissionDenied: return "Permission denied";
     case FailureCode::pathFileAccess: return "Path/File access error";
     case FailureCode::pathNotFound: return "Path not found";
+    case FailureCode::objectNotSet: return "Object variable not set";
     case FailureCode::invalidPropertyValue: return "Invalid property value";
     case FailureCode::invalidPicture: return "Invalid picture";
+    case FailureCode::dialogCancelled: return "Cancel was selected";
     }
     return "";
 }

@@ -20,8 +20,10 @@ enum class FailureCode {
     permissionDenied = 70,
     pathFileAccess = 75,
     pathNotFound = 76,
+    objectNotSet = 91,
     invalidPropertyValue = 380,
     invalidPicture = 481,
+    dialogCancelled = 32755,
 };
 
 /// The text that a user reads for a failure, for example "File not found".

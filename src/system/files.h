@@ -45,6 +45,8 @@ public:
     virtual std::unique_ptr<File> open(const std::string& path, Access access) = 0;
     /// Whether a plain file of that name exists; never fails.
     virtual bool exists(const std::string& path) = 0;
+    /// The bytes of a plain file, of a link those of the file behind it; 0 when there is none. Never fails.
+    virtual std::int64_t length(const std::string& path) = 0;
     /// Whether two paths name one existing file, however they are written.
     virtual bool same(const std::string& one, const std::string& other) = 0;
     /// Fails with 53, 76, 75 or 70.

@@ -63,4 +63,19 @@ inline PixelRect toPixels(const Area& area, TwipsPerPixel scale) {
             pixelEdge(static_cast<double>(area.top) + area.height, scale.y)};
 }
 
+/// The pixels that a part of a picture takes its colours from: at least the one in its middle, so that a
+/// part of less than a pixel leaves no hole. Only a part without any width or height has none.
+inline PixelRect sourcePixels(const Area& source, TwipsPerPixel scale) {
+    PixelRect pixels = toPixels(source, scale);
+    if (pixels.width() == 0 && source.width > 0) {
+        pixels.left = static_cast<int>(std::floor((source.left + source.width / 2.0) / scale.x));
+        pixels.right = pixels.left + 1;
+    }
+    if (pixels.height() == 0 && source.height > 0) {
+        pixels.top = static_cast<int>(std::floor((source.top + source.height / 2.0) / scale.y));
+        pixels.bottom = pixels.top + 1;
+    }
+    return pixels;
+}
+
 } // namespace sys

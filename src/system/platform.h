@@ -48,6 +48,7 @@ public:
     virtual std::int32_t regQueryValueEx(RegistryKey key, const std::string& name, std::uint32_t& type,
                                          char* buffer, std::uint32_t& length) = 0;
     virtual std::int32_t regCloseKey(RegistryKey key) = 0;
+    /// The actions of screen savers: `scratch` takes what an action gives back. 0 when it fails.
     virtual std::int32_t systemParametersInfo(std::uint32_t action, std::uint32_t value,
                                               std::int32_t& scratch, std::uint32_t flags) = 0;
     /// `after` -1 is the topmost position; flags 3 keep position and size.
@@ -71,12 +72,14 @@ public:
     virtual int showCursor(bool show) = 0;
     /// Milliseconds since the system started, taken as signed.
     virtual std::int32_t getTickCount() = 0;
-    /// `WinHelpA`; the data are a pointer to a zero.
+    /// `WinHelpA`; the data are a pointer to a zero. 53 on a system that has no such call.
     virtual std::int32_t winHelp(WindowHandle window, const std::string& file, std::uint32_t command) = 0;
     /// `ShellExecuteA`; above 32 is success.
     virtual std::intptr_t shellExecute(WindowHandle window, const std::string& verb, const std::string& file,
                                        const std::string& parameters, const std::string& folder,
                                        int show) = 0;
+    /// A WAV file, by the system's plain call, with flag 1 without waiting for its end. A name that can't be
+    /// played gives the system's default sound.
     virtual std::int32_t sndPlaySound(const std::string& name, std::uint32_t flags) = 0;
 };
 

@@ -15,6 +15,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace sys {
 
@@ -49,6 +50,8 @@ public:
     virtual std::unique_ptr<List> createList(Window& parent, const ListStyle& style) = 0;
     /// A horizontal one.
     virtual std::unique_ptr<ScrollBar> createScrollBar(Window& parent) = 0;
+    virtual std::unique_ptr<ListView> createListView(Window& parent, const std::vector<Column>& columns) = 0;
+    virtual std::unique_ptr<ProgressBar> createProgressBar(Window& parent) = 0;
     /// The colour of dialogs.
     virtual Color dialogColor() = 0;
     /// The pixels that a text takes, its lines divided by CR LF.
@@ -60,6 +63,9 @@ public:
 
     /// Answered before the call returns.
     virtual MessageAnswer messageBox(const MessageBoxStyle& style) = 0;
+    /// The whole path that the user gives to a file which is to be written; nothing when they cancel, or the
+    /// dialog can't be shown. Answered before the call returns; the folder becomes the current one.
+    virtual std::optional<std::string> saveDialog(const SaveDialogStyle& style) = 0;
 
     // Clock and waiting
     /// Milliseconds of a clock that never goes back.

@@ -52,6 +52,8 @@ public:
     virtual void enable(bool enabled) = 0;
     /// The caption of a form or a button, the text of a label or a text box.
     virtual void setText(const std::string& text) = 0;
+    /// Brings it, with all that stands in it, to the screen at once.
+    virtual void refresh() = 0;
 };
 
 /// A window with a retained picture of what was painted on it, as large as the window.
@@ -142,6 +144,8 @@ public:
     // that the program itself has set.
     /// By mouse or keyboard. What it means for a check mark is the receiver's to say.
     virtual void buttonClicked(WindowHandle button) = 0;
+    /// Another program has set the mark of a check box or an option button, or cleared it.
+    virtual void buttonMarked(WindowHandle button, bool marked) = 0;
     virtual void textChanged(WindowHandle textBox, const std::string& text) = 0;
     /// 0-based; also when it was selected already.
     virtual void itemSelected(WindowHandle list, int index) = 0;

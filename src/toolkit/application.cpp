@@ -71,11 +71,11 @@ sys::MessageAnswer Application::ask(sys::MessageBoxStyle message) {
     if (message.title.empty()) {
         message.title = title_;
     }
-    if (!shownForms_.empty()) {
-        message.owner = shownForms_.back()->hWnd();
-    }
+    message.owner = dialogOwner();
     return system_.messageBox(message);
 }
+
+sys::WindowHandle Application::dialogOwner() { return shownForms_.empty() ? 0 : shownForms_.back()->hWnd(); }
 
 void Application::formShows(Form& form) {
     shownForms_.push_back(&form);

@@ -52,6 +52,9 @@ public:
     /// One with a single button.
     void showMessage(const std::string& text) { ask({.text = text}); }
 
+    /// The window that a dialog of the system belongs to: that of the form that was shown last; 0 for none.
+    sys::WindowHandle dialogOwner();
+
     /// What happens to a failure that no one caught: the process ends with a code that is not 0, after a
     /// message box with the description if `showFailures` was called.
     [[noreturn]] void reportFailure(const Failure& failure);

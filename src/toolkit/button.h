@@ -14,6 +14,8 @@ public:
 
     /// A click by mouse or keyboard.
     virtual void userClicked() = 0;
+    /// Another program has set the mark, or cleared it: an assignment in the user's place.
+    virtual void userMarked(bool /*marked*/) {}
 
 protected:
     Button(Container& container, const Design& design, const sys::ButtonStyle& style)

@@ -18,6 +18,7 @@ public:
     void setValue(std::int16_t value);
 
     void userClicked() override;
+    void userMarked(bool marked) override { setValue(marked ? 1 : 0); }
 
 private:
     void load() override;

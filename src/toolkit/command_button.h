@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 
 namespace toolkit {
 
@@ -13,13 +14,14 @@ struct CommandButtonDesign {
     std::span<const std::uint8_t> icon{}; // the bytes of an icon file
     bool isDefault = false;               // Enter is a click on it
     bool isCancel = false;                // Escape is
+    std::string toolTip{};                // shown while the pointer rests on it
 };
 
 class CommandButton : public Button {
 public:
     CommandButton(Container& container, const Design& design, const CommandButtonDesign& button)
         : Button(container, design,
-                 {sys::ButtonKind::command, button.caption, button.icon, button.isDefault}),
+                 {sys::ButtonKind::command, button.caption, button.icon, button.isDefault, button.toolTip}),
           isDefault_(button.isDefault), isCancel_(button.isCancel) {}
 
     bool isDefault() const { return isDefault_; }

@@ -1,9 +1,10 @@
 #include "toolkit/file_list.h"
 
+#include "system/wildcard.h"
 #include "toolkit/application.h"
 #include "toolkit/text.h"
 
-#include <unordered_set>
+#include <algorithm>
 
 namespace toolkit {
 
@@ -57,21 +58,13 @@ void FileList::enter(const std::string& whole) {
 }
 
 std::vector<std::string> FileList::matching(const std::string& whole) const {
-    const std::string folder = whole + (whole.ends_with('\\') ? "" : "\\");
     const std::vector<std::string> parts = partsOf(pattern_);
-    if (parts.size() == 1) {
-        return files().list(folder + parts.front());
-    }
-    std::unordered_set<std::string> wanted;
-    for (const std::string& part : parts) {
-        wanted.merge([&] {
-            const auto names = files().list(folder + part);
-            return std::unordered_set<std::string>(names.begin(), names.end());
-        }());
-    }
-    // Only one listing of all tells the order among the names of different parts.
-    std::vector<std::string> names = files().list(folder + "*");
-    std::erase_if(names, [&](const std::string& name) { return !wanted.contains(name); });
+    // One listing for all parts, in whose order their names come.
+    std::vector<std::string> names = files().list(whole + (whole.ends_with('\\') ? "*" : "\\*"));
+    std::erase_if(names, [&](const std::string& name) {
+        return std::ranges::none_of(parts,
+                                    [&](const std::string& part) { return sys::patternFinds(part, name); });
+    });
     return names;
 }
 

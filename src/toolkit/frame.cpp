@@ -4,6 +4,12 @@
 
 namespace toolkit {
 
+void Frame::refresh() {
+    if (hasWindow()) {
+        window().refresh();
+    }
+}
+
 void Frame::formShown() {
     if (container().showsControls()) {
         window();

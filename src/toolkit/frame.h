@@ -17,8 +17,8 @@ public:
     Frame(Container& container, const Design& design, const FrameDesign& frame = {})
         : Control(container, design), design_(frame) {}
 
-    /// Asks for a repaint. The system paints a frame by itself, so that nothing is left to do.
-    void refresh() {}
+    /// Brings it, with all that stands in it, to the screen at once.
+    void refresh();
 
     Form& host() override { return form(); }
     sys::Window& nativeWindow() override { return window(); }

@@ -5,6 +5,7 @@
 #include "toolkit/failure_handling.h"
 #include "toolkit/form.h"
 #include "toolkit/item_list.h"
+#include "toolkit/list_view.h"
 #include "toolkit/scroll_bar.h"
 #include "toolkit/text_box.h"
 
@@ -97,16 +98,22 @@ void Input::buttonClicked(sys::WindowHandle button) {
     deliverTo<Button>(button, [](Button& clicked) { clicked.userClicked(); });
 }
 
+void Input::buttonMarked(sys::WindowHandle button, bool marked) {
+    deliverTo<Button>(button, [&](Button& changed) { changed.userMarked(marked); });
+}
+
 void Input::textChanged(sys::WindowHandle textBox, const std::string& text) {
     deliverTo<TextBox>(textBox, [&](TextBox& box) { box.userTyped(text); });
 }
 
 void Input::itemSelected(sys::WindowHandle list, int index) {
     deliverTo<ItemList>(list, [&](ItemList& items) { items.userSelected(index); });
+    deliverTo<ListView>(list, [&](ListView& rows) { rows.userSelected(index); });
 }
 
 void Input::itemActivated(sys::WindowHandle list, int index) {
     deliverTo<ItemList>(list, [&](ItemList& items) { items.userActivated(index); });
+    deliverTo<ListView>(list, [&](ListView& rows) { rows.userActivated(index); });
 }
 
 void Input::scrollBarMoved(sys::WindowHandle scrollBar, sys::ScrollStep step, int position) {

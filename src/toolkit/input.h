@@ -29,6 +29,7 @@ public:
     int characterTyped(sys::WindowHandle window, int character) override;
     void focusGained(sys::WindowHandle window) override;
     void buttonClicked(sys::WindowHandle button) override;
+    void buttonMarked(sys::WindowHandle button, bool marked) override;
     void textChanged(sys::WindowHandle textBox, const std::string& text) override;
     void itemSelected(sys::WindowHandle list, int index) override;
     void itemActivated(sys::WindowHandle list, int index) override;

@@ -73,6 +73,14 @@ void ItemList::replaceItem(std::int16_t index, const std::string& text) {
     }
 }
 
+void ItemList::eraseItem(std::int16_t index) {
+    items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(checked(index)));
+    selected_ = -1;
+    if (hasWindow()) {
+        nativeList().setItems(items_);
+    }
+}
+
 std::size_t ItemList::checked(std::int16_t index) const {
     if (index < 0 || static_cast<std::size_t>(index) >= items_.size()) {
         throw Failure(FailureCode::subscriptOutOfRange);

@@ -44,6 +44,8 @@ protected:
     void assumeItems(std::vector<sys::ListItem> items, std::int16_t selected = -1);
     void appendItem(const std::string& text);
     void replaceItem(std::int16_t index, const std::string& text);
+    /// Nothing is selected then.
+    void eraseItem(std::int16_t index);
 
 private:
     std::unique_ptr<sys::Window> makeWindow() override;

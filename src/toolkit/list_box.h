@@ -11,6 +11,8 @@ public:
 
     void addItem(const std::string& text) { appendItem(text); }
     void clear() { assumeItems({}); }
+    /// Fails with 9 outside the list; nothing is selected then.
+    void removeItem(std::int16_t index) { eraseItem(index); }
     /// Fails with 9 outside the list.
     void setList(std::int16_t index, const std::string& text) { replaceItem(index, text); }
 };

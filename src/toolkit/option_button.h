@@ -20,6 +20,7 @@ public:
     void setValue(bool value);
 
     void userClicked() override { setValue(true); }
+    void userMarked(bool marked) override { setValue(marked); }
 
 private:
     void load() override;

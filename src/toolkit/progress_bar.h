@@ -1,29 +1,25 @@
 // A progress bar, from 0 to 100.
 #pragma once
 
-#include "system/failure.h"
 #include "toolkit/control.h"
+
+#include <memory>
 
 namespace toolkit {
 
-class ProgressBar : public HiddenControl {
+class ProgressBar : public Control {
 public:
-    ProgressBar(Container& container, const Design& design) : HiddenControl(container, design) {}
+    ProgressBar(Container& container, const Design& design) : Control(container, design) {}
 
     float value() const { return value_; }
     /// Fails with 380 outside of 0 to 100.
-    void setValue(float value) {
-        if (!(value >= 0 && value <= 100)) {
-            throw Failure(FailureCode::invalidPropertyValue);
-        }
-        value_ = value;
-    }
+    void setValue(float value);
+    /// Brings it to the screen at once.
+    void refresh();
 
 private:
-    void load() override {
-        HiddenControl::load();
-        value_ = 0;
-    }
+    void load() override;
+    std::unique_ptr<sys::Window> makeWindow() override;
 
     float value_ = 0;
 };

@@ -1,6 +1,8 @@
+#include "startup/marrowfieldry.h"
 #include "tools/arguments.h"
 #include "tools/commands.h"
 #include "tools/designer_run.h"
+#include "tools/host_files.h"
 #include "tools/json.h"
 
 #include <iostream>
@@ -8,7 +10,7 @@
 namespace tools {
 
 int inspectTemplate(const std::vector<std::string>& words) {
-    const Arguments arguments(words, {"--drive"});
+    const Arguments arguments(words, {"--drive", "--write"});
     if (arguments.plain().size() != 1) {
         throw WrongCall("template takes one path");
     }
@@ -29,6 +31,11 @@ int inspectTemplate(const std::vector<std::string>& words) {
                {"comment", column(frmDesigner::commentsColumn)},
                {"imagePath", jsonText(form.lstImagePath.list(index))},
                {"soundPath", jsonText(form.lstSoundPath.list(index))}});
+    }
+    if (arguments.has("--write")) {
+        const std::string target = AddBackslash(run.machine().identity().folder) + "template.txt";
+        run.form().WriteTemplate(target);
+        store(arguments.one("--write"), run.machine().files().content(target));
     }
     return 0;
 }

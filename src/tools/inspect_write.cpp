@@ -4,24 +4,14 @@
 #include "tools/designer_run.h"
 #include "tools/host_files.h"
 
-#include <algorithm>
 #include <filesystem>
+#include <optional>
 
 namespace tools {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-/// Where a Windows path leads on this machine; "" when it leads to no drive that was given.
-fs::path hostPath(const std::string& path, const DriveFolders& drives) {
-    if (path.size() < 3 || path[1] != ':' || !drives.contains(path[0])) {
-        return {};
-    }
-    std::string relative = path.substr(3);
-    std::ranges::replace(relative, '\\', '/');
-    return fs::path(drives.at(path[0])) / relative;
-}
 
 bool same(const fs::path& one, const fs::path& other) {
     std::error_code error;
@@ -30,11 +20,15 @@ bool same(const fs::path& one, const fs::path& other) {
 
 /// The program's own refusal knows no names of this machine.
 void requireNothingLost(const std::string& out, const std::string& program, const std::string& templatePath,
-                        frmDesigner& form, const DriveFolders& drives) {
-    bool lost = same(out, program) || same(out, hostPath(templatePath, drives));
+                        DesignerRun& run) {
+    const auto isOut = [&](const std::string& path) {
+        const std::optional<std::string> file = run.machine().files().hostPath(path);
+        return file && same(out, *file);
+    };
+    bool lost = same(out, program) || isOut(templatePath);
+    const frmDesigner& form = run.form();
     for (std::int16_t row = 0; row < form.ListView1.rowCount(); ++row) {
-        lost = lost || same(out, hostPath(form.lstImagePath.list(row), drives)) ||
-               same(out, hostPath(form.lstSoundPath.list(row), drives));
+        lost = lost || isOut(form.lstImagePath.list(row)) || isOut(form.lstSoundPath.list(row));
     }
     if (lost) {
         throw WrongCall("\"" + out + "\" is needed for the package, and would be lost");
@@ -51,12 +45,11 @@ int inspectWrite(const std::vector<std::string>& words) {
     const std::string& out = arguments.one("--out");
     const std::string& program = arguments.one("--exe");
     const std::string& templatePath = arguments.one("--template");
-    const DriveFolders drives = drivesFrom(arguments.all("--drive"));
 
-    DesignerRun run(drives);
+    DesignerRun run(drivesFrom(arguments.all("--drive")));
     run.machine().files().addFile(ownFileName(), contentOf(program));
     run.load(templatePath);
-    requireNothingLost(out, program, templatePath, run.form(), drives);
+    requireNothingLost(out, program, templatePath, run);
     const std::string target = AddBackslash(run.machine().identity().folder) + "package.scr";
     run.form().takeSoundMode();
     run.form().WritePackage(target);

@@ -1,7 +1,8 @@
 // list_time ROUNDS COUNT FOLDER
 //
 // A file list that takes a folder of so many files, which are made first, and in turn with it the system's
-// own list box filled with the same names.
+// own list box filled with the same names, which it is handed, and filled by the system, which looks for them
+// in the folder itself. Besides: how long the system takes to list the folder, and no more.
 #include "measure.h"
 
 #include "system/win32/system_win32.h"
@@ -41,6 +42,26 @@ void fill(HWND list, const std::vector<std::string>& names) {
     InvalidateRect(list, nullptr, TRUE);
 }
 
+void fillBySystem(HWND list, const std::string& pattern) {
+    SendMessageA(list, WM_SETREDRAW, FALSE, 0);
+    SendMessageA(list, LB_RESETCONTENT, 0, 0);
+    SendMessageA(list, LB_DIR, DDL_READWRITE, reinterpret_cast<LPARAM>(pattern.c_str()));
+    SendMessageA(list, WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(list, nullptr, TRUE);
+}
+
+/// Looks at each file of a folder; gives their number.
+int listBare(const std::string& pattern) {
+    WIN32_FIND_DATAA entry;
+    HANDLE const search = FindFirstFileA(pattern.c_str(), &entry);
+    int files = 0;
+    do {
+        files += (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0 ? 1 : 0;
+    } while (FindNextFileA(search, &entry) != 0);
+    FindClose(search);
+    return files;
+}
+
 /// Milliseconds until what it does is on the screen.
 template <class Action> double timeOf(const measure::Screen& screen, HWND window, const Action& action) {
     const double begun = measure::now();
@@ -72,18 +93,30 @@ int main(int, char** arguments) {
         const measure::Screen screen;
         std::vector<double> product;
         std::vector<double> bareTimes;
+        std::vector<double> systemTimes;
+        std::vector<double> listingTimes;
         for (int round = 0; round <= rounds; ++round) {
             form.files.setPath(arguments[3]);
             const double ownTime = timeOf(screen, own, [&] { form.files.setPath(folder); });
             measure::require(SendMessageA(own, LB_GETCOUNT, 0, 0) == count, "all files in the list");
             const double bareTime = timeOf(screen, bare, [&] { fill(bare, names); });
+            const double systemTime = timeOf(screen, bare, [&] { fillBySystem(bare, folder + "\\*"); });
+            measure::require(SendMessageA(bare, LB_GETCOUNT, 0, 0) == count,
+                             "all files in the system's list");
+            const double listingTime = timeOf(screen, bare, [&] {
+                measure::require(listBare(folder + "\\*") == count, "all files in the listing");
+            });
             // The first round brings the folder into memory.
             if (round > 0) {
                 product.push_back(ownTime);
                 bareTimes.push_back(bareTime);
+                systemTimes.push_back(systemTime);
+                listingTimes.push_back(listingTime);
             }
         }
         measure::report("list.product", product);
         measure::report("list.bare", bareTimes);
+        measure::report("list.system", systemTimes);
+        measure::report("list.listing", listingTimes);
     });
 }

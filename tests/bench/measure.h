@@ -78,6 +78,7 @@ public:
     int height() const { return GetSystemMetrics(SM_CYSCREEN); }
     COLORREF centre() const { return pixel(width() / 2, height() / 2); }
     COLORREF corner() const { return pixel(margin, margin); }
+    COLORREF at(POINT place) const { return pixel(place.x, place.y); }
 
     /// Whether the centre and four places near the corners have the colour.
     bool covered(COLORREF color) const {
@@ -179,11 +180,16 @@ public:
 
     HANDLE process() const { return process_.hProcess; }
 
+    /// Milliseconds from the start until the condition holds.
+    template <class Condition> double timeUntil(const Condition& condition, const char* what) const {
+        waitUntil(condition, what);
+        return now() - startTime_;
+    }
+
     /// Milliseconds from the start until the screen is black; then the caption has to be on a window that is
     /// seen.
     double waitForBlack(const Screen& screen, const std::string& caption) const {
-        waitUntil([&] { return screen.covered(black); }, "a black screen");
-        const double elapsed = now() - startTime_;
+        const double elapsed = timeUntil([&] { return screen.covered(black); }, "a black screen");
         require(IsWindowVisible(FindWindowA(nullptr, caption.c_str())) != 0, "the window of the program");
         return elapsed;
     }

@@ -1,6 +1,9 @@
 #include "contract/contract_test.h"
+#include "system/wildcard.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace contract {
 
@@ -201,6 +204,17 @@ TEST_F(Files, Exists_KnowsPlainFilesOnly) {
     EXPECT_FALSE(files.exists(""));
 }
 
+TEST_F(Files, Length_IsThatOfAPlainFile) {
+    write("a.txt", "abc");
+    driver->addFolder(path("sub"));
+    EXPECT_EQ(files.length(path("A.TXT")), 3);
+    const auto file = files.open(path("a.txt"), Access::append);
+    EXPECT_EQ(files.length(path("a.txt")), 3) << "while it is written";
+    for (const std::string& other : {path("b.txt"), path("sub"), path("none\\a.txt"), std::string()}) {
+        EXPECT_EQ(files.length(other), 0) << other;
+    }
+}
+
 TEST_F(Files, List_FindsByPattern) {
     for (const char* name : {"a.jpg", "B.JPG", "c.gif", "ab.jpg", "noextension"}) {
         write(name, "");
@@ -223,6 +237,21 @@ TEST_F(Files, List_OfAnExtensionOfThreeLettersFindsLongerOnes) {
     EXPECT_THAT(files.list(path("*.jpe")), UnorderedElementsAre("a.jpeg", "b.jpe", "d.jpex"));
     EXPECT_THAT(files.list(path("*.jpeg")), UnorderedElementsAre("a.jpeg"));
     EXPECT_THAT(files.list(path("*.jpg")), UnorderedElementsAre("c.jpg"));
+}
+
+TEST_F(Files, List_FindsWhatTheRuleOfPatternsSays) {
+    const std::vector<std::string> names = {"a.jpg", "a.b.JPG",   "b.jpeg", "c.jpe",
+                                            "plain", "a.jpg.txt", "wmf"};
+    for (const std::string& name : names) {
+        write(name, "");
+    }
+    for (const char* pattern :
+         {"*", "*.*", "*.jpg", "*.jpe", "*.jpeg", "*.wmf", "a*", "?.jpg", "*.j*", "plain"}) {
+        std::vector<std::string> expected;
+        std::ranges::copy_if(names, std::back_inserter(expected),
+                             [&](const std::string& name) { return sys::patternFinds(pattern, name); });
+        EXPECT_THAT(files.list(path(pattern)), testing::UnorderedElementsAreArray(expected)) << pattern;
+    }
 }
 
 TEST_F(Files, List_LeavesHiddenFilesOut) {

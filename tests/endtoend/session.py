@@ -210,5 +210,9 @@ class Session:
         else:
             self.probe.ask("set", key, name, "text", value)
 
+    def values(self, key):
+        """The values of a key of the current user, as they are stored: type and bytes by their names."""
+        return {name: (int(kind), data) for name, kind, data in self.probe.ask("values", key)}
+
     def clear_key(self, key):
         self.probe.ask("clear", key)

@@ -1,62 +1,39 @@
-"""The settings dialog, worked from outside through its real windows."""
+"""The settings dialog, worked by mouse, keyboard and messages, and what a show makes of its settings."""
 
 import os
 
-from case import EndToEndCase
+from case import SETTINGS, EndToEndCase
+from dialog import BM_CLICK, CB_SETCURSEL, LBN_DBLCLK, LBN_SELCHANGE, Dialog
 from pictures import quarters
 from session import wait_until
+from test_package import PackageCase
 
-WM_CLOSE = 0x10
-BM_CLICK = 0xF5
-LB_SETCURSEL = 0x186
-WM_COMMAND = 0x111
-WM_HSCROLL = 0x114
-LBN_SELCHANGE, LBN_DBLCLK = 1, 2
-SB_THUMBPOSITION = 4
+BM_GETCHECK, BM_SETCHECK = 0xF0, 0xF1
+REG_SZ = 1
 
-
-class Dialog:
-    """The dialog of a started product."""
-
-    def __init__(self, test, show):
-        self._probe = test.probe
-        self.show = show
-        self.form = wait_until(self._find, "the dialog doesn't come up")
-
-    def _find(self):
-        self.show.must_run()
-        return next((window for window in self._probe.windows()
-                     if window.text == "Tessellarium Settings" and window.visible), None)
-
-    def controls(self, kind, text=None):
-        """The visible ones of a class, in the order of the tab key."""
-        return [child for child in self._probe.children(self.form)
-                if child.kind.lower() == kind and child.visible and text in (None, child.text)]
-
-    def post(self, window, message, first=0, second=0):
-        self._probe.ask("post", window, message, first, second)
-        self._probe.settle(self.form)
-
-    def click(self, text, index=0):
-        self.post(self.controls("button", text)[index].handle, BM_CLICK)
-
-    def choose(self, box, index, *notices):
-        self.post(box.handle, LB_SETCURSEL, index)
-        for notice in notices:
-            self.post(box.parent, WM_COMMAND, notice << 16, box.handle)
-
-    def scroll(self, bar, position):
-        self.post(bar.parent, WM_HSCROLL, position << 16 | SB_THUMBPOSITION, bar.handle)
-
-    def wait_for_text(self, kind, text):
-        wait_until(lambda: self.controls(kind, text),
-                   lambda: f"no {text!r} among {[control.text for control in self.controls(kind)]}")
+KEYS = ["ImagePath", "ImageInterval", "ImageListFile", "FullScreen", "ImagePositionRandom", "ImageOrderRandom",
+        "AllImages", "Blocks", "DissolveType", "DissolveDelay", "MouseSensitivity", "IgnoreMouse"]
 
 
-class DialogTest(EndToEndCase):
+class DialogCase(EndToEndCase):
     def open(self, **settings):
         return Dialog(self, self.start("/c", **settings))
 
+    def windows_folder(self, *names):
+        """The folder of the test's pictures, or what lies in it, as the machine names it."""
+        return self.machine.windows_path(os.path.join(self.pictures, *names))
+
+    def stored(self):
+        return {name: data.rstrip("\0") for name, (_, data) in self.machine.values(SETTINGS).items()}
+
+    def check_show(self, frame):
+        """The settings, as they stand, bring this to the screen."""
+        show = self.start_program(self.program, "/s")
+        show.wait_for_frame(frame)
+        self.end_by_key(show)
+
+
+class DialogTest(DialogCase):
     def test_a_folder_chosen_in_the_dialog_is_shown(self):
         picture = self.add("a.bmp", quarters(300, 200))
         self.add("b.bmp", quarters(200, 100))
@@ -67,38 +44,170 @@ class DialogTest(EndToEndCase):
         dialog.click("Select", 1)
         folders, _ = dialog.controls("listbox")
         dialog.choose(folders, 2, LBN_SELCHANGE, LBN_DBLCLK)
-        dialog.wait_for_text("edit", self.machine.windows_path(self.pictures) + "\\")
+        dialog.wait_for_text("edit", self.windows_folder() + "\\")
         dialog.scroll(dialog.controls("scrollbar")[0], 1)
         dialog.wait_for_text("static", "Delay Interval: 1 Seconds")
         self.keep_shot(self.machine.shot(), "folder")
         dialog.click("Done")
         dialog.show.wait_for_end()
-        show = self.start_program(self.program, "/s")
-        show.wait_for_frame(self.frame().centre(picture))
-        self.end_by_key(show)
+        self.check_show(self.frame().centre(picture))
 
     def test_a_template_chosen_in_the_dialog_is_shown(self):
         picture = self.add("a.bmp", quarters(300, 200))
         self.write("t1.txt", b"IMAGE=a.bmp\r\n")
-        dialog = self.open(ImagePath=self.machine.windows_path(self.pictures) + "\\")
+        dialog = self.open(ImagePath=self.windows_folder() + "\\")
         dialog.click("Select")
         _, files = dialog.controls("listbox")
         dialog.choose(files, sorted(os.listdir(self.pictures)).index("t1.txt"), LBN_SELCHANGE)
-        dialog.wait_for_text("edit", self.machine.windows_path(os.path.join(self.pictures, "t1.txt")))
+        dialog.wait_for_text("edit", self.windows_folder("t1.txt"))
         dialog.click("Done")
         dialog.show.wait_for_end()
-        show = self.start_program(self.program, "/s")
-        show.wait_for_frame(self.frame().centre(picture))
-        self.end_by_key(show)
+        self.check_show(self.frame().centre(picture))
 
     def test_cancel_and_the_close_box_save_nothing(self):
         picture = self.add("a.bmp", quarters(300, 200))
-        for end in (lambda dialog: dialog.click("Cancel"),
-                    lambda dialog: dialog.post(dialog.form.handle, WM_CLOSE)):
+        for end in (lambda dialog: dialog.click("Cancel"), Dialog.close):
             dialog = self.open(AllImages="1")
             dialog.click("Full Screen")
             end(dialog)
             dialog.show.wait_for_end()
-            show = self.start_program(self.program, "/s")
-            show.wait_for_frame(self.frame().centre(picture))
-            self.end_by_key(show)
+            self.check_show(self.frame().centre(picture))
+
+    def test_done_writes_the_twelve_values_as_texts(self):
+        dialog = self.open(AllImages="1", DissolveType="Random Vertical")
+        dialog.click("Done")
+        dialog.show.wait_for_end()
+        values = self.machine.values(SETTINGS)
+        self.assertEqual(sorted(values), sorted(KEYS))
+        self.assertEqual({kind for kind, _ in values.values()}, {REG_SZ})
+        self.assertEqual({data.count("\0") for _, data in values.values()}, {1})
+        self.assertEqual(self.stored()["ImagePath"], self.windows_folder() + "\\")
+        self.assertEqual(self.stored()["DissolveType"], "Random Vertical")
+
+    def test_a_mark_or_an_item_set_by_another_program_counts(self):
+        dialog = self.open(AllImages="1", IgnoreMouse="0")
+        ignore, full, random = (dialog.controls("button", text)[0].handle
+                                for text in ("Ignore Mouse", "Full Screen", "Random"))
+        for button in ignore, full, random:
+            dialog.send(button, BM_SETCHECK, 1)
+        self.assertEqual(dialog.send(dialog.controls("button", "Original")[0].handle, BM_GETCHECK), 0)
+        dialog.click("Select", 1)
+        _, transitions = dialog.controls("combobox")
+        dialog.send(transitions.handle, CB_SETCURSEL, 3)
+        dialog.click("Done")
+        dialog.show.wait_for_end()
+        stored = self.stored()
+        self.assertEqual([stored[key] for key in ("IgnoreMouse", "FullScreen", "ImagePositionRandom",
+                                                  "ImageOrderRandom")], ["1", "1", "1", "0"])
+        self.assertEqual(stored["DissolveType"], "Top To Bottom")
+
+    def test_a_text_set_by_another_program_counts(self):
+        dialog = self.open(AllImages="1")
+        dialog.enter("C:\\somewhere")
+        dialog.click("Done")
+        dialog.show.wait_for_end()
+        self.assertEqual(self.stored()["ImagePath"], "C:\\somewhere\\")
+
+
+class FailureRoadsTest(DialogCase):
+    def done_with(self, text):
+        dialog = self.open(ImagePath=self.windows_folder() + "\\", AllImages="0")
+        dialog.enter(text)
+        dialog.click("Done")
+        return dialog
+
+    def test_a_template_in_a_missing_folder_is_asked_for_and_saved_on_ok(self):
+        box = ("Tessellarium", "The Template File You Have Specified Does Not Exist", ["OK", "Cancel"])
+        dialog = self.done_with("C:\\no such folder\\t.txt")
+        self.assertEqual(dialog.message_box(), box)
+        dialog.answer("Cancel")
+        dialog.wait_for_text("edit", "C:\\no such folder\\t.txt")
+        self.assertNotIn("Blocks", self.stored())
+        dialog.click("Done")
+        self.assertEqual(dialog.message_box(), box)
+        dialog.answer("OK")
+        dialog.show.wait_for_end()
+        self.assertEqual(self.stored()["ImagePath"], "C:\\no such folder\\")
+        self.assertEqual(self.stored()["ImageListFile"], "t.txt")
+
+    def test_what_can_not_be_opened_is_told_and_ends_the_dialog_unsaved(self):
+        for text, description in {self.windows_folder("none.txt"): "File not found",
+                                  self.windows_folder() + "\\": "Path/File access error",
+                                  self.windows_folder(): "Path/File access error",
+                                  "": "Path/File access error"}.items():
+            with self.subTest(text):
+                dialog = self.done_with(text)
+                self.assertEqual(dialog.message_box(),
+                                 ("Tessellarium", "An error has occurred: " + description, ["OK"]))
+                dialog.answer("OK")
+                dialog.show.wait_for_end()
+                self.assertNotIn("Blocks", self.stored())
+
+    def test_a_folder_that_has_vanished_ends_with_the_default_report(self):
+        os.mkdir(os.path.join(self.pictures, "inner"))
+        dialog = self.open(AllImages="1")
+        dialog.click("Select", 1)
+        folders, _ = dialog.controls("listbox")
+        os.rmdir(os.path.join(self.pictures, "inner"))
+        last = len(self.windows_folder().split("\\"))
+        dialog.choose(folders, last, LBN_SELCHANGE, LBN_DBLCLK)
+        self.assertEqual(dialog.message_box(), ("Tessellarium", "Path not found", ["OK"]))
+        dialog.answer("OK")
+        dialog.show.wait_for_end(code=1)
+
+
+class KilledTest(DialogCase):
+    def test_a_dialog_killed_while_it_saves_leaves_settings_that_a_start_reads(self):
+        picture = self.add("a.bmp", quarters(300, 200))
+        old = {"ImagePath": "C:\\", "ImageInterval": "1", "ImageListFile": "old.txt", "FullScreen": "0",
+               "ImagePositionRandom": "0", "ImageOrderRandom": "0", "AllImages": "1", "Blocks": "10",
+               "DissolveType": "Normal", "DissolveDelay": "0", "MouseSensitivity": "100", "IgnoreMouse": "0"}
+        new = {**old, "ImagePath": self.windows_folder() + "\\", "ImageListFile": "",
+               "ImageOrderRandom": "1", "Blocks": "20", "MouseSensitivity": "200", "IgnoreMouse": "1"}
+        reached = set()
+        for changes in range(1, 13):
+            dialog = self.open(**old)
+            dialog.enter(self.windows_folder())
+            dialog.click("Random", 1)
+            dialog.click("Ignore Mouse")
+            _, size, _, mouse = dialog.controls("scrollbar")
+            dialog.scroll(size, 20)
+            dialog.scroll(mouse, 200)
+            self.probe.ask("kill at change", dialog.form.process, SETTINGS, changes)
+            self.probe.ask("post", dialog.controls("button", "Done")[0].handle, BM_CLICK, 0, 0)
+            wait_until(lambda: not dialog.show.running(), "it isn't ended")
+            stored = self.stored()
+            self.assertEqual(sorted(stored), sorted(KEYS))
+            written = [stored[key] == new[key] for key in KEYS if old[key] != new[key]]
+            self.assertEqual(written, sorted(written, reverse=True), "in their order")
+            self.assertEqual([stored[key] for key in KEYS if stored[key] not in (old[key], new[key])], [])
+            reached.add(sum(written))
+            Dialog(self, self.start_program(self.program, "/c")).close()
+            if all(written):
+                self.check_show(self.frame().centre(picture))
+        self.assertTrue(reached - {0, 6}, f"none was killed in the midst of saving: {reached}")
+
+
+class StandAloneDialogTest(PackageCase, DialogCase):
+    def open_package(self, **settings):
+        self.add("a.bmp", quarters(300, 200))
+        package = self.write_package("IMAGE=a.bmp")
+        self.machine.clear_key(SETTINGS)
+        for name, value in settings.items():
+            self.machine.set_value(SETTINGS, name, value)
+        return Dialog(self, self.start_program(package, "/c"))
+
+    def test_no_other_content_can_be_chosen_and_the_rest_is_saved(self):
+        dialog = self.open_package(AllImages="1")
+        guidance = dialog.controls("edit")[1].text
+        self.assertTrue(guidance.startswith("Tessellarium is running in Stand-Alone Mode.\r\n"), guidance)
+        disabled = 0x08000000
+        self.assertEqual([button.text for button in dialog.controls("button") if button.style & disabled],
+                         ["Template Mode", "Select", "New", "Edit", "Folder Mode", "Select"])
+        self.assertEqual([dialog.send(dialog.controls("button", text)[0].handle, BM_GETCHECK)
+                          for text in ("Template Mode", "Folder Mode")], [0, 0])
+        dialog.click("Full Screen")
+        dialog.click("Done")
+        dialog.show.wait_for_end()
+        self.assertEqual(self.stored()["FullScreen"], "1")
+        self.assertEqual(self.stored()["DissolveType"], "Normal")

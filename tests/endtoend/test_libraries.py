@@ -69,6 +69,13 @@ class LibrariesTest(EndToEndCase):
         self.end_by_key(show)
         self.assertEqual(self.loaded(self.folder), set())
 
+    def test_a_show_starts_without_the_common_controls(self):
+        self.add("a.gif", quarters(320, 160))
+        show = self.start_template("IMAGE=a.gif", "COMMENT=A text")
+        modules = [module for (module,) in self.probe.ask("modules", show.wait_for_form().process)]
+        self.assertEqual([module for module in modules if "comctl32" in module.lower()], [])
+        self.end_by_key(show)
+
     def test_other_roads_load_none_of_them(self):
         self.add_decoys(self.folder)
         for arguments in ["/a", "0"], ["/x"]:

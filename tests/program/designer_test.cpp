@@ -146,13 +146,16 @@ TEST_F(Designer, Load_MissingFile_TellsAndLeavesABlankRow) {
 }
 
 TEST_F(Designer, Load_ThatFailsHalfway_KeepsTheRowsReadSoFar) {
-    program.machine.files().addFile("C:\\t\\show.txt", "IMAGE=a.jpg\r\n");
-    program.machine.files().failTransfers("C:\\t\\show.txt");
-    form().TemplateFile = "C:\\t\\show.txt";
-    form().PerformLoad();
+    constexpr int readable = 300'000; // more than is read ahead
+    form().setCaption("Template Designer - former");
+    program.machine.files().failTransfers("C:\\t\\show.txt", readable);
+    load({"IMAGE=a.jpg", "one", std::string(readable, 'c'), "IMAGE=b.jpg"});
     EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: Device I/O error"));
-    EXPECT_EQ(form().ListView1.rowCount(), 1);
-    EXPECT_THAT(row(1), ElementsAre("", "", "", "", "", ""));
+    EXPECT_EQ(form().ListView1.rowCount(), 2);
+    EXPECT_THAT(row(1), ElementsAre("a.jpg", "", "", "one", "C:\\t\\a.jpg", ""));
+    EXPECT_THAT(row(2), ElementsAre("", "", "", "", "", ""));
+    EXPECT_EQ(form().caption(), "Template Designer");
+    EXPECT_EQ(form().TemplateFile, "C:\\t\\show.txt");
     EXPECT_EQ(program.machine.files().openFiles(), 0);
 }
 

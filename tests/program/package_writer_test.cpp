@@ -150,8 +150,9 @@ TEST_F(PackageWriter, RowWithASoundAlone_HasNoImage) {
 }
 
 TEST_F(PackageWriter, Extensions_AreThreeCharacters) {
-    for (const auto& [name, extension] : {std::pair{"a.jpeg", "jpe"}, std::pair{"a.ra", "ra "},
-                                          std::pair{"a.m", "m  "}, std::pair{"a", "   "}}) {
+    for (const auto& [name, extension] :
+         {std::pair{"a.jpeg", "jpe"}, std::pair{"a.ra", "ra "}, std::pair{"a.m", "m  "},
+          std::pair{"a", "   "}, std::pair{"old.dir\\a", "dir"}}) {
         const std::string path = std::string("C:\\") + name;
         addFile(path, pattern(5000, 'a'));
         form().ClearRows();
@@ -223,6 +224,20 @@ TEST_F(PackageWriter, MissingImage_IsTold_AndTheFormerTargetIsGone) {
     EXPECT_FALSE(form().Frame2.visible());
 }
 
+TEST_F(PackageWriter, ImageThatCannotBeRead_IsMetWhereItIsCopied) {
+    addFile(target, "former");
+    addFile("C:\\a.jpg", "x");
+    program.machine.files().failOpening("C:\\a.jpg", FailureCode::permissionDenied);
+    addRow("C:\\a.jpg", "");
+    write();
+    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: Permission denied"));
+    EXPECT_EQ(package().size(), 3 * block) << "the program's copy stays";
+    EXPECT_THAT(package(), StartsWith(executable));
+    addRow("C:\\none.jpg", "");
+    write();
+    EXPECT_EQ(messages().back(), "Unable to locate image: C:\\none.jpg") << "it is looked for before";
+}
+
 TEST_F(PackageWriter, MissingSound_BecomesAnEmptyFile) {
     addRow("", "C:\\none.wav");
     write();
@@ -289,17 +304,30 @@ TEST_F(PackageWriter, FiveHundredRows_AreWritten) {
     EXPECT_EQ(form().ProgressBar1.value(), 100);
 }
 
-TEST_F(PackageWriter, FileOf100MillionBytes_IsRefused) {
-    // 97 pictures of 1005 blocks, and what is left up to the limit.
-    const std::string large = pattern(1'030'000, 'a');
-    addFile("C:\\a.jpg", large);
+TEST_F(PackageWriter, FileOf100MillionBytes_IsTheShortestThatIsRefused) {
+    addFile("C:\\a.jpg", pattern(1'030'000, 'a'));
+    addFile("C:\\b.jpg", pattern(60'000, 'b'));
     addFile(target, "former");
-    for (int count = 0; count < 98; ++count) {
+    for (int count = 0; count < 97; ++count) {
         addRow("C:\\a.jpg", "");
     }
+    constexpr std::size_t longComment = 20'000;
+    addRow("C:\\b.jpg", "", "", std::string(longComment, 'c'));
     write();
-    EXPECT_THAT(messages(), ElementsAre(HasSubstr("100000000")));
+    const std::string told =
+        "A screen saver stays below 100000000 bytes, and with this template it would have ";
+    ASSERT_THAT(messages(), ElementsAre(StartsWith(told)));
     EXPECT_EQ(package(), "former");
+
+    const std::size_t tooMany = std::stoul(messages().front().substr(told.size())) - 100'000'000;
+    form().ListView1.setText(98, 4, std::string(longComment - tooMany, 'c'));
+    write();
+    EXPECT_EQ(messages().back(), told + "100000000.");
+    EXPECT_EQ(package(), "former");
+    form().ListView1.setText(98, 4, std::string(longComment - tooMany - 1, 'c'));
+    write();
+    EXPECT_EQ(messages().size(), 2U);
+    EXPECT_EQ(program.machine.files().length(target), 99'999'999);
 }
 
 TEST_F(PackageWriter, TargetThatWouldBeLost_IsRefused) {
@@ -340,15 +368,17 @@ TEST_F(PackageWriter, RowThatGoesDuringTheCopy_Fails) {
     EXPECT_EQ(program.machine.files().openFiles(), 0);
 }
 
-TEST_F(PackageWriter, RowThatComesDuringTheCopy_HasNoSegment) {
+TEST_F(PackageWriter, RowThatComesDuringTheCopy_IsTold) {
     addFile("C:\\a.jpg", pattern(5000, 'a'));
     addRow("C:\\a.jpg", "");
     duringTheCopy([this] { addRow("C:\\a.jpg", ""); });
     write();
-    EXPECT_THAT(messages(), IsEmpty());
-    EXPECT_THAT(package(), EndsWith("00008125\r\n00000002\r\nTessellarium\r\n"));
-    EXPECT_THAT(package(), HasSubstr(" 3000 \r\n 8125 \r\n\r\n\r\n 0 \r\n 0 \r\n   \r\n 0 \r\n 0 \r\n"));
+    EXPECT_THAT(messages(), ElementsAre(StartsWith("The items have changed")));
+    EXPECT_FALSE(package().ends_with("Tessellarium\r\n"));
     EXPECT_EQ(form().ProgressBar1.value(), 50) << "of the rows that are there by then";
+    EXPECT_TRUE(form().ListView1.visible());
+    EXPECT_FALSE(form().Frame2.visible());
+    EXPECT_EQ(program.machine.files().openFiles(), 0);
 }
 
 // The inner write closes the files of both.
@@ -364,15 +394,16 @@ TEST_F(PackageWriter, WriteDuringTheCopy_FailsAndLetsTheOuterFail) {
     EXPECT_EQ(program.machine.files().openFiles(), 0);
 }
 
-TEST_F(PackageWriter, LoadDuringTheCopy_FailsAndLeavesTheFilesOfTheWrite) {
+TEST_F(PackageWriter, LoadDuringTheCopy_FailsAndIsTold) {
     addFile("C:\\t.txt", "");
     addFile("C:\\a.jpg", pattern(5000, 'a'));
     addRow("C:\\a.jpg", "");
     form().TemplateFile = "C:\\t.txt";
     duringTheCopy([this] { form().PerformLoad(); });
     write();
-    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: File already open"));
-    EXPECT_THAT(package(), EndsWith("00008125\r\n00000001\r\nTessellarium\r\n"));
+    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: File already open",
+                                        StartsWith("The items have changed")));
+    EXPECT_FALSE(package().ends_with("Tessellarium\r\n"));
     EXPECT_EQ(program.machine.files().openFiles(), 0);
 }
 

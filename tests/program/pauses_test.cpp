@@ -36,6 +36,11 @@ TEST_F(Pauses, Length_IsTheDelayDividedAndRounded) {
     EXPECT_EQ(lengthOf(35, 10), 4);
 }
 
+TEST_F(Pauses, Rounding_IsThatOfTheEnd) {
+    program.machine.platform().setTickCount(1);
+    EXPECT_EQ(lengthOf(25, 10), 3) << "3.5 ticks are rounded to the even 4";
+}
+
 TEST_F(Pauses, NoDelay_StillYieldsOnce) {
     EXPECT_EQ(lengthOf(0, 10), 1) << "one look at an empty queue";
     EXPECT_THAT(program.trace, ElementsAre("S: MainForm Pause", "E: MainForm Pause"));

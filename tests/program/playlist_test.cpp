@@ -128,10 +128,11 @@ TEST_F(Playlist, TemplateThatIsAFolder_LeavesTheFailureText) {
 }
 
 TEST_F(Playlist, TemplateFailingMidway_StaysOpenAndClearsTheList) {
-    program.useTemplate({"IMAGE=a.gif"});
-    program.machine.files().failTransfers("C:\\t\\t.txt");
-    program.start("/s");
+    constexpr int readable = 300'000; // more than is read ahead
+    program.machine.files().failTransfers("C:\\t\\t.txt", readable);
+    show({"SOUNDSYNC=2", "IMAGE=a.gif", "one", std::string(readable, 'c')});
     EXPECT_THAT(names(), IsEmpty());
+    EXPECT_EQ(shared.SoundMode, 2) << "what was read before";
     EXPECT_THAT(shared.ImageComments[0], testing::EndsWith("\r\nDevice I/O error"));
     EXPECT_EQ(program.machine.files().openFiles(), 1);
 }

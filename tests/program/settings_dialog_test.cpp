@@ -1,89 +1,15 @@
-// The settings dialog: how it comes up, its modes, its lists, "Done", help and home page.
-#include "designer/frm_designer.h"
-#include "settings/frm_about.h"
-#include "settings/frm_config.h"
+// The settings dialog: how it comes up, its modes and its controls.
+#include "program/settings_dialog.h"
 #include "settings/guidance.h"
-#include "startup/settings.h"
-#include "startup/shared_state.h"
-#include "support/program.h"
-
-#include <gmock/gmock.h>
 
 #include <map>
 
 namespace {
 
-using sys::MessageAnswer;
 using sys::ScrollStep;
 using sys::simulated::ShownMessage;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr sys::MessageIcon noIcon = sys::MessageIcon::none;
-
-class SettingsDialog : public testing::Test {
-protected:
-    SettingsDialog() {
-        program.machine.files().addFolder("C:\\pics\\inner");
-        program.machine.files().addFile("C:\\pics\\a.bmp", "");
-        program.machine.files().addFile("C:\\pics\\b.txt", "");
-        program.machine.files().addFile("C:\\t\\show.txt", "");
-        program.machine.files().addFile("C:\\t\\zoo.txt", "");
-    }
-
-    frmConfig& open() {
-        program.start("/c");
-        return form();
-    }
-    frmConfig& form() { return program.application().form<frmConfig>(); }
-    frmConfig& openInFolderMode(const std::string& folder = "C:\\pics\\") {
-        program.setting("AllImages", "1");
-        program.setting("ImagePath", folder);
-        return open();
-    }
-    frmConfig& openInTemplateMode() {
-        program.setting("ImagePath", "C:\\t\\");
-        program.setting("ImageListFile", "show.txt");
-        return open();
-    }
-    frmConfig& openStandAlone() {
-        open().unload();
-        shared.RunMode = standAloneMode;
-        form().show();
-        return form();
-    }
-
-    void click(toolkit::Element& control) {
-        program.machine.user().clickOn(control.hWnd());
-        program.advance(0);
-    }
-    void select(toolkit::ItemList& list, int index) {
-        program.machine.user().selectItem(list.hWnd(), index);
-        program.advance(0);
-    }
-    void enterFolder(toolkit::FolderList& list, int index) {
-        program.machine.user().activateItem(list.hWnd(), index);
-        program.advance(0);
-    }
-    void type(const std::string& text) {
-        program.machine.user().enterText(form().txtImageListFile.hWnd(), text);
-        program.advance(0);
-    }
-    std::string stored(const std::string& key) {
-        return program.machine.settings()
-            .read(settings::application, settings::section, key)
-            .value_or("(none)");
-    }
-    std::string panel() {
-        const frmConfig& dialog = form();
-        return std::string(dialog.TextFrame.visible() ? "text" : "") +
-               (dialog.TemplateFrame.visible() ? "template" : "") +
-               (dialog.FolderFrame.visible() ? "folder" : "");
-    }
-    const std::vector<ShownMessage>& messages() { return program.machine.messageBoxes(); }
-
-    Program program;
-};
 
 // How it comes up
 
@@ -166,6 +92,59 @@ TEST_F(SettingsDialog, Load_EmptyDissolveType_SelectsBehindTheLastNameAndFails) 
     EXPECT_THAT(messages(), ElementsAre(ShownMessage{"Invalid property value", "Tessellarium"}));
 }
 
+TEST_F(SettingsDialog, Load_TemplateModeWithoutATemplate_ShowsTheBareFolder) {
+    program.setting("ImagePath", "C:\\t");
+    EXPECT_EQ(open().txtImageListFile.text(), "C:\\t\\") << "the arrangement has made it end in a backslash";
+}
+
+TEST_F(SettingsDialog, Load_NoFolderAtAll_LeavesTheListsWhereTheMachineIs) {
+    program.setting("ImagePath", "");
+    for (const char* mode : {"0", "1"}) {
+        program.setting("AllImages", mode);
+        program.start("/c");
+        EXPECT_EQ(form().Dir1.path(), "T:\\Tessellarium");
+        EXPECT_EQ(form().Dir2.path(), "T:\\Tessellarium");
+        EXPECT_EQ(form().txtImageListFile.text(), "");
+        EXPECT_EQ(shared.ImagePath, "");
+        form().unload();
+    }
+}
+
+TEST_F(SettingsDialog, Load_TransitionsStandInTheListInTheOrderOfTheTable) {
+    const frmConfig& dialog = open();
+    ASSERT_EQ(dialog.Combo1.listCount(), shared.DissolveLast + 1);
+    for (std::int16_t index = 0; index <= shared.DissolveLast; ++index) {
+        EXPECT_EQ(dialog.Combo1.list(index), shared.DissolveNames[static_cast<std::size_t>(index)]);
+    }
+}
+
+// Names
+
+/// Whether a screen reader finds a name for each control that keyboard or mouse can reach: its caption, or
+/// the label that stands before it.
+void expectNames(const sys::simulated::WindowNode& container) {
+    const sys::simulated::WindowNode* before = nullptr;
+    for (const sys::simulated::WindowNode* child : container.children()) {
+        const bool hasCaption = dynamic_cast<const sys::simulated::ButtonWindow*>(child) != nullptr;
+        if (child->takesKeyboard() && !hasCaption) {
+            EXPECT_TRUE(before != nullptr && !before->takesKeyboard() && !before->text().empty())
+                << "control with \"" << child->text() << '"';
+        }
+        expectNames(*child);
+        before = child;
+    }
+}
+
+TEST_F(SettingsDialog, ControlWithoutACaption_HasALabelBeforeIt) {
+    frmConfig& dialog = openInTemplateMode();
+    click(dialog.cmdSelectTemplate);
+    click(dialog.chkFolderMode);
+    click(dialog.cmdSelectFolder);
+    ASSERT_FALSE(program.machine.window(dialog.TemplateFrame.hWnd())->children().empty());
+    ASSERT_FALSE(program.machine.window(dialog.FolderFrame.hWnd())->children().empty());
+    expectNames(*program.machine.window(dialog.hWnd()));
+}
+
 // Modes
 
 TEST_F(SettingsDialog, FolderMode_ShowsItsGuidanceAndItsFolder) {
@@ -213,14 +192,35 @@ TEST_F(SettingsDialog, StandAlone_DisablesEveryWayToAnotherContent) {
                  dialog.cmdCreateTemplate.enabled() || dialog.cmdEditTemplate.enabled());
 }
 
-TEST_F(SettingsDialog, MissingDriveOrFolder_TakesTheListsToWhereTheMachineIs) {
-    frmConfig& dialog = openInFolderMode("Q:\\none\\");
-    EXPECT_EQ(dialog.Drive1.drive(), "C:");
-    EXPECT_EQ(dialog.Drive2.drive(), "C:");
-    EXPECT_EQ(dialog.Dir1.path(), "T:\\Tessellarium");
-    EXPECT_EQ(dialog.Dir2.path(), "T:\\Tessellarium");
-    EXPECT_THAT(messages(), IsEmpty());
-    EXPECT_FALSE(program.ended());
+TEST_F(SettingsDialog, MissingDriveOrFolder_TakesAllListsToWhereTheMachineIs) {
+    for (const char* folder : {"Q:\\none\\", "C:\\none\\", "none\\"}) {
+        for (const char* mode : {"0", "1"}) {
+            program.setting("AllImages", mode);
+            program.setting("ImagePath", folder);
+            program.start("/c");
+            EXPECT_EQ(form().Drive1.drive(), "C:") << folder;
+            EXPECT_EQ(form().Drive2.drive(), "C:") << folder;
+            EXPECT_EQ(form().Dir1.path(), "T:\\Tessellarium") << folder;
+            EXPECT_EQ(form().Dir2.path(), "T:\\Tessellarium") << folder;
+            EXPECT_THAT(messages(), IsEmpty());
+            EXPECT_FALSE(program.over());
+            form().unload();
+        }
+    }
+}
+
+TEST_F(SettingsDialog, FolderWithoutADrive_FailsAsADriveAndIsShownAllTheSame) {
+    program.machine.files().addFolder("T:\\Tessellarium\\pics");
+    frmConfig& dialog = openInFolderMode("pics\\");
+    EXPECT_EQ(dialog.Drive2.drive(), "C:") << "there is no drive P";
+    EXPECT_EQ(dialog.Dir2.path(), "T:\\Tessellarium\\pics");
+}
+
+TEST_F(SettingsDialog, WhereTheMachineIsFailsToo_EndsWithTheDefaultReport) {
+    program.machine.files().setReady('C', false);
+    openInFolderMode("Q:\\none\\");
+    EXPECT_EQ(program.exitCode(), 1);
+    EXPECT_THAT(messages(), ElementsAre(ShownMessage{"Device unavailable", "Tessellarium"}));
 }
 
 /// Each arrangement begins by hiding a frame; what stands in the boxes and the mode by then tells which of
@@ -281,7 +281,31 @@ TEST_F(SettingsDialog, TickedBoxClicked_StaysAndBringsTheGuidanceBack) {
     EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\t\\show.txt");
 }
 
-// Controls and lists
+TEST_F(SettingsDialog, StandAlone_TheKeyboardPassesWhatIsDisabled) {
+    constexpr int tab = 9;
+    frmConfig& dialog = openStandAlone();
+    EXPECT_EQ(program.machine.focusedWindow(), dialog.txtImageListFile.hWnd());
+    program.machine.user().press(tab);
+    program.advance(0);
+    EXPECT_EQ(program.machine.focusedWindow(), dialog.ScrollInterval.hWnd());
+}
+
+// Controls
+
+TEST_F(SettingsDialog, Select_OpensItsPanelAndChangesNothingElse) {
+    frmConfig& dialog = openInTemplateMode();
+    click(dialog.cmdSelectTemplate);
+    EXPECT_EQ(panel(), "template");
+    EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\t\\show.txt");
+    EXPECT_EQ(shared.ImageListFile, "show.txt");
+    dialog.unload();
+    frmConfig& other = openInFolderMode();
+    other.txtImageListFile.setText("typed");
+    click(other.cmdSelectFolder);
+    EXPECT_EQ(panel(), "folder");
+    EXPECT_EQ(other.txtImageListFile.text(), "typed");
+    EXPECT_EQ(shared.ImagePath, "C:\\pics\\");
+}
 
 TEST_F(SettingsDialog, Options_WriteTheirSettingsAtOnce) {
     frmConfig& dialog = open();
@@ -310,235 +334,26 @@ TEST_F(SettingsDialog, Bars_WriteTheirLabelsAlone) {
     EXPECT_EQ(shared.Blocks, 10);
 }
 
-TEST_F(SettingsDialog, TemplateLists_OnlyAClickOnAFileWrites) {
-    frmConfig& dialog = openInTemplateMode();
-    click(dialog.cmdSelectTemplate);
-    enterFolder(dialog.Dir1, 0);
-    EXPECT_EQ(dialog.File1.path(), "C:\\");
-    EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\t\\show.txt");
-    enterFolder(dialog.Dir1, 2);
-    ASSERT_EQ(dialog.Dir1.path(), "C:\\t");
-    select(dialog.File1, 1);
-    EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\t\\zoo.txt");
-    EXPECT_EQ(shared.ImageListFile, "zoo.txt");
-    type("other");
-    select(dialog.File1, 1);
-    EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\t\\zoo.txt") << "a click on the selected one counts";
-}
-
-TEST_F(SettingsDialog, FolderLists_EveryMoveWrites) {
-    frmConfig& dialog = openInFolderMode();
-    click(dialog.cmdSelectFolder);
-    EXPECT_EQ(panel(), "folder");
-    enterFolder(dialog.Dir2, 2);
-    EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\pics\\inner\\");
-    EXPECT_EQ(shared.ImageListFile, "C:\\pics\\inner\\");
-    EXPECT_EQ(dialog.File2.path(), "C:\\pics\\inner");
-    select(dialog.Drive2, 1);
-    EXPECT_EQ(dialog.txtImageListFile.text(), "T:\\Tessellarium\\");
-}
-
-TEST_F(SettingsDialog, DriveThatIsNotReady_EndsWithTheDefaultReport) {
-    program.machine.files().addMemoryDrive('D');
-    program.machine.files().setReady('D', false);
-    frmConfig& dialog = openInFolderMode();
-    click(dialog.cmdSelectFolder);
-    select(dialog.Drive2, 1);
-    EXPECT_EQ(program.exitCode(), 1);
-    EXPECT_THAT(messages(), ElementsAre(ShownMessage{"Device unavailable", "Tessellarium"}));
-}
-
-TEST_F(SettingsDialog, FolderThatVanished_EndsWithTheDefaultReport) {
-    frmConfig& dialog = openInFolderMode();
-    click(dialog.cmdSelectFolder);
-    program.machine.files().failOpening("C:\\pics\\inner", FailureCode::pathNotFound);
-    enterFolder(dialog.Dir2, 2);
-    EXPECT_EQ(program.exitCode(), 1);
-    EXPECT_THAT(messages(), ElementsAre(ShownMessage{"Path not found", "Tessellarium"}));
-}
-
-// "Done" and "Cancel"
-
-TEST_F(SettingsDialog, SyncPathsFromText_TakesTheTextApartByTheMode) {
+TEST_F(SettingsDialog, Bars_HaveTheirRangesAndSteps) {
+    frmConfig& dialog = open();
     struct Row {
-        std::int16_t mode;
-        const char* text;
-        const char* path;
-        const char* file;
+        toolkit::ScrollBar& bar;
+        int least, afterSmallStep, afterLargeStep, greatest;
     };
-    frmConfig& dialog = open();
     for (const Row& row :
-         {Row{0, "C:\\templates\\show.txt", "C:\\templates\\", "show.txt"},
-          Row{0, "show.txt", "\\", "show.txt"}, Row{0, "", "\\", ""},
-          Row{1, "C:\\pictures\\", "C:\\pictures\\", ""}, Row{1, "C:\\pictures", "C:\\pictures\\", ""},
-          Row{1, "C:\\templates\\show.txt", "C:\\templates\\show.txt\\", ""}}) {
-        shared.AllImages = row.mode;
-        dialog.txtImageListFile.setText(row.text);
-        dialog.SyncPathsFromText();
-        EXPECT_EQ(shared.ImagePath, row.path) << row.text;
-        EXPECT_EQ(shared.ImageListFile, row.file) << row.text;
+         {Row{dialog.ScrollInterval, 1, 2, 3, 120}, Row{dialog.ScrollDissolveSize, 10, 12, 22, 50},
+          Row{dialog.ScrollDissolveDelay, 0, 1, 11, 200},
+          Row{dialog.ScrollMouseSensitivity, 10, 11, 21, 500}}) {
+        const auto valueAfter = [&](ScrollStep step) {
+            program.machine.user().scroll(row.bar.hWnd(), step);
+            program.advance(0);
+            return row.bar.value();
+        };
+        EXPECT_EQ(valueAfter(ScrollStep::toStart), row.least) << row.bar.name();
+        EXPECT_EQ(valueAfter(ScrollStep::smallForward), row.afterSmallStep) << row.bar.name();
+        EXPECT_EQ(valueAfter(ScrollStep::largeForward), row.afterLargeStep) << row.bar.name();
+        EXPECT_EQ(valueAfter(ScrollStep::toEnd), row.greatest) << row.bar.name();
     }
-}
-
-TEST_F(SettingsDialog, Done_WritesTheTwelveValuesAsTexts) {
-    frmConfig& dialog = openInTemplateMode();
-    click(dialog.chkFullScreen);
-    click(dialog.chkPositionRandom);
-    click(dialog.chkOrderRandom);
-    click(dialog.chkIgnoreMouse);
-    program.machine.user().scroll(dialog.ScrollInterval.hWnd(), ScrollStep::toPosition, 33);
-    program.machine.user().scroll(dialog.ScrollDissolveSize.hWnd(), ScrollStep::toPosition, 34);
-    program.machine.user().scroll(dialog.ScrollDissolveDelay.hWnd(), ScrollStep::toPosition, 35);
-    program.machine.user().scroll(dialog.ScrollMouseSensitivity.hWnd(), ScrollStep::toPosition, 36);
-    program.advance(0);
-    dialog.Combo1.setListIndex(3);
-    click(dialog.cmdExit);
-    EXPECT_TRUE(program.over());
-    EXPECT_THAT(messages(), IsEmpty());
-    const std::map<std::string, std::string> expected = {{"ImagePath", "C:\\t\\"},
-                                                         {"ImageInterval", "33"},
-                                                         {"ImageListFile", "show.txt"},
-                                                         {"FullScreen", "1"},
-                                                         {"ImagePositionRandom", "1"},
-                                                         {"ImageOrderRandom", "1"},
-                                                         {"AllImages", "0"},
-                                                         {"Blocks", "34"},
-                                                         {"DissolveType", "Top To Bottom"},
-                                                         {"DissolveDelay", "35"},
-                                                         {"MouseSensitivity", "36"},
-                                                         {"IgnoreMouse", "1"}};
-    for (const auto& [key, value] : expected) {
-        EXPECT_EQ(stored(key), value) << key;
-    }
-    EXPECT_EQ(shared.DissolveType, "Normal") << "it goes straight to the store";
-    EXPECT_EQ(shared.IgnoreMouse, 0);
-}
-
-TEST_F(SettingsDialog, Cancel_WritesNothing) {
-    frmConfig& dialog = openInTemplateMode();
-    click(dialog.chkFullScreen);
-    click(dialog.cmdCancel);
-    EXPECT_TRUE(program.over());
-    EXPECT_EQ(stored("FullScreen"), "(none)");
-}
-
-TEST_F(SettingsDialog, Done_TemplateInAMissingFolder_AsksAndSavesOnOk) {
-    frmConfig& dialog = openInTemplateMode();
-    type("C:\\none\\show.txt");
-    program.machine.answerMessageBox(MessageAnswer::cancel);
-    click(dialog.cmdExit);
-    EXPECT_THAT(messages(), ElementsAre(ShownMessage{"The Template File You Have Specified Does Not Exist",
-                                                     "Tessellarium", sys::MessageButtons::okCancel, noIcon}));
-    EXPECT_TRUE(dialog.shown());
-    EXPECT_EQ(stored("ImageInterval"), "(none)");
-    EXPECT_EQ(shared.ImagePath, "C:\\none\\") << "rebuilt already";
-    program.machine.answerMessageBox(MessageAnswer::ok);
-    click(dialog.cmdExit);
-    EXPECT_TRUE(program.over());
-    EXPECT_EQ(stored("ImagePath"), "C:\\none\\");
-    EXPECT_EQ(stored("ImageListFile"), "show.txt");
-}
-
-TEST_F(SettingsDialog, Done_TemplateThatCanNotBeOpened_TellsAndEndsUnsaved) {
-    const std::map<std::string, std::string> failures = {{"C:\\t\\none.txt", "File not found"},
-                                                         {"C:\\t\\", "Path/File access error"},
-                                                         {"", "Path/File access error"}};
-    for (const auto& [text, description] : failures) {
-        frmConfig& dialog = openInTemplateMode();
-        type(text);
-        click(dialog.cmdExit);
-        EXPECT_EQ(messages().back(), (ShownMessage{"An error has occurred: " + description, "Tessellarium"}));
-        EXPECT_TRUE(program.over());
-        EXPECT_EQ(stored("ImageInterval"), "(none)");
-    }
-}
-
-TEST_F(SettingsDialog, Done_FolderMode_ChecksNothing) {
-    frmConfig& dialog = openInFolderMode();
-    type("Q:\\none");
-    click(dialog.cmdExit);
-    EXPECT_TRUE(program.over());
-    EXPECT_THAT(messages(), IsEmpty());
-    EXPECT_EQ(stored("ImagePath"), "Q:\\none\\");
-    EXPECT_EQ(stored("ImageListFile"), "");
-}
-
-TEST_F(SettingsDialog, Done_ModeThatIsNeitherZeroNorOne_ChecksNothing) {
-    program.setting("AllImages", "-1");
-    frmConfig& dialog = openInTemplateMode();
-    shared.AllImages = -1; // the boxes have made it 0 or 1 otherwise
-    type("C:\\none\\show.txt");
-    click(dialog.cmdExit);
-    EXPECT_TRUE(program.over());
-    EXPECT_EQ(stored("AllImages"), "-1");
-}
-
-// The designer
-
-TEST_F(SettingsDialog, NewAndEdit_ShowTheDesignerAndTakeItsTemplate) {
-    frmConfig& dialog = openInTemplateMode();
-    auto& designer = program.application().form<frmDesigner>();
-    designer.load();
-    program.machine.user(20).closeWindow(designer.hWnd());
-    program.machine.user().clickOn(dialog.cmdEditTemplate.hWnd());
-    program.advance(100);
-    EXPECT_EQ(designer.TemplateFile, "C:\\t\\show.txt");
-    EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\t\\show.txt");
-    designer.load();
-    program.machine.user(20).closeWindow(designer.hWnd());
-    program.machine.user().clickOn(dialog.cmdCreateTemplate.hWnd());
-    program.advance(100);
-    EXPECT_EQ(designer.TemplateFile, "");
-    EXPECT_EQ(dialog.txtImageListFile.text(), "");
-    EXPECT_EQ(shared.ImagePath, "\\");
-    EXPECT_TRUE(dialog.enabled());
-}
-
-// Help and home page
-
-TEST_F(SettingsDialog, Contents_CallsTheViewer) {
-    frmConfig& dialog = open();
-    program.machine.platform().forgetCalls();
-    program.machine.user().choose(dialog.hWnd(), "&Contents");
-    program.advance(0);
-    EXPECT_THAT(program.machine.platform().calls(),
-                ElementsAre("winHelp(" + std::to_string(dialog.hWnd()) +
-                            ", \"C:\\Program Files\\Tessellarium\\Tessellarium.HLP\", 3)"));
-}
-
-TEST_F(SettingsDialog, HomePage_AsksAndTheBannerDoesNot) {
-    frmConfig& dialog = open();
-    const std::string call =
-        "shellExecute(" + std::to_string(dialog.hWnd()) +
-        ", \"Open\", \"http://www.tessellarium.example/fw/Tessellarium/Tessellarium.html\", "
-        "\"\", \"T:\\Tessellarium\", 1)";
-    program.machine.platform().forgetCalls();
-    program.machine.answerMessageBox(MessageAnswer::no);
-    program.machine.user().choose(dialog.hWnd(), "&Home Page");
-    program.advance(0);
-    EXPECT_THAT(program.machine.platform().calls(), IsEmpty());
-    EXPECT_THAT(messages(), ElementsAre(ShownMessage{"Open the Tessellarium page in your browser?",
-                                                     "Tessellarium", sys::MessageButtons::yesNo, noIcon}));
-    program.machine.answerMessageBox(MessageAnswer::yes);
-    program.machine.user().choose(dialog.hWnd(), "&Home Page");
-    program.advance(0);
-    EXPECT_THAT(program.machine.platform().calls(), ElementsAre(call));
-    click(dialog.Picture1);
-    click(dialog.Picture1);
-    EXPECT_THAT(program.machine.platform().calls(), ElementsAre(call, call, call));
-    EXPECT_EQ(messages().size(), 2U);
-}
-
-TEST_F(SettingsDialog, About_ShowsTitleAndVersionUntilItsButtonOrEscape) {
-    frmConfig& dialog = open();
-    auto& about = program.application().form<frmAbout>();
-    program.machine.user(20).press(27);
-    program.machine.user().choose(dialog.hWnd(), "&About");
-    program.advance(10);
-    EXPECT_EQ(about.lblVersion.caption(), "Version 5.9.1");
-    EXPECT_EQ(about.lblTitle.caption(), "Tessellarium");
-    EXPECT_FALSE(about.shown());
-    EXPECT_TRUE(dialog.enabled());
 }
 
 } // namespace

@@ -326,6 +326,18 @@ TEST_F(ShowSound, SoundList_IsOffDuringTransitions) {
     EXPECT_EQ(begun(1), end + 1000);
 }
 
+TEST_F(ShowSound, SoundList_BehindAFailedFirstStep_BeginsWithTheNextGoodOne) {
+    program.machine.files().addFile(path("broken.bmp"), "no picture");
+    start({"SOUNDASYNC", "SOUND=one.wav", "IMAGE=broken.bmp", "IMAGE=a.bmp"});
+    program.advance(3900);
+    EXPECT_THAT(played(), IsEmpty());
+    EXPECT_FALSE(form().Timer2.enabled());
+    EXPECT_EQ(stepped(1), 4000);
+    EXPECT_TRUE(form().Timer2.enabled());
+    program.advance(1000);
+    EXPECT_THAT(played(), ElementsAre("one.wav"));
+}
+
 TEST_F(ShowSound, SoundList_WithoutADevice_ShowsItsPictures) {
     program.machine.sound().setPresent(false);
     start({"SOUNDASYNC", "SOUND=one.wav", "IMAGE=a.bmp", "IMAGE=b.bmp"});
@@ -362,6 +374,20 @@ TEST_F(ShowSound, PackagedSoundList_IsPlayedInOrderWithASilentTickBehindTheLastR
     EXPECT_EQ(over(0) - begun(0), 700);
     EXPECT_EQ(over(1) - begun(1), 300) << "the second one in the first one's file";
     EXPECT_EQ(begun(2), begun(1) + 2000);
+}
+
+TEST_F(ShowSound, PackagedSoundList_OfSoundsShorterThanTheInterval_KeepsTheFirstPicture) {
+    program.setting("ImageInterval", "4");
+    startPackage(soundList, {700, 300, 700});
+    program.advance(60'000);
+    EXPECT_EQ(steps(), 1) << "each extraction starts the count of the show's timer anew";
+    EXPECT_GT(played().size(), 30U);
+}
+
+TEST_F(ShowSound, PackagedSoundList_OfSoundsLongerThanTheInterval_ShowsThePictures) {
+    startPackage(soundList, {4500, 4500, 4500});
+    program.advance(60'000);
+    EXPECT_GT(steps(), 15);
 }
 
 TEST_F(ShowSound, PackagedSoundList_SoundThatCannotBeExtracted_EndsTheProgram) {

@@ -111,7 +111,7 @@ public:
                 surface.fill(target, {});
             } else {
                 const sys::PixelRect source =
-                    paint.source[2] < 0 ? colours.bounds() : sys::toPixels(area(paint.source), scale);
+                    paint.source[2] < 0 ? colours.bounds() : sys::sourcePixels(area(paint.source), scale);
                 sys::simulated::stretch(colours, source, surface, target);
             }
         }

@@ -485,6 +485,34 @@ class TemplateTest(InspectTest):
     def test_Template_NotOnePath_IsAWrongCall(self):
         self.fails(2, "template takes one path", "template", *self.drive())
         self.fails(2, "template takes one path", "template", "a", "b")
+        self.fails(2, "option --write needs a value", "template", "a", "--write")
+
+    def write(self, *lines):
+        """What the designer would save of a template of these lines."""
+        self.add_template(*lines)
+        out = os.path.join(self.root, "out.txt")
+        printed = self.lines("template", *self.drive(), r"C:\t\t.txt", "--write", out)
+        with open(out, "rb") as file:
+            return printed, file.read()
+
+    def test_Write_StoresWhatTheDesignerSaves(self):
+        lines = "SOUNDSYNC=2", "IMAGE=a, b.gif", r"SOUND=C:\s\a.wav", "DISSOLVE=Normal", "one", "", "#", b"tw\xf6"
+        printed, written = self.write(*lines)
+        self.assertEqual(written, b"SOUNDSYNC=2\r\n\r\nIMAGE=C:\\t\\a, b.gif\r\nSOUND=C:\\s\\a.wav\r\n"
+                                  b"DISSOLVE=Normal\r\none\r\ntw\xf6\r\n")
+        self.assertEqual(printed, self.lines("template", *self.drive(), r"C:\t\t.txt"), "it prints as without")
+        self.assertEqual(self.write(*written.removesuffix(b"\r\n").split(b"\r\n")), (printed, written))
+
+    def test_Write_SoundListsComeFirst(self):
+        _, written = self.write("SOUNDASYNC", "IMAGE=a.gif", "SOUND=a.wav", "text", "IMAGE=b.gif", "SOUND=b.wav")
+        self.assertEqual(written, b"SOUNDASYNC\r\nSOUND=C:\\t\\a.wav\r\nSOUND=C:\\t\\b.wav\r\n\r\n"
+                                  b"IMAGE=C:\\t\\a.gif\r\ntext\r\n\r\nIMAGE=C:\\t\\b.gif\r\n")
+
+    def test_Write_FileThatCanNotBeMade_Fails(self):
+        self.add_template("IMAGE=a.gif")
+        result = self.run_tool("template", *self.drive(), r"C:\t\t.txt", "--write", self.root + "/none/out.txt")
+        self.assertEqual(result.returncode, 1)
+        self.assertIn(b"can't be written", result.stderr)
 
 
 BLOCK = 1025  # bytes
@@ -623,6 +651,15 @@ class PackageTest(InspectTest):
         for name in "program.scr", "t/a.gif", "t/A.wav", "t/t.txt":
             before = self.content(name)
             self.fails(2, "would be lost", *self.write_words(out=self.path(name)))
+            self.assertEqual(self.content(name), before)
+
+    def test_Write_OverWhatItNeedsUnderAnotherSpelling_IsAWrongCall(self):
+        self.add("T/Pics/a.gif", b"a")
+        self.add("t.txt", b"IMAGE=c:/t\\PICS\\A.GIF\r\nIMAGE=C:\\t\\pics\\..\\x.gif\r\n")
+        self.add("T/x.gif", b"x")
+        for name in "T/Pics/a.gif", "T/x.gif", "t.txt":
+            before = self.content(name)
+            self.fails(2, "would be lost", *self.write_words(template="c:/T.TXT", out=self.path(name)))
             self.assertEqual(self.content(name), before)
 
     def test_Write_MoreThan500Rows_IsRefused(self):

@@ -25,7 +25,7 @@ bool ButtonWindow::takesKeyboard() const {
 
 void ButtonWindow::clickedAt(Input& input, Point /*at*/) { input.buttonClicked(id()); }
 
-bool ButtonWindow::takeKey(Input& input, int keyCode) {
+bool ButtonWindow::takeKey(Input& input, int keyCode, int /*shift*/) {
     if (keyCode == spaceKey || (keyCode == enterKey && style_.kind == ButtonKind::command)) {
         input.buttonClicked(id());
         return true;

@@ -57,7 +57,7 @@ void CanvasWindow::paint(const sys::Picture& picture, const Area& target, const 
     prepare();
     const auto& decoded = dynamic_cast<const DecodedPicture&>(picture);
     const PixelRect targetRect = toPixels(target, screen().scale());
-    stretch(decoded.pixels(), toPixels(source, screen().scale()), painted_, targetRect);
+    stretch(decoded.pixels(), sourcePixels(source, screen().scale()), painted_, targetRect);
     mark(targetRect);
 }
 

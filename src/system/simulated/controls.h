@@ -5,6 +5,7 @@
 #include "system/simulated/screen.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace sys::simulated {
@@ -26,19 +27,21 @@ enum DialogKey : int {
     upKey = 38,
     rightKey = 39,
     downKey = 40,
+    deleteKey = 46,
 };
 
 /// A control that keyboard and mouse work on. Each of these reports to `input` what came of it, and the
 /// window may be gone afterwards.
 class ControlWindow : public WindowNode {
 public:
-    using WindowNode::WindowNode;
+    ControlWindow(Screen& screen, WindowNode* parent, std::string text)
+        : WindowNode(screen, WindowKind::control, parent, std::move(text)) {}
     bool takesKeyboard() const override { return true; }
     /// `at` is in pixels of the window.
     virtual void clickedAt(Input& input, Point at) = 0;
     virtual void doubleClickedAt(Input& input, Point at) { clickedAt(input, at); }
     /// Whether it had a use for the key.
-    virtual bool takeKey(Input& input, int keyCode) = 0;
+    virtual bool takeKey(Input& input, int keyCode, int shift) = 0;
     virtual void takeCharacter(Input& /*input*/, int /*character*/) {}
 
 protected:
@@ -46,30 +49,18 @@ protected:
     void drawCaption(Bitmap& target, Point at, const PixelRect& clip, const std::string& caption) const;
 };
 
-/// What the kinds of controls share of `sys::Window`.
-template <class Interface> class NativeControl : public Interface, public ControlWindow {
-public:
-    NativeControl(Screen& screen, WindowNode* parent, std::string text)
-        : ControlWindow(screen, WindowKind::control, parent, std::move(text)) {}
-    WindowHandle handle() const override { return id(); }
-    void place(const Area& area) override { moveTo(area); }
-    void show(bool visible) override { setVisible(visible); }
-    void focus() override { activate(); }
-    void enable(bool enabled) override { setEnabled(enabled); }
-    void setText(const std::string& text) override { setCaption(text); }
-};
-
-class ButtonWindow final : public NativeControl<sys::Button> {
+class ButtonWindow final : public NativeWindow<sys::Button, ControlWindow> {
 public:
     ButtonWindow(Screen& screen, WindowNode* parent, const ButtonStyle& style)
-        : NativeControl(screen, parent, style.caption), style_(style) {}
+        : NativeWindow(screen, parent, style.caption), style_(style) {}
     bool checked() const { return checked_; }
+    const std::string& toolTip() const { return style_.toolTip; }
     void setChecked(bool checked) override { checked_ = checked; }
 
     /// Of a group of option buttons only the one that is set, if any, has a place in the tab order.
     bool takesKeyboard() const override;
     void clickedAt(Input& input, Point at) override;
-    bool takeKey(Input& input, int keyCode) override;
+    bool takeKey(Input& input, int keyCode, int shift) override;
     void draw(Bitmap& target, Point at, const PixelRect& clip) const override;
 
 private:
@@ -79,13 +70,13 @@ private:
     bool checked_ = false;
 };
 
-class TextBoxWindow final : public NativeControl<sys::Window> {
+class TextBoxWindow final : public NativeWindow<sys::Window, ControlWindow> {
 public:
     TextBoxWindow(Screen& screen, WindowNode* parent, const TextBoxStyle& style)
-        : NativeControl(screen, parent, ""), style_(style) {}
+        : NativeWindow(screen, parent, ""), style_(style) {}
 
     void clickedAt(Input&, Point) override {}
-    bool takeKey(Input& input, int keyCode) override;
+    bool takeKey(Input& input, int keyCode, int shift) override;
     /// At the end of the text.
     void takeCharacter(Input& input, int character) override;
     /// The user replaces the whole text.
@@ -96,10 +87,10 @@ private:
     TextBoxStyle style_;
 };
 
-class ListWindow final : public NativeControl<sys::List> {
+class ListWindow final : public NativeWindow<sys::List, ControlWindow> {
 public:
     ListWindow(Screen& screen, WindowNode* parent, const ListStyle& style)
-        : NativeControl(screen, parent, ""), style_(style) {}
+        : NativeWindow(screen, parent, ""), style_(style) {}
     const std::vector<ListItem>& items() const { return items_; }
     int selected() const { return selected_; }
     void setItems(const std::vector<ListItem>& items) override;
@@ -108,7 +99,7 @@ public:
 
     void clickedAt(Input& input, Point at) override;
     void doubleClickedAt(Input& input, Point at) override;
-    bool takeKey(Input& input, int keyCode) override;
+    bool takeKey(Input& input, int keyCode, int shift) override;
     /// The user clicks on an item.
     void choose(Input& input, int index);
     void draw(Bitmap& target, Point at, const PixelRect& clip) const override;
@@ -119,16 +110,58 @@ private:
     int selected_ = -1;
 };
 
-class ScrollBarWindow final : public NativeControl<sys::ScrollBar> {
+class ListViewWindow final : public NativeWindow<sys::ListView, ControlWindow> {
 public:
-    ScrollBarWindow(Screen& screen, WindowNode* parent) : NativeControl(screen, parent, "") {}
+    ListViewWindow(Screen& screen, WindowNode* parent, const std::vector<Column>& columns)
+        : NativeWindow(screen, parent, ""), columns_(columns) {}
+    const std::vector<Column>& columns() const { return columns_; }
+    const std::vector<RowTexts>& rows() const { return rows_; }
+    int selected() const { return selected_; }
+    void setRows(const std::vector<RowTexts>& rows) override;
+    void addRow() override { rows_.emplace_back(columns_.size()); }
+    void removeRow(int row) override { rows_.erase(rows_.begin() + row); }
+    void setText(int row, int column, const std::string& text) override;
+    void select(int row) override;
+
+    void clickedAt(Input& input, Point at) override;
+    void doubleClickedAt(Input& input, Point at) override;
+    bool takeKey(Input& input, int keyCode, int shift) override;
+    /// The user clicks on a row.
+    void choose(Input& input, int row);
+    void draw(Bitmap& target, Point at, const PixelRect& clip) const override;
+
+private:
+    int rowAt(Point at) const;
+    int rowsInSight() const;
+
+    std::vector<Column> columns_;
+    std::vector<RowTexts> rows_;
+    int selected_ = -1;
+    int top_ = 0; // the first row in sight
+};
+
+class ProgressBarWindow final : public NativeWindow<sys::ProgressBar> {
+public:
+    ProgressBarWindow(Screen& screen, WindowNode* parent)
+        : NativeWindow(screen, WindowKind::control, parent, "") {}
+    float value() const { return value_; }
+    void setValue(float value) override { value_ = value; }
+    void draw(Bitmap& target, Point at, const PixelRect& clip) const override;
+
+private:
+    float value_ = 0;
+};
+
+class ScrollBarWindow final : public NativeWindow<sys::ScrollBar, ControlWindow> {
+public:
+    ScrollBarWindow(Screen& screen, WindowNode* parent) : NativeWindow(screen, parent, "") {}
     int value() const { return value_; }
     void setRange(int least, int greatest) override;
     void setValue(int value) override { value_ = value; }
 
     /// The arrows take a small step, the halves of the rest a large one.
     void clickedAt(Input& input, Point at) override;
-    bool takeKey(Input& input, int keyCode) override;
+    bool takeKey(Input& input, int keyCode, int shift) override;
     void draw(Bitmap& target, Point at, const PixelRect& clip) const override;
 
 private:

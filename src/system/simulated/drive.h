@@ -25,6 +25,8 @@ class Drive {
 public:
     virtual ~Drive() = default;
     virtual std::optional<Entry> find(const DrivePath& path) = 0;
+    /// Where something that exists lies on the host; nothing when it is kept in memory.
+    virtual std::optional<std::string> hostPath(const DrivePath& path) = 0;
     /// What a folder holds, in any order.
     virtual std::vector<Entry> entries(const DrivePath& folder) = 0;
     /// Opens a plain file, or a new name in a folder that exists.

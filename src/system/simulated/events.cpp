@@ -205,7 +205,7 @@ void Devices::pressKey(int keyCode, int shift) {
 
 void Devices::takeDialogKey(WindowNode& window, int keyCode, int shift) {
     auto* control = dynamic_cast<ControlWindow*>(&window);
-    if (control != nullptr && control->takeKey(*input_, keyCode)) {
+    if (control != nullptr && control->takeKey(*input_, keyCode, shift)) {
         return;
     }
     switch (keyCode) {
@@ -368,6 +368,17 @@ void User::selectItem(WindowHandle list, int index) {
 void User::activateItem(WindowHandle list, int index) {
     act<ListWindow>(list,
                     [index](ListWindow& chosen, Input& input) { input.itemActivated(chosen.id(), index); });
+}
+
+void User::selectRow(WindowHandle listView, int row) {
+    act<ListViewWindow>(listView, [row](ListViewWindow& chosen, Input& input) { chosen.choose(input, row); });
+}
+
+void User::activateRow(WindowHandle listView, int row) {
+    act<ListViewWindow>(listView, [row](ListViewWindow& chosen, Input& input) {
+        chosen.choose(input, row);
+        input.itemActivated(chosen.id(), row);
+    });
 }
 
 void User::enterText(WindowHandle textBox, const std::string& text) {

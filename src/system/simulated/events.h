@@ -143,6 +143,9 @@ public:
     /// Clicks on an item of a list, open or drop-down; 0-based.
     void selectItem(WindowHandle list, int index);
     void activateItem(WindowHandle list, int index);
+    /// Clicks and double clicks on a row; 0-based.
+    void selectRow(WindowHandle listView, int row);
+    void activateRow(WindowHandle listView, int row);
     /// Replaces what stands in a text box.
     void enterText(WindowHandle textBox, const std::string& text);
     void scroll(WindowHandle scrollBar, ScrollStep step, int position = 0);

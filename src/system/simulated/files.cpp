@@ -1,7 +1,7 @@
 #include "system/simulated/files.h"
 
-#include "system/simulated/names.h"
-#include "system/simulated/wildcard.h"
+#include "system/names.h"
+#include "system/wildcard.h"
 
 #include <algorithm>
 
@@ -91,7 +91,7 @@ public:
     OpenFile& operator=(const OpenFile&) = delete;
 
     std::size_t read(void* buffer, std::size_t size) override {
-        requireTransfers();
+        requireTransfers(position_ + static_cast<std::int64_t>(size));
         const std::size_t count = file_->read(buffer, size);
         position_ += static_cast<std::int64_t>(count);
         return count;
@@ -101,9 +101,9 @@ public:
         if (!writable_) {
             throw Failure(FailureCode::pathFileAccess);
         }
-        requireTransfers();
         const std::int64_t start = access_ == Access::append ? file_->length() : position_;
         const std::int64_t end = start + static_cast<std::int64_t>(size);
+        requireTransfers(end);
         takeSpace(end - file_->length());
         file_->write(data, size);
         position_ = end;
@@ -117,8 +117,8 @@ public:
     std::int64_t length() override { return file_->length(); }
 
 private:
-    void requireTransfers() const {
-        if (marks_.failsTransfers) {
+    void requireTransfers(std::int64_t end) const {
+        if (marks_.soundBytes && end > *marks_.soundBytes) {
             throw Failure(FailureCode::deviceIo);
         }
     }
@@ -176,6 +176,16 @@ bool Drives::exists(const std::string& path) {
         return true;
     } catch (const Failure&) {
         return false;
+    }
+}
+
+std::int64_t Drives::length(const std::string& path) {
+    try {
+        const Place at = place(path);
+        requirePlainFile(volume(at), at);
+        return volume(at).drive->open(at.path, Access::read)->length();
+    } catch (const Failure&) {
+        return 0;
     }
 }
 
@@ -318,8 +328,16 @@ std::string Drives::content(const std::string& path) {
     return content;
 }
 
+std::optional<std::string> Drives::hostPath(const std::string& path) {
+    if (!exists(path)) {
+        return std::nullopt;
+    }
+    const Place at = place(path);
+    return volume(at).drive->hostPath(at.path);
+}
+
 void Drives::failOpening(const std::string& path, FailureCode code) { mark(path).openFailure = code; }
-void Drives::failTransfers(const std::string& path) { mark(path).failsTransfers = true; }
+void Drives::failTransfers(const std::string& path, std::int64_t sound) { mark(path).soundBytes = sound; }
 void Drives::setReadOnly(const std::string& path) { mark(path).readOnly = true; }
 void Drives::setHidden(const std::string& path) { mark(path).hidden = true; }
 void Drives::heal(const std::string& path) { marks_.erase(place(path).key()); }

@@ -26,6 +26,7 @@ public:
 
     std::unique_ptr<File> open(const std::string& path, Access access) override;
     bool exists(const std::string& path) override;
+    std::int64_t length(const std::string& path) override;
     bool same(const std::string& one, const std::string& other) override;
     void remove(const std::string& path) override;
     std::vector<std::string> list(const std::string& pattern) override;
@@ -50,12 +51,14 @@ public:
     void addFolder(const std::string& path);
     /// Fails with 53 when there is no such file.
     std::string content(const std::string& path);
+    /// Where a file lies on the host; nothing when there is none, or it is kept in memory.
+    std::optional<std::string> hostPath(const std::string& path);
 
     // Faults and marks, for a file or folder that may exist or not.
     /// Every attempt to open, list or remove it fails with the code.
     void failOpening(const std::string& path, FailureCode code);
-    /// It opens, but its reads and writes fail with 57.
-    void failTransfers(const std::string& path);
+    /// It opens, but its reads and writes that go beyond the first `sound` bytes fail with 57.
+    void failTransfers(const std::string& path, std::int64_t sound = 0);
     /// It, and all that stands in it, can be read only: changes fail with 75.
     void setReadOnly(const std::string& path);
     /// Left out of listings.
@@ -75,7 +78,7 @@ private:
     };
     struct Marks {
         std::optional<FailureCode> openFailure;
-        bool failsTransfers = false;
+        std::optional<std::int64_t> soundBytes; // nothing: all
         bool readOnly = false;
         bool hidden = false;
     };

@@ -1,5 +1,5 @@
+#include "system/names.h"
 #include "system/simulated/drive.h"
-#include "system/simulated/names.h"
 
 #include "system/failure.h"
 
@@ -118,6 +118,11 @@ public:
     std::optional<Entry> find(const DrivePath& path) override {
         const auto place = locate(path);
         return place ? entryAt(*place) : std::nullopt;
+    }
+
+    std::optional<std::string> hostPath(const DrivePath& path) override {
+        const auto place = locate(path);
+        return place ? std::optional(place->string()) : std::nullopt;
     }
 
     std::vector<Entry> entries(const DrivePath& folder) override {

@@ -29,7 +29,7 @@ void ListWindow::doubleClickedAt(Input& input, Point at) {
     }
 }
 
-bool ListWindow::takeKey(Input& input, int keyCode) {
+bool ListWindow::takeKey(Input& input, int keyCode, int /*shift*/) {
     const int last = static_cast<int>(items_.size()) - 1;
     switch (keyCode) {
     case leftKey:

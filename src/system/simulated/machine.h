@@ -62,10 +62,14 @@ public:
     std::unique_ptr<sys::Window> createTextBox(Window& parent, const TextBoxStyle& style) override;
     std::unique_ptr<sys::List> createList(Window& parent, const ListStyle& style) override;
     std::unique_ptr<sys::ScrollBar> createScrollBar(Window& parent) override;
+    std::unique_ptr<sys::ListView> createListView(Window& parent,
+                                                  const std::vector<Column>& columns) override;
+    std::unique_ptr<sys::ProgressBar> createProgressBar(Window& parent) override;
     Color dialogColor() override { return faceColor; }
     Size measureText(const std::string& text, const Font& font) override;
     PicturePtr decodePicture(std::span<const std::uint8_t> bytes) override;
     MessageAnswer messageBox(const MessageBoxStyle& style) override;
+    std::optional<std::string> saveDialog(const SaveDialogStyle& style) override;
     std::int64_t now() override { return queue_.now(); }
     double secondsSinceMidnight() override;
     void setAlarm(std::optional<std::int64_t> due) override { queue_.setAlarm(due); }
@@ -142,6 +146,12 @@ public:
     /// How long each message box stays up, in ms. Alarms come meanwhile, all other events wait.
     void setMessageBoxDuration(std::int64_t duration) { messageBoxDuration_ = duration; }
 
+    /// The dialogs that asked for the name of a file to write.
+    const std::vector<SaveDialogStyle>& saveDialogs() const { return saveDialogs_; }
+    /// What the user gives the next of them that has no answer yet: a whole path, or nothing to cancel it.
+    /// Without one it throws.
+    void answerSaveDialog(const std::optional<std::string>& path) { saveAnswers_.push_back(path); }
+
 private:
     class ForeignWindow;
 
@@ -163,6 +173,8 @@ private:
     std::vector<ShownMessage> messages_;
     std::deque<MessageAnswer> messageAnswers_;
     std::int64_t messageBoxDuration_ = 0;
+    std::vector<SaveDialogStyle> saveDialogs_;
+    std::deque<std::optional<std::string>> saveAnswers_;
     std::optional<int> exitCode_;
 };
 

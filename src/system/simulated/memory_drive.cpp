@@ -1,5 +1,5 @@
+#include "system/names.h"
 #include "system/simulated/drive.h"
-#include "system/simulated/names.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -63,6 +63,8 @@ public:
         }
         return entryOf(*node);
     }
+
+    std::optional<std::string> hostPath(const DrivePath& /*path*/) override { return std::nullopt; }
 
     std::vector<Entry> entries(const DrivePath& folder) override {
         std::vector<Entry> entries;

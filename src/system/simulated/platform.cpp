@@ -1,7 +1,7 @@
 #include "system/simulated/platform.h"
 
 #include "system/failure.h"
-#include "system/simulated/names.h"
+#include "system/names.h"
 
 #include <algorithm>
 
@@ -222,6 +222,9 @@ std::int32_t SimulatedPlatform::getTickCount() {
 
 std::int32_t SimulatedPlatform::winHelp(WindowHandle window, const std::string& file, std::uint32_t command) {
     record("winHelp", window, file, command);
+    if (helpViewerMissing_) {
+        throw Failure(FailureCode::fileNotFound);
+    }
     return 1;
 }
 

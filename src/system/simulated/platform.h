@@ -87,6 +87,8 @@ public:
     void answerPassword(std::int32_t result, std::int64_t duration = 0);
     /// Requests for the password then fail with 53.
     void removePasswordLibrary() { passwordLibraryMissing_ = true; }
+    /// Calls for it then fail with 53.
+    void removeHelpViewer() { helpViewerMissing_ = true; }
     void setPasswordChangeResult(std::int32_t result) { passwordChangeResult_ = result; }
 
 private:
@@ -116,6 +118,7 @@ private:
     std::int64_t tickStart_; // the clock at tick 0
     std::int32_t passwordChangeResult_ = 0;
     bool passwordLibraryMissing_ = false;
+    bool helpViewerMissing_ = false;
     std::deque<PasswordAnswer> passwordAnswers_;
     std::map<RegistryPath, RegistryValues> registry_;
     std::map<RegistryKey, RegistryPath> openKeys_;

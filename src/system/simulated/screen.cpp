@@ -1,6 +1,6 @@
 #include "system/simulated/screen.h"
 
-#include "system/simulated/names.h"
+#include "system/names.h"
 
 #include <utility>
 

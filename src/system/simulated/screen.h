@@ -84,16 +84,17 @@ private:
     std::vector<WindowNode*> children_;
 };
 
-/// What the kinds of windows share of `sys::Window`.
-template <class Interface> class NativeWindow : public Interface, public WindowNode {
+/// What the kinds of windows share of `sys::Window`; `Node` is the kind of place in the tree.
+template <class Interface, class Node = WindowNode> class NativeWindow : public Interface, public Node {
 public:
-    using WindowNode::WindowNode;
-    WindowHandle handle() const override { return id(); }
-    void place(const Area& area) override { moveTo(area); }
-    void show(bool visible) override { setVisible(visible); }
-    void focus() override { activate(); }
-    void enable(bool enabled) override { setEnabled(enabled); }
-    void setText(const std::string& text) override { setCaption(text); }
+    using Node::Node;
+    WindowHandle handle() const override { return this->id(); }
+    void place(const Area& area) override { this->moveTo(area); }
+    void show(bool visible) override { this->setVisible(visible); }
+    void focus() override { this->activate(); }
+    void enable(bool enabled) override { this->setEnabled(enabled); }
+    void setText(const std::string& text) override { this->setCaption(text); }
+    void refresh() override {} // the screen is composed when it is looked at
 };
 
 /// What `present` has brought to the screen so far.

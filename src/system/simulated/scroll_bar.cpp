@@ -21,7 +21,7 @@ void ScrollBarWindow::clickedAt(Input& input, Point at) {
     input.scrollBarMoved(id(), step, 0);
 }
 
-bool ScrollBarWindow::takeKey(Input& input, int keyCode) {
+bool ScrollBarWindow::takeKey(Input& input, int keyCode, int /*shift*/) {
     const auto move = [&](ScrollStep step) {
         input.scrollBarMoved(id(), step, 0);
         return true;

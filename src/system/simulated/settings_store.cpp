@@ -1,6 +1,6 @@
 #include "system/simulated/settings_store.h"
 
-#include "system/simulated/names.h"
+#include "system/names.h"
 
 namespace sys::simulated {
 
@@ -13,6 +13,7 @@ std::optional<std::string> StoredSettings::read(const std::string& application, 
 void StoredSettings::write(const std::string& application, const std::string& section, const std::string& key,
                            const std::string& value) {
     values_[{folded(application), folded(section), folded(key)}] = value;
+    written_.push_back(key);
 }
 
 } // namespace sys::simulated

@@ -4,7 +4,10 @@
 #include "system/files.h"
 
 #include <map>
+#include <string>
 #include <tuple>
+#include <utility>
+#include <vector>
 
 namespace sys::simulated {
 
@@ -16,8 +19,12 @@ public:
     void write(const std::string& application, const std::string& section, const std::string& key,
                const std::string& value) override;
 
+    /// The keys that were written since this was last asked, in their order.
+    std::vector<std::string> takeWritten() { return std::exchange(written_, {}); }
+
 private:
     std::map<std::tuple<std::string, std::string, std::string>, std::string> values_;
+    std::vector<std::string> written_;
 };
 
 } // namespace sys::simulated

@@ -1,6 +1,6 @@
 #include "system/simulated/sound_device.h"
 
-#include "system/simulated/names.h"
+#include "system/names.h"
 
 #include <algorithm>
 #include <array>

@@ -2,7 +2,7 @@
 
 namespace sys::simulated {
 
-bool TextBoxWindow::takeKey(Input& /*input*/, int keyCode) {
+bool TextBoxWindow::takeKey(Input& /*input*/, int keyCode, int /*shift*/) {
     const bool needsEnter = style_.multiLine && !style_.readOnly;
     return keyCode == spaceKey || keyCode == backspaceKey || (keyCode >= pageUpKey && keyCode <= downKey) ||
            (keyCode == enterKey && needsEnter);

@@ -1,6 +1,7 @@
 #include "system/win32/button_image.h"
 #include "system/win32/control.h"
 #include "system/win32/system_win32.h"
+#include "system/win32/tool_tip.h"
 
 namespace sys::win32 {
 
@@ -13,10 +14,11 @@ bool followsOption(HWND parent) {
     return last != nullptr && (SendMessageA(last, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) != 0;
 }
 
+/// None of them marks itself: the program does, so that any other mark comes from another program.
 DWORD lookOf(HWND parent, const ButtonStyle& style) {
     switch (style.kind) {
     case ButtonKind::check: return BS_CHECKBOX | WS_GROUP | WS_TABSTOP;
-    case ButtonKind::option: return BS_AUTORADIOBUTTON | (followsOption(parent) ? 0 : WS_GROUP | WS_TABSTOP);
+    case ButtonKind::option: return BS_RADIOBUTTON | (followsOption(parent) ? 0 : WS_GROUP | WS_TABSTOP);
     case ButtonKind::command: break;
     }
     return static_cast<DWORD>(style.isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) | BS_MULTILINE | WS_GROUP |
@@ -35,9 +37,14 @@ public:
         if (!style.icon.empty()) {
             image_.show(native(), style.icon, scale);
         }
+        if (!style.toolTip.empty()) {
+            toolTip_.show(native(), style.toolTip);
+        }
     }
 
-    void setChecked(bool checked) override { send(BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED); }
+    void setChecked(bool checked) override {
+        passToClass(BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
+    }
 
     std::optional<LRESULT> reflected(UINT message, WPARAM wParam, LPARAM /*lParam*/) override {
         if (message != WM_COMMAND) {
@@ -49,8 +56,19 @@ public:
         return 0;
     }
 
+    std::optional<LRESULT> received(UINT message, WPARAM wParam, LPARAM lParam) override {
+        toolTip_.relay(native(), message, wParam, lParam);
+        if (message != BM_SETCHECK) {
+            return std::nullopt;
+        }
+        const LRESULT result = passToClass(message, wParam, lParam);
+        input().buttonMarked(handle(), wParam == BST_CHECKED);
+        return result;
+    }
+
 private:
     ButtonImage image_;
+    ToolTip toolTip_;
 };
 
 } // namespace

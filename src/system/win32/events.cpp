@@ -130,25 +130,30 @@ LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
-WNDPROC staticProcedure = nullptr;
-
 LRESULT CALLBACK labelProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    auto* label = static_cast<LabelWindow*>(WindowOwner::of(window));
-    if (label != nullptr && reportMouse(label->events(), window, message, wParam, lParam)) {
+    auto* label = static_cast<ColoredLabelWindow*>(WindowOwner::of(window));
+    if (label == nullptr) {
+        return DefWindowProcA(window, message, wParam, lParam);
+    }
+    if (reportMouse(label->events(), window, message, wParam, lParam)) {
         return 0;
     }
-    return CallWindowProcA(staticProcedure, window, message, wParam, lParam);
+    switch (message) {
+    case WM_ERASEBKGND: return 1;
+    case WM_PAINT: label->paint(); return 0;
+    default: return DefWindowProcA(window, message, wParam, lParam);
+    }
 }
 
 void CALLBACK alarmProcedure(HWND window, UINT, UINT_PTR, DWORD) {
     reinterpret_cast<Events*>(GetWindowLongPtrA(window, GWLP_USERDATA))->alarmTimerTicked();
 }
 
-void registerClass(const char* name) {
+void registerClass(const char* name, UINT style, WNDPROC procedure) {
     WNDCLASSEXA windowClass{};
     windowClass.cbSize = sizeof windowClass;
-    windowClass.style = CS_OWNDC | CS_DBLCLKS;
-    windowClass.lpfnWndProc = windowProcedure;
+    windowClass.style = style;
+    windowClass.lpfnWndProc = procedure;
     windowClass.hInstance = GetModuleHandleA(nullptr);
     windowClass.hCursor = LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)); // the arrow
     windowClass.lpszClassName = name;
@@ -169,18 +174,6 @@ ATOM registerDialogClass() {
     return RegisterClassExA(&windowClass);
 }
 
-/// A static control but for the mouse.
-void registerLabelClass() {
-    WNDCLASSEXA windowClass{};
-    windowClass.cbSize = sizeof windowClass;
-    GetClassInfoExA(nullptr, "STATIC", &windowClass);
-    staticProcedure = windowClass.lpfnWndProc;
-    windowClass.lpfnWndProc = labelProcedure;
-    windowClass.hInstance = GetModuleHandleA(nullptr);
-    windowClass.lpszClassName = Events::labelClass;
-    RegisterClassExA(&windowClass);
-}
-
 } // namespace
 
 std::int64_t clockNow() {
@@ -194,13 +187,14 @@ std::int64_t clockNow() {
     return ticks.QuadPart / ticksPerSecond * 1000 + ticks.QuadPart % ticksPerSecond * 1000 / ticksPerSecond;
 }
 
-Events::Events(TwipsPerPixel scale)
-    : scale_(scale), alarmWindow_(CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
-                                                  GetModuleHandleA(nullptr), nullptr)) {
+Events::Events(TwipsPerPixel scale) : scale_(scale) {
+    registerClass(formClass, CS_OWNDC | CS_DBLCLKS, windowProcedure);
+    registerClass(pictureBoxClass, CS_OWNDC | CS_DBLCLKS, windowProcedure);
+    registerClass(labelClass, CS_DBLCLKS, labelProcedure);
+    registerClass(hiddenClass, 0, DefWindowProcA);
+    alarmWindow_ = CreateWindowExA(0, hiddenClass, "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                   GetModuleHandleA(nullptr), nullptr);
     SetWindowLongPtrA(alarmWindow_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    registerClass(formClass);
-    registerClass(pictureBoxClass);
-    registerLabelClass();
     static const ATOM dialogAtom = registerDialogClass(); // a class stays to the end of the process
     dialogAtom_ = dialogAtom;
 }

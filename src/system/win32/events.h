@@ -13,12 +13,15 @@ namespace sys::win32 {
 std::int64_t clockNow();
 
 /// One for the process. All windows of `formClass`, `dialogClass` and `pictureBoxClass` belong to a
-/// `CanvasWindow`, those of `labelClass` to a `LabelWindow`.
+/// `CanvasWindow`, those of `labelClass` to a `ColoredLabelWindow`. No show has
+/// a window of the system's own classes: with the first of them the system loads its common controls, which
+/// takes a fifth of a start.
 class Events {
 public:
     static constexpr const char* formClass = "TessellariumForm";
     static constexpr const char* pictureBoxClass = "TessellariumPictureBox";
     static constexpr const char* labelClass = "TessellariumLabel";
+    static constexpr const char* hiddenClass = "TessellariumHidden"; // of windows that nobody sees
     static constexpr const char* dialogClass = "TessellariumDialog";
     static constexpr int firstCommand = 0x100; // the identifier of a menu's command 1
 
@@ -54,7 +57,7 @@ private:
     Input* input_ = nullptr;
     std::optional<std::int64_t> due_;
     ULONG_PTR dialogAtom_ = 0;
-    HWND alarmWindow_; // never seen; its timer rings while a loop of the system's own runs
+    HWND alarmWindow_ = nullptr; // never seen; its timer rings while a loop of the system's own runs
 };
 
 } // namespace sys::win32

@@ -153,6 +153,10 @@ OwnedFile tryToOpen(const std::string& path, Access access) {
     return OwnedFile(file == INVALID_HANDLE_VALUE ? nullptr : file);
 }
 
+template <class Data> std::int64_t lengthOf(const Data& data) {
+    return static_cast<std::int64_t>(data.nFileSizeHigh) << 32 | data.nFileSizeLow;
+}
+
 /// A file as the system tells it from all others.
 class IdentifiedFile {
 public:
@@ -168,6 +172,7 @@ public:
     }
 
     bool exists() const { return exists_; }
+    std::int64_t length() const { return lengthOf(information_); }
     bool operator==(const IdentifiedFile& other) const {
         return information_.dwVolumeSerialNumber == other.information_.dwVolumeSerialNumber &&
                information_.nFileIndexHigh == other.information_.nFileIndexHigh &&
@@ -206,6 +211,17 @@ std::unique_ptr<File> Win32Files::open(const std::string& path, Access access) {
 bool Win32Files::exists(const std::string& path) {
     const DWORD attributes = GetFileAttributesA(path.c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+std::int64_t Win32Files::length(const std::string& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data;
+    if (GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data) == 0 ||
+        (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+        return 0;
+    }
+    // A link has no length of its own.
+    const bool isLink = (data.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+    return isLink ? IdentifiedFile(path).length() : lengthOf(data);
 }
 
 bool Win32Files::same(const std::string& one, const std::string& other) {

@@ -9,6 +9,7 @@ class Win32Files : public Files {
 public:
     std::unique_ptr<File> open(const std::string& path, Access access) override;
     bool exists(const std::string& path) override;
+    std::int64_t length(const std::string& path) override;
     bool same(const std::string& one, const std::string& other) override;
     void remove(const std::string& path) override;
     std::vector<std::string> list(const std::string& pattern) override;

@@ -19,40 +19,60 @@ DWORD lookOf(Alignment alignment) {
 
 } // namespace
 
-LabelWindow::LabelWindow(Events& events, HWND parent, const LabelStyle& style, TwipsPerPixel scale)
-    : NativeWindow(scale), events_(events), style_(style), font_(createFont(style.font, scale)),
-      backBrush_(style.colors ? CreateSolidBrush(toNative(style.colors->back)) : nullptr) {
-    // SS_NOTIFY: without it the mouse would go through to the window beneath.
-    const DWORD look = SS_NOPREFIX | (style.colors ? SS_LEFTNOWORDWRAP | SS_NOTIFY : WS_GROUP) |
-                       lookOf(style.alignment) | (style.path ? SS_PATHELLIPSIS : 0);
-    adopt(CreateWindowExA(0, style.colors ? Events::labelClass : "STATIC", "",
-                          WS_CHILD | WS_CLIPSIBLINGS | look, 0, 0, 0, 0, parent, nullptr,
+LabelWindow::LabelWindow(HWND parent, const LabelStyle& style, TwipsPerPixel scale)
+    : NativeWindow(scale), font_(createFont(style.font, scale)) {
+    const DWORD look = SS_NOPREFIX | WS_GROUP | lookOf(style.alignment) | (style.path ? SS_PATHELLIPSIS : 0);
+    adopt(CreateWindowExA(0, "STATIC", "", WS_CHILD | WS_CLIPSIBLINGS | look, 0, 0, 0, 0, parent, nullptr,
                           GetModuleHandleA(nullptr), nullptr));
     SendMessageA(native(), WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
 }
 
-void LabelWindow::show(bool visible) {
-    // Above siblings that the program has made topmost themselves: HWND_TOP would stay below these.
-    if (visible && style_.colors) {
-        SetWindowPos(native(), HWND_TOPMOST, 0, 0, 0, 0,
-                     SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
-    } else {
-        ShowWindow(native(), visible ? SW_SHOWNA : SW_HIDE);
-    }
+void LabelWindow::show(bool visible) { ShowWindow(native(), visible ? SW_SHOWNA : SW_HIDE); }
+
+ColoredLabelWindow::ColoredLabelWindow(Events& events, HWND parent, const LabelStyle& style,
+                                       TwipsPerPixel scale)
+    : NativeWindow(scale), events_(events), colors_(*style.colors), font_(createFont(style.font, scale)),
+      backBrush_(CreateSolidBrush(toNative(colors_.back))) {
+    adopt(CreateWindowExA(0, Events::labelClass, "", WS_CHILD | WS_CLIPSIBLINGS, 0, 0, 0, 0, parent, nullptr,
+                          GetModuleHandleA(nullptr), nullptr));
 }
 
-std::optional<LRESULT> LabelWindow::reflected(UINT message, WPARAM wParam, LPARAM /*lParam*/) {
-    if (message != WM_CTLCOLORSTATIC || !style_.colors) {
-        return std::nullopt;
+void ColoredLabelWindow::show(bool visible) {
+    if (!visible) {
+        ShowWindow(native(), SW_HIDE);
+        return;
     }
-    const auto dc = reinterpret_cast<HDC>(wParam);
-    SetTextColor(dc, toNative(style_.colors->text));
-    SetBkColor(dc, toNative(style_.colors->back));
-    return reinterpret_cast<LRESULT>(backBrush_.get());
+    // Above siblings that the program has made topmost themselves: HWND_TOP would stay below these.
+    SetWindowPos(native(), HWND_TOPMOST, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+}
+
+void ColoredLabelWindow::setText(const std::string& text) {
+    NativeWindow::setText(text);
+    InvalidateRect(native(), nullptr, FALSE);
+}
+
+void ColoredLabelWindow::paint() {
+    PAINTSTRUCT painting;
+    const HDC dc = BeginPaint(native(), &painting);
+    RECT area;
+    GetClientRect(native(), &area);
+    FillRect(dc, &area, backBrush_.get());
+    std::string text(static_cast<std::size_t>(GetWindowTextLengthA(native())) + 1, '\0');
+    const int length = GetWindowTextA(native(), text.data(), static_cast<int>(text.size()));
+    SetTextColor(dc, toNative(colors_.text));
+    SetBkMode(dc, TRANSPARENT);
+    SelectObject(dc, font_.get());
+    DrawTextA(dc, text.c_str(), length, &area, DT_NOPREFIX | DT_EXPANDTABS);
+    EndPaint(native(), &painting); // puts the system's own font back
 }
 
 std::unique_ptr<Window> Win32System::createLabel(Window& parent, const LabelStyle& style) {
-    return std::make_unique<LabelWindow>(*events_, toNative(parent.handle()), style, twipsPerPixel());
+    if (style.colors) {
+        return std::make_unique<ColoredLabelWindow>(*events_, toNative(parent.handle()), style,
+                                                    twipsPerPixel());
+    }
+    return std::make_unique<LabelWindow>(toNative(parent.handle()), style, twipsPerPixel());
 }
 
 } // namespace sys::win32

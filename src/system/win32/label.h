@@ -1,4 +1,4 @@
-// Texts in front of their sibling windows.
+// Texts of dialogs, and texts in front of their sibling windows.
 #pragma once
 
 #include "system/win32/native_window.h"
@@ -7,19 +7,30 @@ namespace sys::win32 {
 
 class Events;
 
-/// A static control. One with colours of its own paints itself in those that its parent asks for here.
+/// A text in the look of the dialog that it stands in: a static control.
 class LabelWindow final : public NativeWindow<Window> {
 public:
-    LabelWindow(Events& events, HWND parent, const LabelStyle& style, TwipsPerPixel scale);
+    LabelWindow(HWND parent, const LabelStyle& style, TwipsPerPixel scale);
     void show(bool visible) override;
 
-    // What the window procedures ask.
+private:
+    OwnedFont font_;
+};
+
+/// A text in colours of its own, in front of its sibling windows. It reports the mouse.
+class ColoredLabelWindow final : public NativeWindow<Window> {
+public:
+    ColoredLabelWindow(Events& events, HWND parent, const LabelStyle& style, TwipsPerPixel scale);
+    void show(bool visible) override;
+    void setText(const std::string& text) override;
+
+    // What the window procedure asks.
     Events& events() const { return events_; }
-    std::optional<LRESULT> reflected(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void paint();
 
 private:
     Events& events_;
-    LabelStyle style_;
+    LabelColors colors_;
     OwnedFont font_;
     OwnedBrush backBrush_;
 };

@@ -46,7 +46,7 @@ public:
         makeRoom();
     }
 
-    void select(int index) override { send(LB_SETCURSEL, static_cast<WPARAM>(index)); }
+    void select(int index) override { passToClass(LB_SETCURSEL, static_cast<WPARAM>(index), 0); }
 
     std::optional<LRESULT> reflected(UINT message, WPARAM wParam, LPARAM lParam) override {
         if (message == WM_DRAWITEM) {
@@ -71,6 +71,11 @@ public:
         if (style_.activatable && message == WM_KEYDOWN && wParam == VK_RETURN) {
             input().itemActivated(handle(), selected());
             return 0;
+        }
+        if (message == LB_SETCURSEL) { // of another program
+            const LRESULT result = passToClass(message, wParam, lParam);
+            input().itemSelected(handle(), selected());
+            return result;
         }
         return std::nullopt;
     }
@@ -146,17 +151,29 @@ public:
 
     void addItem(const ListItem& item) override { send(CB_ADDSTRING, 0, textOf(item)); }
 
-    void select(int index) override { send(CB_SETCURSEL, static_cast<WPARAM>(index)); }
+    void select(int index) override { passToClass(CB_SETCURSEL, static_cast<WPARAM>(index), 0); }
 
     std::optional<LRESULT> reflected(UINT message, WPARAM wParam, LPARAM /*lParam*/) override {
         if (message != WM_COMMAND) {
             return std::nullopt;
         }
         if (HIWORD(wParam) == CBN_SELCHANGE) {
-            input().itemSelected(handle(), static_cast<int>(send(CB_GETCURSEL)));
+            input().itemSelected(handle(), selected());
         }
         return 0;
     }
+
+    std::optional<LRESULT> received(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message != CB_SETCURSEL) {
+            return std::nullopt;
+        }
+        const LRESULT result = passToClass(message, wParam, lParam); // of another program
+        input().itemSelected(handle(), selected());
+        return result;
+    }
+
+private:
+    int selected() const { return static_cast<int>(send(CB_GETCURSEL)); }
 };
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "system/win32/audio_graph.h"
+#include "system/win32/events.h"
 #include "system/win32/native_window.h"
 #include "system/win32/system_win32.h"
 
@@ -12,7 +13,7 @@ namespace {
 class MediaPlayerWindow : public NativeWindow<MediaPlayer> {
 public:
     MediaPlayerWindow(HWND parent, TwipsPerPixel scale) : NativeWindow(scale) {
-        adopt(CreateWindowExA(0, "STATIC", "", WS_CHILD, 0, 0, 0, 0, parent, nullptr,
+        adopt(CreateWindowExA(0, Events::hiddenClass, "", WS_CHILD, 0, 0, 0, 0, parent, nullptr,
                               GetModuleHandleA(nullptr), nullptr));
     }
 
@@ -36,9 +37,8 @@ public:
     }
 
     void stop() override {
-        if (running_ || paused_) {
+        if (running_ || paused_)
             graph_->stop();
-        }
         running_ = false;
         paused_ = false;
     }
@@ -54,7 +54,6 @@ public:
     bool paused() override { return paused_; }
 
     bool playing() override {
-        // Stopped at its end, so that the device is free and lets the machine go to sleep.
         if (running_ && graph_->over()) {
             stop();
         }
@@ -76,9 +75,20 @@ public:
     }
 
 private:
+    static constexpr UINT lookInterval = 500; // milliseconds
+
     void run() {
         running_ = graph_->run();
         paused_ = false;
+        if (running_)
+            SetTimer(native(), 1, lookInterval, stopWhenOver);
+    }
+
+    /// A sound is stopped at its end, whether anybody asks for it or not, so that the device is free and lets
+    /// the machine go to sleep.
+    static void CALLBACK stopWhenOver(HWND window, UINT, UINT_PTR timer, DWORD) {
+        if (!static_cast<MediaPlayerWindow*>(WindowOwner::of(window))->playing())
+            KillTimer(window, timer);
     }
 
     std::unique_ptr<AudioGraph> graph_; // null: nothing that can be played

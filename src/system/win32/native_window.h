@@ -51,8 +51,8 @@ inline std::optional<LRESULT> reflect(HWND parent, UINT message, WPARAM wParam, 
     HWND child = nullptr;
     switch (message) {
     case WM_COMMAND:
-    case WM_HSCROLL:
-    case WM_CTLCOLORSTATIC: child = reinterpret_cast<HWND>(lParam); break;
+    case WM_HSCROLL: child = reinterpret_cast<HWND>(lParam); break;
+    case WM_NOTIFY: child = reinterpret_cast<const NMHDR*>(lParam)->hwndFrom; break;
     case WM_DRAWITEM: child = reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)->hwndItem; break;
     default: break;
     }
@@ -89,6 +89,10 @@ public:
     void enable(bool enabled) override { EnableWindow(native_, enabled ? TRUE : FALSE); }
 
     void setText(const std::string& text) override { SetWindowTextA(native_, text.c_str()); }
+
+    void refresh() override {
+        RedrawWindow(native_, nullptr, nullptr, RDW_UPDATENOW | RDW_ERASENOW | RDW_ALLCHILDREN);
+    }
 
 protected:
     explicit NativeWindow(TwipsPerPixel scale) : scale_(scale) {}

@@ -132,7 +132,7 @@ void copyPart(const Layers& from, Point corner, MemoryBitmap& to, const PixelRec
 } // namespace
 
 Block PaintablePicture::blockOf(const Area& target, const Area& source, TwipsPerPixel scale) const {
-    const PixelRect from = toPixels(source, scale);
+    const PixelRect from = sourcePixels(source, scale);
     const PixelRect onto = toPixels(target, scale);
     const PixelRect picture = toPixels({0, 0, width(), height()}, scale);
     Block block;

@@ -105,10 +105,11 @@ std::int32_t Win32Platform::getTickCount() { return static_cast<std::int32_t>(Ge
 std::int32_t Win32Platform::winHelp(WindowHandle window, const std::string& file, std::uint32_t command) {
     // By its name, as newer systems may come without it.
     const auto help = lateProcedure<BOOL WINAPI(HWND, LPCSTR, UINT, ULONG_PTR)>("user32.dll", "WinHelpA");
+    if (help == nullptr) {
+        throw Failure(FailureCode::fileNotFound);
+    }
     const std::int16_t unused = 0;
-    return help != nullptr
-               ? help(toNative(window), file.c_str(), command, reinterpret_cast<ULONG_PTR>(&unused))
-               : 0;
+    return help(toNative(window), file.c_str(), command, reinterpret_cast<ULONG_PTR>(&unused));
 }
 
 std::intptr_t Win32Platform::shellExecute(WindowHandle window, const std::string& verb,

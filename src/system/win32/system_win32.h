@@ -32,10 +32,13 @@ public:
     std::unique_ptr<Window> createTextBox(Window& parent, const TextBoxStyle& style) override;
     std::unique_ptr<List> createList(Window& parent, const ListStyle& style) override;
     std::unique_ptr<ScrollBar> createScrollBar(Window& parent) override;
+    std::unique_ptr<ListView> createListView(Window& parent, const std::vector<Column>& columns) override;
+    std::unique_ptr<ProgressBar> createProgressBar(Window& parent) override;
     Color dialogColor() override;
     Size measureText(const std::string& text, const Font& font) override;
     PicturePtr decodePicture(std::span<const std::uint8_t> bytes) override;
     MessageAnswer messageBox(const MessageBoxStyle& style) override;
+    std::optional<std::string> saveDialog(const SaveDialogStyle& style) override;
 
     std::int64_t now() override;
     double secondsSinceMidnight() override;

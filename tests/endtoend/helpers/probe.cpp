@@ -14,6 +14,7 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
 #include <psapi.h>
 #include <tlhelp32.h>
 
@@ -113,10 +114,72 @@ void listChildren(const Fields& arguments) {
         0);
 }
 
+/// Of a list in report view: the texts of each row.
+void listRows(const Fields& arguments) {
+    struct Question {
+        LVITEMA item;
+        char text[4096];
+    };
+    const HWND list = windowFrom(arguments.at(1));
+    DWORD id = 0;
+    GetWindowThreadProcessId(list, &id);
+    const HANDLE process = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, id);
+    void* const there = VirtualAllocEx(process, nullptr, sizeof(Question), MEM_COMMIT, PAGE_READWRITE);
+    const auto rows = SendMessageA(list, LVM_GETITEMCOUNT, 0, 0);
+    const auto header = reinterpret_cast<HWND>(SendMessageA(list, LVM_GETHEADER, 0, 0));
+    const auto columns = SendMessageA(header, HDM_GETITEMCOUNT, 0, 0);
+    for (LRESULT row = 0; row < rows; ++row) {
+        std::string texts;
+        for (int column = 0; column < columns; ++column) {
+            Question question{};
+            question.item.mask = LVIF_TEXT;
+            question.item.iSubItem = column;
+            question.item.pszText = static_cast<Question*>(there)->text;
+            question.item.cchTextMax = sizeof question.text;
+            WriteProcessMemory(process, there, &question, sizeof question, nullptr);
+            SendMessageA(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(there));
+            ReadProcessMemory(process, there, &question, sizeof question, nullptr);
+            texts += (column > 0 ? "\t" : "") + encoded(question.text);
+        }
+        std::cout << texts << '\n';
+    }
+    VirtualFreeEx(process, there, 0, MEM_RELEASE);
+    CloseHandle(process);
+}
+
+/// Where the room within a window's frame begins on the screen, and its size.
+void tellClient(const Fields& arguments) {
+    const HWND window = windowFrom(arguments.at(1));
+    POINT corner{};
+    ClientToScreen(window, &corner);
+    RECT room{};
+    GetClientRect(window, &room);
+    answer(corner.x, corner.y, room.right, room.bottom);
+}
+
 void postMessage(const Fields& arguments) {
     PostMessageA(windowFrom(arguments.at(1)), static_cast<UINT>(std::stoul(arguments.at(2))),
                  static_cast<WPARAM>(std::stoull(arguments.at(3))),
                  static_cast<LPARAM>(std::stoll(arguments.at(4))));
+}
+
+/// The answer of the window's procedure.
+void sendMessage(const Fields& arguments) {
+    DWORD_PTR result = 0;
+    if (SendMessageTimeoutA(windowFrom(arguments.at(1)), static_cast<UINT>(std::stoul(arguments.at(2))),
+                            static_cast<WPARAM>(std::stoull(arguments.at(3))),
+                            static_cast<LPARAM>(std::stoll(arguments.at(4))), SMTO_ABORTIFHUNG, 10000,
+                            &result) == 0) {
+        throw std::runtime_error("no answer");
+    }
+    answer(result);
+}
+
+void sendText(const Fields& arguments) {
+    const std::string text = decoded(arguments.at(2));
+    DWORD_PTR result = 0;
+    SendMessageTimeoutA(windowFrom(arguments.at(1)), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()),
+                        SMTO_ABORTIFHUNG, 10000, &result);
 }
 
 /// Returns when the window's thread has taken what lay in its queue: a sent message is answered before
@@ -204,6 +267,28 @@ void removeKey(const Fields& arguments) {
     RegDeleteTreeA(HKEY_CURRENT_USER, decoded(arguments.at(1)).c_str());
 }
 
+/// Each value of a key: its name, its type, and its bytes as they are stored.
+void listValues(const Fields& arguments) {
+    HKEY key = nullptr;
+    if (RegOpenKeyExA(HKEY_CURRENT_USER, decoded(arguments.at(1)).c_str(), 0, KEY_READ, &key) !=
+        ERROR_SUCCESS) {
+        return;
+    }
+    char name[256];
+    char data[1024];
+    for (DWORD index = 0;; ++index) {
+        DWORD nameSize = sizeof name;
+        DWORD dataSize = sizeof data;
+        DWORD type = REG_NONE;
+        if (RegEnumValueA(key, index, name, &nameSize, nullptr, &type, reinterpret_cast<BYTE*>(data),
+                          &dataSize) != ERROR_SUCCESS) {
+            break;
+        }
+        answer(encoded(name), type, encoded(std::string(data, dataSize)));
+    }
+    RegCloseKey(key);
+}
+
 // Processes
 
 /// The names of the programs that run.
@@ -215,6 +300,32 @@ void listProcesses(const Fields& /*arguments*/) {
         answer(encoded(entry.szExeFile));
     }
     CloseHandle(processes);
+}
+
+/// From now on: ends a process at once when a key has changed for so many times.
+void killAtChange(const Fields& arguments) {
+    const HANDLE process =
+        OpenProcess(PROCESS_TERMINATE, FALSE, static_cast<DWORD>(std::stoul(arguments.at(1))));
+    HKEY key = nullptr;
+    RegCreateKeyExA(HKEY_CURRENT_USER, decoded(arguments.at(2)).c_str(), 0, nullptr, 0, KEY_NOTIFY, nullptr,
+                    &key, nullptr);
+    const HANDLE changed = CreateEventA(nullptr, FALSE, FALSE, nullptr);
+    const auto listen = [=] {
+        return RegNotifyChangeKeyValue(key, FALSE, REG_NOTIFY_CHANGE_LAST_SET, changed, TRUE);
+    };
+    if (process == nullptr || listen() != ERROR_SUCCESS) {
+        throw std::runtime_error("can't lie in wait");
+    }
+    std::thread([=, changes = std::stoi(arguments.at(3))] {
+        for (int change = 1; change <= changes; ++change) {
+            WaitForSingleObject(changed, INFINITE);
+            listen();
+        }
+        TerminateProcess(process, 1);
+        CloseHandle(process);
+        RegCloseKey(key);
+        CloseHandle(changed);
+    }).detach();
 }
 
 void listModules(const Fields& arguments) {
@@ -254,6 +365,9 @@ int main() {
         {"set", setValue},        {"unset", removeValue},
         {"clear", removeKey},     {"modules", listModules},
         {"desktop", tellDesktop}, {"processes", listProcesses},
+        {"rows", listRows},       {"send", sendMessage},
+        {"send text", sendText},  {"client", tellClient},
+        {"values", listValues},   {"kill at change", killAtChange},
     };
     for (std::string line; std::getline(std::cin, line);) {
         const Fields fields = split(line);

@@ -232,6 +232,24 @@ TEST_F(Dialog, User_ClicksRaiseAsAssignmentsDo) {
     EXPECT_EQ(form.check.value(), 0);
 }
 
+TEST_F(Dialog, AnotherProgramSetsAMark_RaisesAsAnAssignmentDoes) {
+    form.show();
+    const auto mark = [this](toolkit::Button& button, bool marked) {
+        application.input().buttonMarked(button.hWnd(), marked);
+    };
+    mark(form.check, true);
+    mark(form.check, true);
+    EXPECT_THAT(take(), ElementsAre("check click"));
+    EXPECT_EQ(form.check.value(), 1);
+    mark(form.two, true);
+    EXPECT_THAT(take(), ElementsAre("two click"));
+    EXPECT_FALSE(form.one.value());
+    mark(form.two, false);
+    mark(form.ok, true);
+    EXPECT_THAT(take(), IsEmpty());
+    EXPECT_FALSE(form.two.value());
+}
+
 TEST_F(Dialog, User_SelectsWhatIsSelected_RaisesAllTheSame) {
     form.show();
     form.list.addItem("a");

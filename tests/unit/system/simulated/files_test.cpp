@@ -1,8 +1,8 @@
 #include "system/simulated/files.h"
-#include "system/simulated/wildcard.h"
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -14,7 +14,6 @@ namespace {
 
 using sys::Access;
 using sys::simulated::Drives;
-using sys::simulated::patternFinds;
 using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -256,6 +255,18 @@ TEST_P(EveryDrive, FailingTransfers_ComeAfterTheOpen) {
     EXPECT_EQ(codeOf([&] { file->write(&byte, 1); }), 57);
 }
 
+TEST_P(EveryDrive, FailingTransfers_BeginBehindTheSoundBytes) {
+    drives.failTransfers("Sea.jpg", 2);
+    const auto file = drives.open("Sea.jpg", Access::readWrite);
+    std::array<char, 3> bytes{};
+    EXPECT_EQ(file->read(bytes.data(), 2), 2U);
+    EXPECT_EQ(codeOf([&] { file->read(bytes.data(), 1); }), 57);
+    file->seek(0);
+    EXPECT_EQ(codeOf([&] { file->read(bytes.data(), 3); }), 57);
+    EXPECT_EQ(codeOf([&] { file->write("SE", 2); }), 0);
+    EXPECT_EQ(codeOf([&] { file->write("A", 1); }), 57);
+}
+
 TEST_P(EveryDrive, ReadOnlyFile_OpensForReadingAlone) {
     drives.setReadOnly("Sea.jpg");
     EXPECT_EQ(openCode("Sea.jpg"), 0);
@@ -319,6 +330,15 @@ TEST_F(HostDrive, NoPath_LeavesTheFolder) {
     EXPECT_TRUE(fs::exists(root / "drive" / "outside.txt"));
 }
 
+TEST_F(HostDrive, HostPath_IsThatOfAFileThatLiesThere) {
+    put(root / "drive" / "a.txt", "");
+    drives.addFile("E:\\a.txt", "in memory");
+    EXPECT_EQ(drives.hostPath("d:/A.TXT"), (root / "drive" / "a.txt").string());
+    for (const char* path : {"E:\\a.txt", "D:\\b.txt", "D:\\", "Q:\\a.txt", ""}) {
+        EXPECT_EQ(drives.hostPath(path), std::nullopt) << path;
+    }
+}
+
 TEST_F(HostDrive, NamesThatDifferInCase_GoByTheExactOneOrTheFirst) {
     put(root / "drive" / "a.txt", "small");
     put(root / "drive" / "A.txt", "capital");
@@ -343,40 +363,6 @@ TEST_F(HostDrive, MissingHostFolder_IsAnEmptyPlace) {
     drives.mapDrive('E', (root / "none").string());
     EXPECT_EQ(codeOf([&] { drives.list("E:\\*.*"); }), 76);
     EXPECT_EQ(codeOf([&] { drives.open("E:\\x", Access::write); }), 76);
-}
-
-TEST(PatternFinds, LongNames) {
-    EXPECT_TRUE(patternFinds("*.jpg", "a.jpg"));
-    EXPECT_TRUE(patternFinds("*.JPG", "a.b.jpg"));
-    EXPECT_FALSE(patternFinds("*.jpg", "a.jpg.txt"));
-    EXPECT_FALSE(patternFinds("*.jpg", "jpg"));
-    EXPECT_TRUE(patternFinds("a*c", "abbc"));
-    EXPECT_FALSE(patternFinds("a*c", "abbcd"));
-    EXPECT_TRUE(patternFinds("?a?.txt", "bad.txt"));
-    EXPECT_TRUE(patternFinds("ba??.txt", "bad.txt"))
-        << "a question mark before the dot may stand for nothing";
-    EXPECT_FALSE(patternFinds("b?.txt", "bad.txt"));
-    EXPECT_FALSE(patternFinds("bad.txt", "bad.tx"));
-    EXPECT_FALSE(patternFinds("", "a"));
-}
-
-TEST(PatternFinds, NamesWithoutExtension) {
-    EXPECT_TRUE(patternFinds("*.*", "plain"));
-    EXPECT_TRUE(patternFinds("*", "a.b"));
-    EXPECT_TRUE(patternFinds("*.", "plain"));
-    EXPECT_FALSE(patternFinds("*.", "a.b"));
-    EXPECT_FALSE(patternFinds("plain.txt", "plain"));
-}
-
-TEST(PatternFinds, ThreeLetterExtension_FindsLongerOnes) {
-    EXPECT_TRUE(patternFinds("*.jpe", "a.jpeg"));
-    EXPECT_TRUE(patternFinds("*.jpe", "a.jpe"));
-    EXPECT_TRUE(patternFinds("*.JPE", "a.b.Jpeg2000"));
-    EXPECT_FALSE(patternFinds("*.jpe", "a.jpeg.txt"));
-    EXPECT_FALSE(patternFinds("*.jpg", "a.jpeg"));
-    EXPECT_FALSE(patternFinds("*.jp", "a.jpg")) << "two letters find no more";
-    EXPECT_FALSE(patternFinds("*.jpeg", "a.jpegs")) << "nor do four";
-    EXPECT_FALSE(patternFinds("*.j?e", "a.jpeg")) << "nor a wildcard";
 }
 
 } // namespace

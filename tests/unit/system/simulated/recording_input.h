@@ -35,6 +35,7 @@ public:
         add("close " + std::to_string(static_cast<int>(reason)));
     }
     void buttonClicked(sys::WindowHandle) override { add("button"); }
+    void buttonMarked(sys::WindowHandle, bool marked) override { add(marked ? "marked" : "cleared"); }
     void textChanged(sys::WindowHandle, const std::string& text) override { add("text " + text); }
     void itemSelected(sys::WindowHandle, int index) override { add("item " + std::to_string(index)); }
     void itemActivated(sys::WindowHandle, int index) override {

@@ -1,8 +1,8 @@
-#include "system/simulated/wildcard.h"
+#include "system/wildcard.h"
 
-#include "system/simulated/names.h"
+#include "system/names.h"
 
-namespace sys::simulated {
+namespace sys {
 
 namespace {
 
@@ -75,4 +75,4 @@ bool patternFinds(std::string_view pattern, std::string_view name) {
            matches(pattern, name.substr(0, name.size() - (extension - shortExtension)));
 }
 
-} // namespace sys::simulated
+} // namespace sys

@@ -1,0 +1,77 @@
+// The rows into a template file: `WriteTemplate`, the button that asks for its name, and the question before
+// changes are lost.
+#include "designer/frm_designer.h"
+#include "startup/marrowfieldry.h"
+#include "startup/shared_state.h"
+#include "toolkit/application.h"
+#include "toolkit/failure_handling.h"
+
+using toolkit::Application;
+using toolkit::CommonDialog;
+
+namespace {
+
+constexpr int templateFile = 1; // the file number
+
+} // namespace
+
+/// Paths are written whole. A row without a picture has no line that starts it, so that its lines are those
+/// of the item above: meant so.
+void frmDesigner::WriteTemplate(const std::string& name) {
+    toolkit::FileTable& files = Application::current().files();
+    files.open(templateFile, name, toolkit::OpenMode::output);
+    const toolkit::Freed file(files, templateFile);
+    const auto write = [&](const std::string& line) { files.writeLine(templateFile, line); };
+    write(optSync1.value() ? "SOUNDSYNC=1" : optSync2.value() ? "SOUNDSYNC=2" : "SOUNDASYNC");
+    if (!optSync1.value() && !optSync2.value()) {
+        for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
+            if (hasSound(row)) {
+                write("SOUND=" + soundPath(row));
+            }
+        }
+    }
+    for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
+        if (hasImage(row)) {
+            write("");
+            write("IMAGE=" + imagePath(row));
+        }
+        if (!optAsync.value() && hasSound(row)) {
+            write("SOUND=" + soundPath(row));
+        }
+        if (const std::string& dissolve = ListView1.text(row, dissolvesColumn); !dissolve.empty()) {
+            write("DISSOLVE=" + dissolve);
+        }
+        if (const std::string& comment = ListView1.text(row, commentsColumn); !comment.empty()) {
+            write(UnModifyComment(comment));
+        }
+    }
+    Parser.setFileSpec(name);
+    TemplateFile = name;
+    TemplateFolder = Parser.Path;
+    files.close(templateFile);
+}
+
+/// Any failure, a cancelled dialog included, ends this without a word, and the document stays unsaved: meant
+/// so.
+void frmDesigner::cmdSave_Click() {
+    toolkit::handlingFailures(
+        [this] {
+            CommonDialog1.CancelError = true;
+            CommonDialog1.Flags = CommonDialog::overwritePrompt | CommonDialog::hideReadOnly;
+            CommonDialog1.DefaultExt = "txt";
+            CommonDialog1.FileName = TemplateFile;
+            CommonDialog1.FilterIndex = 1;
+            CommonDialog1.Filter = "Text Files (*.txt)|*.txt|All Files (*.*)|*.*";
+            CommonDialog1.ShowSave();
+            WriteTemplate(CommonDialog1.FileName);
+            TemplateDirty = False;
+        },
+        [](const Failure&) {});
+}
+
+std::int16_t frmDesigner::AskToSave() {
+    const sys::MessageAnswer answer =
+        Application::current().ask({.text = "The template file has changed... Do you want to save it?",
+                                    .buttons = sys::MessageButtons::yesNo});
+    return answer == sys::MessageAnswer::yes ? True : False;
+}

@@ -1,0 +1,353 @@
+"""The template designer, worked from outside through its real windows."""
+
+import os
+
+from case import EndToEndCase
+from dialog import CB_SETCURSEL, CBN_SELCHANGE, LBN_DBLCLK, LBN_SELCHANGE, WM_CLOSE, WM_COMMAND, Dialog
+from pictures import quarters
+from session import wait_until
+from test_sound import LOW, MIDDLE, ListeningCase
+
+LVM_GETITEMCOUNT = 0x1004
+LVM_GETNEXTITEM = 0x100C
+LVM_GETCOLUMNWIDTH = 0x101D
+LVNI_SELECTED = 2
+PBM_GETPOS = 0x408
+TRANSITIONS = ["Random", "Normal", "Random Blocks", "Top To Bottom"]  # the first of the editor's list
+
+
+class Designer(Dialog):
+    def __init__(self, test, show, caption="Template Designer"):
+        super().__init__(test, show, caption)
+        self._test = test
+        self.machine = test.machine
+        (self.list,) = self.controls("syslistview32")
+
+    def rows(self):
+        """The texts of each row."""
+        return self._probe.ask("rows", self.list.handle)
+
+    def selected(self):
+        """The row, from 1."""
+        return self.send(self.list.handle, LVM_GETNEXTITEM, 2**64 - 1, LVNI_SELECTED) + 1
+
+    def wait_for_rows(self, *rows):
+        wait_until(lambda: self.rows() == [list(row) for row in rows], lambda: f"the rows are {self.rows()}")
+
+    def click_row(self, number):
+        """Clicks on one of the first rows with the mouse."""
+        header, row = 18, 13  # pixels
+        top = self.list.top + header + row * number - row // 2
+        self.machine.act_on(self.form, "mousemove", self.list.left + 30, top, "click", "1")
+
+    def double_click_row(self, number):
+        self.click_row(number)
+        self.machine.act_on(self.form, "click", "--repeat", "2", "--delay", "20", "1")
+
+    def press(self, key):
+        self.machine.act_on(self.form, "key", key)
+
+    def name_file(self, button, path):
+        """Presses a button that asks for a file, and enters its name."""
+        self.click(button)
+
+        def asked():
+            return next((window for window in self._probe.windows()
+                         if window.kind == "#32770" and window.visible and window.text != "Tessellarium"), None)
+        dialog = wait_until(asked, "the system doesn't ask for a name")
+        self._probe.settle(dialog)
+        self.machine.act("key", "ctrl+a")
+        self.machine.act("type", "--delay", "0", path)
+        self._test.keep_shot(self.machine.shot(), f"name for {button}")
+        self.machine.act("key", "Return")
+        wait_until(lambda: not asked(), "the system's dialog stays")
+        self._probe.settle(self.form)
+
+
+class Editor(Dialog):
+    """The item editor, which the designer opens."""
+
+    def __init__(self, test, show):
+        super().__init__(test, show, "Template Edit")
+        self.machine = test.machine
+
+    def enter_folders(self, name, among):
+        """Enters a folder in both lists of folders."""
+        for folders in self.controls("listbox")[0], self.controls("listbox")[2]:
+            self.choose(folders, among.index(name), LBN_SELCHANGE, LBN_DBLCLK)
+
+    def pick(self, image, sound, among):
+        """Clicks on a picture and on a sound of the folder that is shown, by the names in it."""
+        _, images, _, sounds = self.controls("listbox")
+        for files, name, endings in (images, image, (".bmp",)), (sounds, sound, (".wav",)):
+            if name:
+                names = sorted(name for name in among if name.endswith(endings))
+                self.choose(files, names.index(name), LBN_SELCHANGE)
+
+    def choose_transition(self, name):
+        box = [box for box in self.controls("combobox") if box.right - box.left > 200][-1]
+        self.post(box.handle, CB_SETCURSEL, TRANSITIONS.index(name))
+        self.post(box.parent, WM_COMMAND, CBN_SELCHANGE << 16, box.handle)
+
+    def type_comment(self, text):
+        (box,) = self.controls("edit")
+        self.machine.act("mousemove", box.left + 20, box.top + 10, "click", "1")
+        self.machine.act("type", "--delay", "0", text)
+        self._probe.settle(self.form)
+
+
+class DesignerCase(EndToEndCase):
+    def open(self, template=None, lines=()):
+        """The settings dialog, and the designer from its "New", or from its "Edit" on a template."""
+        if template:
+            self.write(template, "".join(line + "\r\n" for line in lines).encode("cp1252"))
+            show = self.start("/c", ImagePath=self.windows(""), ImageListFile=template)
+        else:
+            show = self.start("/c")
+        settings = Dialog(self, show)
+        settings.click("Edit" if template else "New")
+        caption = "Template Designer" + (f" - {self.windows(template)}" if template else "")
+        return settings, Designer(self, show, caption)
+
+    def windows(self, name):
+        return self.machine.windows_path(self.pictures) + "\\" + name
+
+    def content(self, name):
+        with open(os.path.join(self.pictures, name), "rb") as file:
+            return file.read()
+
+
+class DesignerTest(DesignerCase):
+    def test_new_comes_up_with_a_row_and_goes_without_a_question(self):
+        settings, designer = self.open()
+        self.assertEqual(designer.rows(), [[""] * 4])
+        self.assertEqual(designer.selected(), 1)
+        widths = [designer.send(designer.list.handle, LVM_GETCOLUMNWIDTH, column) for column in range(4)]
+        self.assertEqual(widths[:3], [99, 99, 99])
+        self.assertAlmostEqual(widths[3], 362, delta=4, msg="but for the border")
+        self.assertEqual([button.text for button in designer.controls("button")],
+                         ["Up", "Down", "Insert", "Delete", "Clear", "Save", "Create", "Load", "Ok", "Sound Mode",
+                          "Sync1", "Sync2", "Async"])
+        self.keep_shot(self.machine.shot(), "new")
+        up = designer.controls("button", "Up")[0]
+        self.machine.act("mousemove", up.left + 10, up.top + 10)
+        wait_until(lambda: any(window.kind == "tooltips_class32" and window.visible for window in self.probe.windows()),
+                   "no tool tip comes up")
+        self.keep_shot(self.machine.shot(), "tool tip")
+        designer.click("Ok")
+        settings.wait_for_text("edit", "")
+        settings.click("Cancel")
+        settings.show.wait_for_end()
+
+    def test_rows_are_worked_by_mouse_buttons_and_keys(self):
+        _, designer = self.open("t.txt", ["IMAGE=a.bmp", "one", "IMAGE=b.bmp", "two", "IMAGE=c.bmp", "three"])
+        a, b, c, blank = (["a.bmp", "", "", "one"], ["b.bmp", "", "", "two"], ["c.bmp", "", "", "three"], [""] * 4)
+        designer.wait_for_rows(a, b, c, blank)
+        self.assertEqual(designer.selected(), 1)
+        self.keep_shot(self.machine.shot(), "rows")
+        designer.click_row(2)
+        self.assertEqual(designer.selected(), 2)
+        self.machine.act_on(designer.form, "mousemove", designer.list.left + 30, designer.list.bottom - 10, "click", "1")
+        self.assertEqual(designer.selected(), 2)
+        designer.press("ctrl+Down")
+        designer.wait_for_rows(a, c, b, blank)
+        self.assertEqual(designer.selected(), 3)
+        designer.press("ctrl+Up")
+        designer.press("Up")
+        self.assertEqual(designer.selected(), 1)
+        designer.press("ctrl+space")
+        self.assertEqual(designer.selected(), 1)
+        designer.press("Delete")
+        designer.wait_for_rows(b, c, blank)
+        designer.press("End")
+        designer.click("Up")
+        designer.wait_for_rows(b, blank, c)
+        designer.click("Delete")
+        designer.wait_for_rows(b, c)
+        self.assertEqual(designer.selected(), 2)
+        designer.click("Clear")
+        designer.wait_for_rows(blank)
+        self.assertEqual(designer.selected(), 1)
+
+    def test_saved_and_created_it_is_what_stands_in_the_rows(self):
+        first = self.add("a.bmp", quarters(300, 200))
+        second = self.add("b.bmp", quarters(200, 120))
+        settings, designer = self.open("t.txt", ["IMAGE=b.bmp", "IMAGE=a.bmp", "a, b"])
+        designer.click("Down")
+        designer.wait_for_rows(["a.bmp", "", "", "a, b"], ["b.bmp", "", "", ""], [""] * 4)
+        designer.name_file("Save", self.windows("saved"))
+        saved = os.path.join(self.pictures, "saved.txt")
+        wait_until(lambda: os.path.exists(saved), "nothing is saved")
+        self.assertEqual(self.content("saved.txt").decode(),
+                         f"SOUNDSYNC=1\r\n\r\nIMAGE={self.windows('a.bmp')}\r\na, b\r\n"
+                         f"\r\nIMAGE={self.windows('b.bmp')}\r\n")
+        designer.name_file("Create", self.windows("mine"))
+        package = os.path.join(self.pictures, "mine.scr")
+        wait_until(lambda: os.path.exists(package) and self.content("mine.scr").endswith(b"Tessellarium\r\n"),
+                   "the package isn't finished")
+        designer.click("Ok")
+        settings.wait_for_text("edit", self.windows("saved.txt"))
+        settings.click("Done")
+        settings.show.wait_for_end()
+        frames = {"a": self.frame().centre(first).ignore(0, 600, 400, 768),
+                  "b": self.frame().centre(second).ignore(0, 600, 400, 768)}
+        for program in self.program, package:
+            show = self.start_program(program, "/s")
+            self.assertEqual(show.watch(frames, 2), ["a", "b"])
+            self.end_by_key(show)
+
+    def test_closing_with_changes_asks(self):
+        settings, designer = self.open()
+        designer.click("Clear")
+        designer.click("Ok")
+
+        def asked():
+            return next((window for window in self.probe.windows()
+                         if window.kind == "#32770" and window.text == "Tessellarium"), None)
+        box = wait_until(asked, "nothing is asked")
+        texts = [child.text for child in self.probe.children(box)]
+        self.assertIn("The template file has changed... Do you want to save it?", texts)
+        self.keep_shot(self.machine.shot(), "question")
+        self.machine.act("key", "alt+n")
+        settings.wait_for_text("edit", "")
+        settings.click("Cancel")
+        settings.show.wait_for_end()
+
+
+class DesignerDuringCreateTest(DesignerCase):
+    def create(self):
+        """The designer with a package under way that takes some seconds."""
+        for number in range(4):
+            with open(os.path.join(self.pictures, f"{number}.jpg"), "wb") as file:
+                file.truncate(24_000_000)
+        settings, designer = self.open("t.txt", [f"IMAGE={number}.jpg" for number in range(4)])
+        designer.name_file("Create", self.windows("large"))
+        bar = wait_until(lambda: designer.controls("msctls_progress32"), "no progress is shown")[0]
+        self.assertEqual(designer.controls("syslistview32"), [])
+        return settings, designer, bar
+
+    def finished(self):
+        path = os.path.join(self.pictures, "large.scr")
+        if not os.path.exists(path):
+            return False
+        with open(path, "rb") as file:
+            file.seek(max(os.path.getsize(path) - 34, 0))
+            return file.read().endswith(b"00000004\r\nTessellarium\r\n")
+
+    def test_progress_is_shown_and_the_window_lives(self):
+        _, designer, bar = self.create()
+        seen = set()
+
+        def done():
+            # Each of these is answered by the window itself.
+            shown = designer.controls("static", "Appending Images")
+            position = designer.send(bar.handle, PBM_GETPOS)
+            if shown and position not in seen:
+                seen.add(position)
+                self.keep_shot(self.machine.shot(), f"at {position}")
+            return designer.controls("syslistview32")
+        wait_until(done, "the list doesn't come back")
+        self.assertGreater(len(seen), 1)
+        wait_until(self.finished, "the package isn't finished")
+
+    def test_closed_meanwhile_it_finishes_the_package(self):
+        settings, designer, _ = self.create()
+        designer.post(designer.form.handle, WM_CLOSE)
+        settings.wait_for_text("edit", self.windows("t.txt"))
+        wait_until(self.finished, "the package isn't finished")
+        settings.click("Cancel")
+        settings.show.wait_for_end()
+
+    def test_rows_changed_meanwhile_are_told(self):
+        _, designer, _ = self.create()
+        designer.click("Clear")
+        box = wait_until(lambda: next((window for window in self.probe.windows() if window.kind == "#32770"), None),
+                         "nothing is told")
+        self.assertTrue(any("Error" in child.text or "changed" in child.text for child in self.probe.children(box)))
+        self.assertFalse(self.finished())
+        self.machine.act("key", "Return")
+        designer.wait_for_rows([""] * 4, [""] * 4)
+
+
+class JourneyTest(DesignerCase, ListeningCase):
+    """From no template to a screen saver of one's own."""
+
+    def fill(self, designer, image, sound, transition, comment, first=False):
+        editor = Editor(self, designer.show)
+        if first:
+            editor.enter_folders("pictures", ["C:\\", "test", "pictures"])
+        editor.pick(image, sound, os.listdir(self.pictures))
+        editor.choose_transition(transition)
+        if comment:
+            editor.type_comment(comment)
+        self.keep_shot(self.machine.shot(), f"editor {image}")
+        editor.click("Ok")
+
+    def watch_show(self, program):
+        """What was entered is seen and heard."""
+        show = self.start_program(program, "/s")
+        frames = {name: frame.ignore(0, 500, 300, 600) for name, frame in self.frames.items()}
+        self.assertEqual(show.watch(frames, 1), ["a.bmp"])
+        self.wait_for_text(show, lambda text: text.split() == ["first", "second"])
+        self.keep_shot(self.machine.shot(), os.path.basename(program))
+        self.assertIn("b.bmp", show.watch(frames, 2))
+        self.wait_for_tones(LOW, MIDDLE)
+        self.end_by_key(show)
+
+    def test_the_whole_journey(self):
+        self.add_tone("low.wav", LOW, 0.5)
+        self.add_tone("middle.wav", MIDDLE, 0.5)
+        settings, designer = self.open()
+        a = ["a.bmp", "low.wav", "Top To Bottom", "first^second"]
+        b, blank = ["b.bmp", "middle.wav", "Normal", ""], [""] * 4
+        designer.double_click_row(1)
+        self.fill(designer, "b.bmp", "middle.wav", "Normal", "", first=True)
+        designer.wait_for_rows(b, blank)
+        designer.press("End")
+        designer.press("Return")
+        self.fill(designer, "a.bmp", "low.wav", "Top To Bottom", "first\nsecond")
+        designer.wait_for_rows(b, a, blank)
+        designer.click("Up")
+        designer.wait_for_rows(a, b, blank)
+        designer.click("Insert")
+        Editor(self, designer.show).click("Cancel")
+        designer.wait_for_rows(blank, a, b, blank, blank)
+        designer.click("Delete")
+        designer.press("End")
+        designer.press("Delete")
+        designer.wait_for_rows(a, b, blank)
+        self.keep_shot(self.machine.shot(), "rows")
+        designer.name_file("Save", self.windows("mine.txt"))
+        designer.name_file("Create", self.windows("mine"))
+        package = os.path.join(self.pictures, "mine.scr")
+        wait_until(lambda: os.path.exists(package) and self.content("mine.scr").endswith(b"Tessellarium\r\n"),
+                   "the package isn't finished")
+        designer.click("Ok")
+        settings.wait_for_text("edit", self.windows("mine.txt"))
+        settings.click("Done")
+        settings.show.wait_for_end()
+        self.watch_show(self.program)
+        self.listener = type(self.listener)(self.machine.sound, (LOW, MIDDLE))
+        self.watch_show(package)
+        settings = Dialog(self, self.start_program(self.program, "/c"))
+        settings.click("Edit")
+        caption = f"Template Designer - {self.windows('mine.txt')}"
+        Designer(self, settings.show, caption).wait_for_rows(a, b, blank)
+
+
+class LargeTypeTest(DesignerCase):
+    """At 150 % nothing is cut off; a picture for who looks."""
+
+    size = (1920, 1200)
+    dpi = 144
+
+    def test_large_type(self):
+        _, designer = self.open("t.txt", ["IMAGE=a.bmp", "one", "IMAGE=b.bmp", "two", "IMAGE=c.bmp", "three"])
+        designer.wait_for_rows(["a.bmp", "", "", "one"], ["b.bmp", "", "", "two"], ["c.bmp", "", "", "three"], [""] * 4)
+        self.keep_shot(self.machine.shot(), f"at {self.dpi}")
+
+
+class LargerTypeTest(LargeTypeTest):
+    """The same at 200 %."""
+
+    dpi = 192

@@ -1,0 +1,396 @@
+// The settings dialog at work: its lists, "Done" and "Cancel", the way to the designer, help and home page.
+#include "designer/frm_designer.h"
+#include "program/settings_dialog.h"
+#include "settings/frm_about.h"
+
+#include <map>
+
+namespace {
+
+using sys::MessageAnswer;
+using sys::ScrollStep;
+using sys::simulated::ShownMessage;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr sys::MessageIcon noIcon = sys::MessageIcon::none;
+
+// Lists
+
+TEST_F(SettingsDialog, TemplateLists_OnlyAClickOnAFileWrites) {
+    frmConfig& dialog = openInTemplateMode();
+    click(dialog.cmdSelectTemplate);
+    enterFolder(dialog.Dir1, 0);
+    EXPECT_EQ(dialog.File1.path(), "C:\\");
+    EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\t\\show.txt");
+    enterFolder(dialog.Dir1, 2);
+    ASSERT_EQ(dialog.Dir1.path(), "C:\\t");
+    select(dialog.File1, 1);
+    EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\t\\zoo.txt");
+    EXPECT_EQ(shared.ImageListFile, "zoo.txt");
+    type("other");
+    select(dialog.File1, 1);
+    EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\t\\zoo.txt") << "a click on the selected one counts";
+}
+
+TEST_F(SettingsDialog, TemplateLists_TheDriveTakesTheFolderAndTheFilesAlong) {
+    frmConfig& dialog = openInTemplateMode();
+    click(dialog.cmdSelectTemplate);
+    select(dialog.Drive1, 1);
+    EXPECT_EQ(dialog.Dir1.path(), "T:\\Tessellarium");
+    EXPECT_EQ(dialog.File1.path(), "T:\\Tessellarium");
+    EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\t\\show.txt");
+    EXPECT_EQ(shared.ImageListFile, "show.txt");
+}
+
+TEST_F(SettingsDialog, TemplateLists_AFileInARoot_StandsBehindItsSingleBackslash) {
+    program.machine.files().addFile("C:\\root.txt", "");
+    program.setting("ImagePath", "C:\\");
+    frmConfig& dialog = open();
+    click(dialog.cmdSelectTemplate);
+    select(dialog.File1, 0);
+    EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\root.txt");
+}
+
+TEST_F(SettingsDialog, FolderLists_AClickOnAFileDoesNothing) {
+    frmConfig& dialog = openInFolderMode();
+    click(dialog.cmdSelectFolder);
+    type("typed");
+    select(dialog.File2, 0);
+    EXPECT_EQ(dialog.File2.fileName(), "a.bmp");
+    EXPECT_EQ(dialog.txtImageListFile.text(), "typed");
+}
+
+TEST_F(SettingsDialog, FolderLists_EveryMoveWrites) {
+    frmConfig& dialog = openInFolderMode();
+    click(dialog.cmdSelectFolder);
+    EXPECT_EQ(panel(), "folder");
+    enterFolder(dialog.Dir2, 2);
+    EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\pics\\inner\\");
+    EXPECT_EQ(shared.ImageListFile, "C:\\pics\\inner\\");
+    EXPECT_EQ(dialog.File2.path(), "C:\\pics\\inner");
+    select(dialog.Drive2, 1);
+    EXPECT_EQ(dialog.txtImageListFile.text(), "T:\\Tessellarium\\");
+}
+
+TEST_F(SettingsDialog, DriveThatIsNotReady_EndsWithTheDefaultReport) {
+    program.machine.files().addMemoryDrive('D');
+    program.machine.files().setReady('D', false);
+    frmConfig& dialog = openInFolderMode();
+    click(dialog.cmdSelectFolder);
+    select(dialog.Drive2, 1);
+    EXPECT_EQ(program.exitCode(), 1);
+    EXPECT_THAT(messages(), ElementsAre(ShownMessage{"Device unavailable", "Tessellarium"}));
+}
+
+TEST_F(SettingsDialog, FolderThatVanished_EndsWithTheDefaultReport) {
+    frmConfig& dialog = openInFolderMode();
+    click(dialog.cmdSelectFolder);
+    program.machine.files().failOpening("C:\\pics\\inner", FailureCode::pathNotFound);
+    enterFolder(dialog.Dir2, 2);
+    EXPECT_EQ(program.exitCode(), 1);
+    EXPECT_THAT(messages(), ElementsAre(ShownMessage{"Path not found", "Tessellarium"}));
+}
+
+// "Done" and "Cancel"
+
+TEST_F(SettingsDialog, SyncPathsFromText_TakesTheTextApartByTheMode) {
+    struct Row {
+        std::int16_t mode;
+        const char* text;
+        const char* path;
+        const char* file;
+    };
+    frmConfig& dialog = open();
+    for (const Row& row :
+         {Row{0, "C:\\templates\\show.txt", "C:\\templates\\", "show.txt"},
+          Row{0, "show.txt", "\\", "show.txt"}, Row{0, "", "\\", ""},
+          Row{1, "C:\\pictures\\", "C:\\pictures\\", ""}, Row{1, "C:\\pictures", "C:\\pictures\\", ""},
+          Row{1, "C:\\templates\\show.txt", "C:\\templates\\show.txt\\", ""}}) {
+        shared.AllImages = row.mode;
+        dialog.txtImageListFile.setText(row.text);
+        dialog.SyncPathsFromText();
+        EXPECT_EQ(shared.ImagePath, row.path) << row.text;
+        EXPECT_EQ(shared.ImageListFile, row.file) << row.text;
+    }
+}
+
+TEST_F(SettingsDialog, Done_WritesTheTwelveValuesAsTexts) {
+    frmConfig& dialog = openInTemplateMode();
+    click(dialog.chkFullScreen);
+    click(dialog.chkPositionRandom);
+    click(dialog.chkOrderRandom);
+    click(dialog.chkIgnoreMouse);
+    program.machine.settings().takeWritten();
+    program.machine.user().scroll(dialog.ScrollInterval.hWnd(), ScrollStep::toPosition, 33);
+    program.machine.user().scroll(dialog.ScrollDissolveSize.hWnd(), ScrollStep::toPosition, 34);
+    program.machine.user().scroll(dialog.ScrollDissolveDelay.hWnd(), ScrollStep::toPosition, 35);
+    program.machine.user().scroll(dialog.ScrollMouseSensitivity.hWnd(), ScrollStep::toPosition, 36);
+    program.advance(0);
+    dialog.Combo1.setListIndex(3);
+    click(dialog.cmdExit);
+    EXPECT_TRUE(program.over());
+    EXPECT_THAT(messages(), IsEmpty());
+    const std::map<std::string, std::string> expected = {{"ImagePath", "C:\\t\\"},
+                                                         {"ImageInterval", "33"},
+                                                         {"ImageListFile", "show.txt"},
+                                                         {"FullScreen", "1"},
+                                                         {"ImagePositionRandom", "1"},
+                                                         {"ImageOrderRandom", "1"},
+                                                         {"AllImages", "0"},
+                                                         {"Blocks", "34"},
+                                                         {"DissolveType", "Top To Bottom"},
+                                                         {"DissolveDelay", "35"},
+                                                         {"MouseSensitivity", "36"},
+                                                         {"IgnoreMouse", "1"}};
+    for (const auto& [key, value] : expected) {
+        EXPECT_EQ(stored(key), value) << key;
+    }
+    EXPECT_THAT(program.machine.settings().takeWritten(),
+                ElementsAre("ImagePath", "ImageInterval", "ImageListFile", "FullScreen",
+                            "ImagePositionRandom", "ImageOrderRandom", "AllImages", "Blocks", "DissolveType",
+                            "DissolveDelay", "MouseSensitivity", "IgnoreMouse"));
+    EXPECT_EQ(shared.DissolveType, "Normal") << "it goes straight to the store";
+    EXPECT_EQ(shared.IgnoreMouse, 0);
+}
+
+TEST_F(SettingsDialog, CancelAndTheCloseBox_WriteNothingAndTakeNothingBack) {
+    for (const bool byCancel : {true, false}) {
+        frmConfig& dialog = openInTemplateMode();
+        program.machine.settings().takeWritten();
+        click(dialog.chkFullScreen);
+        click(dialog.chkFolderMode);
+        if (byCancel) {
+            click(dialog.cmdCancel);
+        } else {
+            program.machine.user().closeWindow(dialog.hWnd());
+            program.advance(0);
+        }
+        EXPECT_TRUE(program.over());
+        EXPECT_THAT(program.machine.settings().takeWritten(), IsEmpty());
+        EXPECT_EQ(shared.FullScreen, 1);
+        EXPECT_EQ(shared.AllImages, 1);
+    }
+}
+
+TEST_F(SettingsDialog, OtherRoadsThanDone_WriteNothing) {
+    openInFolderMode().unload();
+    program.machine.settings().takeWritten();
+    for (const char* commandLine : {"/a 0", "/x", "/p 0", "/s"}) {
+        program.start(commandLine);
+        program.advance(3000);
+        EXPECT_THAT(program.machine.settings().takeWritten(), IsEmpty()) << commandLine;
+    }
+}
+
+TEST_F(SettingsDialog, Done_UnknownTransition_SavesRandom) {
+    program.setting("DissolveType", "Nothing");
+    click(openInFolderMode().cmdExit);
+    EXPECT_EQ(stored("DissolveType"), "Random");
+}
+
+TEST_F(SettingsDialog, Done_InStandAloneMode_SavesAsElsewhere) {
+    program.setting("DissolveType", "Random Vertical");
+    program.setting("AllImages", "1");
+    frmConfig& dialog = openStandAlone();
+    ASSERT_EQ(shared.RunMode, standAloneMode);
+    click(dialog.cmdExit);
+    EXPECT_TRUE(program.over());
+    EXPECT_EQ(stored("AllImages"), "1");
+    EXPECT_EQ(stored("DissolveType"), "Random Vertical") << "though no list of transitions can be reached";
+}
+
+TEST_F(SettingsDialog, Done_InStandAloneMode_ChecksTheTemplateAsElsewhere) {
+    click(openStandAlone().cmdExit);
+    EXPECT_THAT(messages(),
+                ElementsAre(ShownMessage{"An error has occurred: Path/File access error", "Tessellarium"}));
+    EXPECT_TRUE(program.over());
+    EXPECT_EQ(stored("Blocks"), "(none)");
+}
+
+TEST_F(SettingsDialog, Done_FolderTextLeftInTemplateMode_TellsAndEndsUnsaved) {
+    frmConfig& dialog = openInFolderMode();
+    click(dialog.chkTemplateMode);
+    click(dialog.cmdExit);
+    EXPECT_EQ(messages().back(),
+              (ShownMessage{"An error has occurred: Path/File access error", "Tessellarium"}));
+    EXPECT_TRUE(program.over());
+    EXPECT_EQ(stored("AllImages"), "1");
+}
+
+TEST_F(SettingsDialog, Done_TemplateTextLeftInFolderMode_SavesItAsTheFolder) {
+    // The folder list is at the template's folder already, so that its way there changes nothing.
+    frmConfig& dialog = openInFolderMode("C:\\t\\");
+    click(dialog.chkTemplateMode);
+    click(dialog.cmdSelectTemplate);
+    select(dialog.File1, 0);
+    click(dialog.chkFolderMode);
+    EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\t\\show.txt");
+    click(dialog.cmdExit);
+    EXPECT_EQ(stored("ImagePath"), "C:\\t\\show.txt\\");
+    EXPECT_EQ(stored("ImageListFile"), "");
+}
+
+TEST_F(SettingsDialog, Done_TemplateInAMissingFolder_AsksAndSavesOnOk) {
+    frmConfig& dialog = openInTemplateMode();
+    type("C:\\none\\show.txt");
+    program.machine.answerMessageBox(MessageAnswer::cancel);
+    click(dialog.cmdExit);
+    EXPECT_THAT(messages(), ElementsAre(ShownMessage{"The Template File You Have Specified Does Not Exist",
+                                                     "Tessellarium", sys::MessageButtons::okCancel, noIcon}));
+    EXPECT_TRUE(dialog.shown());
+    EXPECT_EQ(stored("ImageInterval"), "(none)");
+    EXPECT_EQ(shared.ImagePath, "C:\\none\\") << "rebuilt already";
+    program.machine.answerMessageBox(MessageAnswer::ok);
+    click(dialog.cmdExit);
+    EXPECT_TRUE(program.over());
+    EXPECT_EQ(stored("ImagePath"), "C:\\none\\");
+    EXPECT_EQ(stored("ImageListFile"), "show.txt");
+}
+
+TEST_F(SettingsDialog, Done_TemplateThatCanNotBeOpened_TellsAndEndsUnsaved) {
+    const std::map<std::string, std::string> failures = {{"C:\\t\\none.txt", "File not found"},
+                                                         {"C:\\t\\", "Path/File access error"},
+                                                         {"", "Path/File access error"}};
+    for (const auto& [text, description] : failures) {
+        frmConfig& dialog = openInTemplateMode();
+        type(text);
+        click(dialog.cmdExit);
+        EXPECT_EQ(messages().back(), (ShownMessage{"An error has occurred: " + description, "Tessellarium"}));
+        EXPECT_TRUE(program.over());
+        EXPECT_EQ(stored("ImageInterval"), "(none)");
+    }
+}
+
+TEST_F(SettingsDialog, Done_FolderMode_ChecksNothing) {
+    frmConfig& dialog = openInFolderMode();
+    type("Q:\\none");
+    click(dialog.cmdExit);
+    EXPECT_TRUE(program.over());
+    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_EQ(stored("ImagePath"), "Q:\\none\\");
+    EXPECT_EQ(stored("ImageListFile"), "");
+}
+
+TEST_F(SettingsDialog, Done_ModeThatIsNeitherZeroNorOne_ChecksNothing) {
+    // In a packaged screen saver, where nothing has made it 0 or 1 before.
+    program.setting("AllImages", "-1");
+    frmConfig& dialog = openStandAlone();
+    type("C:\\none\\show.txt");
+    click(dialog.cmdExit);
+    EXPECT_TRUE(program.over());
+    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_EQ(stored("AllImages"), "-1");
+    EXPECT_EQ(stored("ImagePath"), "C:\\none\\");
+}
+
+// The designer
+
+TEST_F(SettingsDialog, NewAndEdit_ShowTheDesignerAndTakeItsTemplate) {
+    frmConfig& dialog = openInTemplateMode();
+    auto& designer = program.application().form<frmDesigner>();
+    designer.load();
+    program.machine.user(20).closeWindow(designer.hWnd());
+    program.machine.user().clickOn(dialog.cmdEditTemplate.hWnd());
+    program.advance(100);
+    EXPECT_EQ(designer.TemplateFile, "C:\\t\\show.txt");
+    EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\t\\show.txt");
+    designer.load();
+    program.machine.user(20).closeWindow(designer.hWnd());
+    program.machine.user().clickOn(dialog.cmdCreateTemplate.hWnd());
+    program.advance(100);
+    EXPECT_EQ(designer.TemplateFile, "");
+    EXPECT_EQ(dialog.txtImageListFile.text(), "");
+    EXPECT_EQ(shared.ImagePath, "\\");
+    EXPECT_TRUE(dialog.enabled());
+    click(dialog.cmdExit);
+    EXPECT_EQ(messages().back(),
+              (ShownMessage{"An error has occurred: Path/File access error", "Tessellarium"}));
+    EXPECT_TRUE(program.over());
+}
+
+TEST_F(SettingsDialog, Edit_AsksNothingOfTheText) {
+    frmConfig& dialog = openInTemplateMode();
+    auto& designer = program.application().form<frmDesigner>();
+    type("no such file");
+    designer.load();
+    program.machine.user(20).closeWindow(designer.hWnd());
+    program.machine.user().clickOn(dialog.cmdEditTemplate.hWnd());
+    program.advance(100);
+    EXPECT_EQ(designer.TemplateFile, "no such file");
+    EXPECT_EQ(shared.ImagePath, "\\");
+    EXPECT_EQ(shared.ImageListFile, "no such file");
+}
+
+// Help and home page
+
+TEST_F(SettingsDialog, Contents_CallsTheViewer) {
+    frmConfig& dialog = open();
+    program.machine.platform().forgetCalls();
+    chooseFromMenu("&Contents");
+    EXPECT_THAT(program.machine.platform().calls(),
+                ElementsAre("winHelp(" + std::to_string(dialog.hWnd()) +
+                            ", \"C:\\Program Files\\Tessellarium\\Tessellarium.HLP\", 3)"));
+    EXPECT_THAT(messages(), IsEmpty());
+}
+
+TEST_F(SettingsDialog, Contents_NoViewer_TellsAndGoesOn) {
+    program.machine.platform().removeHelpViewer();
+    open();
+    chooseFromMenu("&Contents");
+    EXPECT_THAT(messages(), ElementsAre(ShownMessage{"File not found", "Tessellarium"}));
+    EXPECT_FALSE(program.over());
+}
+
+TEST_F(SettingsDialog, HomePage_AsksAndTheBannerDoesNot) {
+    frmConfig& dialog = open();
+    const std::string call =
+        "shellExecute(" + std::to_string(dialog.hWnd()) +
+        ", \"Open\", \"http://www.tessellarium.example/fw/Tessellarium/Tessellarium.html\", "
+        "\"\", \"T:\\Tessellarium\", 1)";
+    program.machine.platform().forgetCalls();
+    program.machine.answerMessageBox(MessageAnswer::no);
+    chooseFromMenu("&Home Page");
+    EXPECT_THAT(program.machine.platform().calls(), IsEmpty());
+    EXPECT_THAT(messages(), ElementsAre(ShownMessage{"Open the Tessellarium page in your browser?",
+                                                     "Tessellarium", sys::MessageButtons::yesNo, noIcon}));
+    program.machine.answerMessageBox(MessageAnswer::yes);
+    chooseFromMenu("&Home Page");
+    EXPECT_THAT(program.machine.platform().calls(), ElementsAre(call));
+    click(dialog.Picture1);
+    click(dialog.Picture1);
+    EXPECT_THAT(program.machine.platform().calls(), ElementsAre(call, call, call));
+    EXPECT_EQ(messages().size(), 2U);
+}
+
+TEST_F(SettingsDialog, About_ShowsItsTextsInEitherModeUntilEnterOrEscape) {
+    constexpr int enter = 13;
+    constexpr int escape = 27;
+    for (const int key : {enter, escape}) {
+        frmConfig& dialog = key == enter ? open() : openStandAlone();
+        const auto& about = program.application().form<frmAbout>();
+        program.machine.user(20).press(key);
+        chooseFromMenu("&About");
+        program.advance(10);
+        EXPECT_EQ(about.caption(), "About Tessellarium");
+        EXPECT_EQ(about.lblVersion.caption(), "Version 5.9.1");
+        EXPECT_EQ(about.lblTitle.caption(), "Tessellarium");
+        EXPECT_EQ(about.Label1.caption(), "http://www.marrowfieldry.example/fw/fw.html");
+        EXPECT_EQ(about.lblDisclaimer.caption(), "This program comes with no warranty of any kind.");
+        EXPECT_EQ(about.Line2.top() - about.Line1.top(), 15);
+        EXPECT_FALSE(about.shown());
+        EXPECT_TRUE(dialog.enabled());
+        dialog.unload();
+    }
+}
+
+TEST(SettingsBanner, IsDrawnForTheScaleOfTheScreen) {
+    const std::map<double, float> widths = {{15, 278 * 15}, {10, 417 * 10}, {7.5, 556 * 7.5F}};
+    for (const auto& [twips, width] : widths) {
+        Program scaled({1920, 1200}, {twips, twips});
+        scaled.start("/c");
+        EXPECT_EQ(scaled.application().form<frmConfig>().Picture1.picture()->width(), width);
+    }
+}
+
+} // namespace
