@@ -235,6 +235,14 @@ TEST_F(Dialogs, Enter_OnAButtonThatHasTheKeyboard_IsAClickOnIt) {
     EXPECT_THAT(form.take(), ElementsAre("cancel"));
 }
 
+TEST_F(Dialogs, Enter_OnAButtonThatHasTheKeyboardFromTheStart_IsAClickOnIt) {
+    auto& other = application.form<OtherDialog>();
+    other.show();
+    driver->settle();
+    press(enter);
+    EXPECT_FALSE(other.loaded());
+}
+
 TEST_F(Dialogs, FolderList_EnterEntersTheSelectedFolder) {
     driver->addFolder(driver->folder() + "\\inner");
     form.folders.setPath(driver->folder());

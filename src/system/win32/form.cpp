@@ -64,7 +64,10 @@ public:
         ShowWindow(native(), visible ? SW_SHOW : SW_HIDE);
         if (visible) {
             SetForegroundWindow(native());
-            SetFocus(GetNextDlgTabItem(native(), nullptr, FALSE));
+            // By the dialog manager, so that Enter is a click on a button that has the keyboard from the
+            // start.
+            SendMessageA(native(), WM_NEXTDLGCTL,
+                         reinterpret_cast<WPARAM>(GetNextDlgTabItem(native(), nullptr, FALSE)), TRUE);
         }
     }
 

@@ -16,9 +16,9 @@ public:
 class Stretching : public ToolkitFixture {
 protected:
     static sys::PicturePtr plain(sys::Size size, sys::Color color) {
-        const std::string file =
+        const std::vector<std::uint8_t> file =
             sys::simulated::bmpFile(sys::simulated::Bitmap(size, sys::simulated::opaque(color)));
-        return toolkit::designPicture({reinterpret_cast<const std::uint8_t*>(file.data()), file.size()});
+        return toolkit::designPicture(file);
     }
     ImageForm& form = application.form<ImageForm>();
 };
