@@ -63,11 +63,13 @@ TEST_F(Designer, AddRow_AddsToAllThreeListsAndTellsTheCount) {
 
 TEST_F(Designer, Load_PutsEachItemIntoARow) {
     load({"soundsync=2", "", "IMAGE=one.jpg", "DISSOLVE=Top To Bottom", "SOUND=C:\\s\\one.wav", "First",
-          "Second", "image=C:\\p=q\\two.gif"});
-    EXPECT_EQ(form().ListView1.rowCount(), 2);
+          "Second", "image=C:\\p=q\\two.gif", "IMAGE=sub\\three.gif", "SOUND=sub/three.wav"});
+    EXPECT_EQ(form().ListView1.rowCount(), 3);
     EXPECT_THAT(row(1), ElementsAre("one.jpg", "one.wav", "Top To Bottom", "First^Second", "C:\\t\\one.jpg",
                                     "C:\\s\\one.wav"));
     EXPECT_THAT(row(2), ElementsAre("two.gif", "", "", "", "C:\\p=q\\two.gif", ""));
+    EXPECT_THAT(row(3), ElementsAre("three.gif", "three.wav", "", "", "sub\\three.gif", "sub/three.wav"))
+        << "any folder counts, also one that isn't whole";
     EXPECT_TRUE(form().optSync2.value());
     EXPECT_FALSE(form().optSync1.value());
     EXPECT_EQ(form().caption(), "Template Designer - C:\\t\\show.txt");
@@ -119,6 +121,12 @@ TEST_F(Designer, Load_SoundListFillsRowsOfItsOwn) {
     EXPECT_THAT(row(2), ElementsAre("", "b.wav", "", "", "", "C:\\s\\b.wav"));
     EXPECT_THAT(row(3), ElementsAre("one.jpg", "c.wav", "", "", "C:\\t\\one.jpg", "C:\\t\\c.wav"));
     EXPECT_THAT(row(4), ElementsAre("", "d.wav", "", "Comment", "", "C:\\t\\d.wav"));
+}
+
+TEST_F(Designer, Load_SoundListWithAnEmptyValue_LeavesThePlaceFree) {
+    load({"SOUNDASYNC", "SOUND=", "SOUND=b.wav"});
+    EXPECT_EQ(form().ListView1.rowCount(), 1);
+    EXPECT_THAT(row(1), ElementsAre("", "b.wav", "", "", "", "C:\\t\\b.wav"));
 }
 
 TEST_F(Designer, Load_InTheOtherModesTheLastSoundOfARowCounts) {

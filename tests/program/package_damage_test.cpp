@@ -145,6 +145,8 @@ TEST(DamagedPackage, DirectoryPosition_AnyNumber_TakesTheRoadOfItsFailure) {
         DamagedShow show(package.bytes());
         EXPECT_TRUE(show.loadFailed(each.failure));
         EXPECT_EQ(show.rows(), 0);
+        EXPECT_EQ(shared.SoundLast, std::string_view(each.failure) == "Overflow" ? 0 : 2)
+            << "kept once both numbers are read";
         EXPECT_EQ(shared.SoundMode, 0);
         show.program.step();
         EXPECT_TRUE(show.bannerShown());

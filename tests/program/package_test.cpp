@@ -519,14 +519,15 @@ TEST_F(PackagedShow, End_DeletesThePictureAndKeepsTheSounds) {
     EXPECT_EQ(content(own), package.bytes());
 }
 
-TEST_F(PackagedShow, RenamedPackage_ShowsTheSame) {
-    Package package;
-    package.rows = {{.picture = picture(red)}};
+TEST_F(PackagedShow, RenamedPackageInARootFolder_ShowsTheSame) {
+    Package package{.soundMode = 1};
+    package.rows = {{.picture = picture(red), .sound = "s", .soundExt = "wav"}};
     program.machine.setIdentity({"C:\\", "Holiday", ""});
     program.machine.files().addFile("C:\\Holiday.scr", package.bytes());
     program.startAndStep();
     EXPECT_EQ(centre(), red);
     EXPECT_TRUE(exists("C:\\Tessellarium.pic"));
+    EXPECT_EQ(form().ExtractedSound, "C:\\Tessellarium.wav");
 }
 
 TEST_F(PackagedShow, OtherSettings_HoldAsInAnyRun) {

@@ -97,6 +97,7 @@ TEST_F(PackageWriter, Bytes_AreThoseOfTheFormat) {
     form().optSync2.setValue(true);
     addRow("C:\\p\\one.jpg", "C:\\s\\one.wave", "Top To Bottom", "First^Second");
     addRow("C:\\p\\two.gif", "", "", "");
+    shared.SoundStart[2] = shared.SoundEnd[2] = 7; // of a former write
     write();
 
     EXPECT_THAT(messages(), IsEmpty());
@@ -142,9 +143,17 @@ TEST_F(PackageWriter, SoundModes_AreThoseOfTheOptions) {
     }
 }
 
+TEST_F(PackageWriter, SoundMode_WithoutAnOption_Is0) {
+    form().optSync1.setValue(false);
+    shared.SoundMode = 3;
+    form().takeSoundMode();
+    EXPECT_EQ(shared.SoundMode, 0);
+}
+
 TEST_F(PackageWriter, RowWithASoundAlone_HasNoImage) {
     addFile("C:\\s.wav", pattern(5000, 'a'));
     addRow("", "C:\\s.wav");
+    shared.ImageStart[1] = shared.ImageEnd[1] = 7; // of a former write
     write();
     EXPECT_THAT(package(), HasSubstr(" 1 \r\n 0 \r\n 0 \r\n\r\n\r\n 3000 \r\n 8125 \r\nwav\r\n"));
 }
@@ -162,6 +171,16 @@ TEST_F(PackageWriter, Extensions_AreThreeCharacters) {
     }
 }
 
+TEST_F(PackageWriter, SoundPathOfARowWithoutASound_GivesItsExtensionAlone) {
+    addFile(target, "former");
+    addFile("C:\\a.jpg", pattern(5000, 'a'));
+    addRow("C:\\a.jpg", "");
+    form().lstSoundPath.setList(0, target); // which is no sound of the document, and not lost for it
+    write();
+    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(package(), HasSubstr(" 0 \r\n 0 \r\nscr\r\n"));
+}
+
 TEST_F(PackageWriter, DocumentOfABlankRow_HasADirectoryElsewhereThanItSays) {
     addRow("", "", "Normal", "alone");
     write();
@@ -171,6 +190,7 @@ TEST_F(PackageWriter, DocumentOfABlankRow_HasADirectoryElsewhereThanItSays) {
     EXPECT_EQ(form().ListView1.rowCount(), 1) << "a blank row is back";
     EXPECT_EQ(form().lstImagePath.listCount(), 2) << "with an entry that no row uses";
     EXPECT_EQ(form().lstSoundPath.listCount(), 2);
+    EXPECT_EQ(form().Label1.caption(), "Writing Executable File");
 }
 
 TEST_F(PackageWriter, MediaThatEndsWithTheCopiedTail_IsFollowedByTheDirectoryOneByteLate) {
@@ -231,6 +251,7 @@ TEST_F(PackageWriter, ImageThatCannotBeRead_IsMetWhereItIsCopied) {
     addRow("C:\\a.jpg", "");
     write();
     EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: Permission denied"));
+    EXPECT_EQ(form().Label1.caption(), "Writing Executable File");
     EXPECT_EQ(package().size(), 3 * block) << "the program's copy stays";
     EXPECT_THAT(package(), StartsWith(executable));
     addRow("C:\\none.jpg", "");
@@ -271,10 +292,11 @@ TEST_F(PackageWriter, FullDisk_IsToldAndThePartStays) {
 
 TEST_F(PackageWriter, MissingProgram_IsTold) {
     program.machine.files().remove(ownFileName());
-    addFile("C:\\a.jpg", "x");
-    addRow("C:\\a.jpg", "");
+    addFile(target, "former");
+    addRow("C:\\none.jpg", "");
     write();
-    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: File not found"));
+    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: File not found")) << "of the program's";
+    EXPECT_FALSE(exists(target));
     EXPECT_EQ(program.machine.files().openFiles(), 0);
 }
 
@@ -306,13 +328,14 @@ TEST_F(PackageWriter, FiveHundredRows_AreWritten) {
 
 TEST_F(PackageWriter, FileOf100MillionBytes_IsTheShortestThatIsRefused) {
     addFile("C:\\a.jpg", pattern(1'030'000, 'a'));
-    addFile("C:\\b.jpg", pattern(60'000, 'b'));
+    addFile("C:\\b.jpg", pattern(50'000, 'b'));
+    addFile("C:\\a.wav", pattern(8'000, 'w'));
     addFile(target, "former");
     for (int count = 0; count < 97; ++count) {
         addRow("C:\\a.jpg", "");
     }
     constexpr std::size_t longComment = 20'000;
-    addRow("C:\\b.jpg", "", "", std::string(longComment, 'c'));
+    addRow("C:\\b.jpg", "C:\\a.wav", "Top To Bottom", std::string(longComment, 'c'));
     write();
     const std::string told =
         "A screen saver stays below 100000000 bytes, and with this template it would have ";
@@ -328,6 +351,14 @@ TEST_F(PackageWriter, FileOf100MillionBytes_IsTheShortestThatIsRefused) {
     write();
     EXPECT_EQ(messages().size(), 2U);
     EXPECT_EQ(program.machine.files().length(target), 99'999'999);
+}
+
+TEST_F(PackageWriter, ProgramWhoseCopyReaches100MillionBytes_IsRefused) {
+    addFile(ownFileName(), std::string(99'999'000, 'p')); // whole blocks: the copy has one more
+    addRow("", "");
+    write();
+    EXPECT_THAT(messages(), ElementsAre(EndsWith(" it would have 100000064.")));
+    EXPECT_FALSE(exists(target));
 }
 
 TEST_F(PackageWriter, TargetThatWouldBeLost_IsRefused) {
@@ -356,6 +387,36 @@ TEST_F(PackageWriter, Yields_AfterEachBlockOfMediaAlone) {
     EXPECT_EQ(program.machine.now() - before, 3);
 }
 
+TEST_F(PackageWriter, WhileItWrites_ProgressTakesThePlaceOfTheList) {
+    EXPECT_TRUE(form().ListView1.visible());
+    EXPECT_FALSE(form().Frame2.visible());
+    addFile("C:\\a.jpg", pattern(5000, 'a'));
+    addRow("C:\\a.jpg", "");
+    bool looked = false;
+    duringTheCopy([&] {
+        looked = true;
+        EXPECT_FALSE(form().ListView1.visible());
+        EXPECT_TRUE(form().Frame2.visible());
+    });
+    write();
+    EXPECT_TRUE(looked);
+    EXPECT_TRUE(form().ListView1.visible());
+    EXPECT_FALSE(form().Frame2.visible());
+}
+
+TEST_F(PackageWriter, ReadFailureWithAFullDisk_IsToldOnce) {
+    addFile("C:\\a.jpg", "x");
+    addFile("C:\\b.jpg", "y");
+    program.machine.files().failTransfers("C:\\b.jpg");
+    addRow("C:\\a.jpg", "");
+    addRow("C:\\b.jpg", "");
+    program.machine.files().setFreeSpace('C', 3 * block); // the program's copy, and no picture
+    write();
+    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: Device I/O error"));
+    EXPECT_TRUE(form().ListView1.visible());
+    EXPECT_EQ(program.machine.files().openFiles(), 0);
+}
+
 TEST_F(PackageWriter, RowThatGoesDuringTheCopy_Fails) {
     addFile("C:\\a.jpg", pattern(5000, 'a'));
     addRow("C:\\a.jpg", "");
@@ -378,6 +439,17 @@ TEST_F(PackageWriter, RowThatComesDuringTheCopy_IsTold) {
     EXPECT_EQ(form().ProgressBar1.value(), 50) << "of the rows that are there by then";
     EXPECT_TRUE(form().ListView1.visible());
     EXPECT_FALSE(form().Frame2.visible());
+    EXPECT_EQ(program.machine.files().openFiles(), 0);
+}
+
+TEST_F(PackageWriter, RowAboveTheTablesThatComesDuringTheCopy_Fails) {
+    addFile("C:\\a.jpg", "x");
+    for (int count = 0; count < 500; ++count) {
+        addRow("C:\\a.jpg", "");
+    }
+    duringTheCopy([this] { addRow("C:\\a.jpg", ""); });
+    write();
+    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: Subscript out of range"));
     EXPECT_EQ(program.machine.files().openFiles(), 0);
 }
 
