@@ -147,6 +147,13 @@ void listRows(const Fields& arguments) {
     CloseHandle(process);
 }
 
+void setText(const Fields& arguments) {
+    DWORD_PTR result = 0;
+    SendMessageTimeoutA(windowFrom(arguments.at(1)), WM_SETTEXT, 0,
+                        reinterpret_cast<LPARAM>(decoded(arguments.at(2)).c_str()), SMTO_ABORTIFHUNG, 10000,
+                        &result);
+}
+
 /// A message whose answer is a number.
 void ask(const Fields& arguments) {
     DWORD_PTR result = 0;
@@ -298,6 +305,7 @@ int main() {
         {"clear", removeKey},     {"modules", listModules},
         {"desktop", tellDesktop}, {"processes", listProcesses},
         {"rows", listRows},       {"ask", ask},
+        {"set text", setText},
     };
     for (std::string line; std::getline(std::cin, line);) {
         const Fields fields = split(line);
