@@ -3,7 +3,7 @@
 import os
 
 from case import EndToEndCase
-from dialog import CB_SETCURSEL, CBN_SELCHANGE, LBN_DBLCLK, LBN_SELCHANGE, WM_CLOSE, WM_COMMAND, Dialog
+from dialog import BM_CLICK, CB_SETCURSEL, CBN_SELCHANGE, LBN_DBLCLK, LBN_SELCHANGE, WM_CLOSE, WM_COMMAND, Dialog
 from pictures import quarters
 from session import wait_until
 from test_sound import LOW, MIDDLE, ListeningCase
@@ -47,20 +47,35 @@ class Designer(Dialog):
     def press(self, key):
         self.machine.act_on(self.form, "key", key)
 
+    def asked(self):
+        """The system's dialog in front of this one, or nothing."""
+        return next((window for window in self._probe.windows() if window.kind == "#32770" and window.visible), None)
+
+    def answer(self, button):
+        """Presses a button of the system's dialog, once that has come up."""
+        dialog = wait_until(self.asked, "no dialog comes up")
+        wait_until(lambda: [child for child in self._probe.children(dialog) if child.text == button],
+                   f"the dialog has no {button}")
+        self._test.keep_shot(self.machine.shot(), f"dialog with {button}")
+        for child in self._probe.children(dialog):
+            if child.text == button:
+                self._probe.ask("post", child.handle, BM_CLICK, 0, 0)
+        wait_until(lambda: not self._is(dialog), "the dialog stays")
+
+    def _is(self, dialog):
+        shown = self.asked()
+        return shown and shown.handle == dialog.handle
+
     def name_file(self, button, path):
         """Presses a button that asks for a file, and enters its name."""
         self.click(button)
 
-        def asked():
-            return next((window for window in self._probe.windows()
-                         if window.kind == "#32770" and window.visible and window.text != "Tessellarium"), None)
-        dialog = wait_until(asked, "the system doesn't ask for a name")
-        self._probe.settle(dialog)
-        self.machine.act("key", "ctrl+a")
-        self.machine.act("type", "--delay", "0", path)
-        self._test.keep_shot(self.machine.shot(), f"name for {button}")
-        self.machine.act("key", "Return")
-        wait_until(lambda: not asked(), "the system's dialog stays")
+        def field():
+            dialog = self.asked()
+            children = self._probe.children(dialog) if dialog else []
+            return next((child for child in children if child.kind == "Edit" and child.visible), None)
+        self._probe.ask("send text", wait_until(field, "the system doesn't ask for a name").handle, path)
+        self.answer("&Save")
         self._probe.settle(self.form)
 
 
@@ -172,14 +187,14 @@ class DesignerTest(DesignerCase):
     def test_saved_and_created_it_is_what_stands_in_the_rows(self):
         first = self.add("a.bmp", quarters(300, 200))
         second = self.add("b.bmp", quarters(200, 120))
-        settings, designer = self.open("t.txt", ["IMAGE=b.bmp", "IMAGE=a.bmp", "a, b"])
+        settings, designer = self.open("t.txt", ["IMAGE=b.bmp", "IMAGE=a.bmp", "both"])
         designer.click("Down")
-        designer.wait_for_rows(["a.bmp", "", "", "a, b"], ["b.bmp", "", "", ""], [""] * 4)
+        designer.wait_for_rows(["a.bmp", "", "", "both"], ["b.bmp", "", "", ""], [""] * 4)
         designer.name_file("Save", self.windows("saved"))
         saved = os.path.join(self.pictures, "saved.txt")
         wait_until(lambda: os.path.exists(saved), "nothing is saved")
         self.assertEqual(self.content("saved.txt").decode(),
-                         f"SOUNDSYNC=1\r\n\r\nIMAGE={self.windows('a.bmp')}\r\na, b\r\n"
+                         f"SOUNDSYNC=1\r\n\r\nIMAGE={self.windows('a.bmp')}\r\nboth\r\n"
                          f"\r\nIMAGE={self.windows('b.bmp')}\r\n")
         designer.name_file("Create", self.windows("mine"))
         package = os.path.join(self.pictures, "mine.scr")
@@ -200,15 +215,10 @@ class DesignerTest(DesignerCase):
         settings, designer = self.open()
         designer.click("Clear")
         designer.click("Ok")
-
-        def asked():
-            return next((window for window in self.probe.windows()
-                         if window.kind == "#32770" and window.text == "Tessellarium"), None)
-        box = wait_until(asked, "nothing is asked")
+        box = wait_until(designer.asked, "nothing is asked")
         texts = [child.text for child in self.probe.children(box)]
         self.assertIn("The template file has changed... Do you want to save it?", texts)
-        self.keep_shot(self.machine.shot(), "question")
-        self.machine.act("key", "alt+n")
+        designer.answer("&No")
         settings.wait_for_text("edit", "")
         settings.click("Cancel")
         settings.show.wait_for_end()
@@ -261,11 +271,10 @@ class DesignerDuringCreateTest(DesignerCase):
     def test_rows_changed_meanwhile_are_told(self):
         _, designer, _ = self.create()
         designer.click("Clear")
-        box = wait_until(lambda: next((window for window in self.probe.windows() if window.kind == "#32770"), None),
-                         "nothing is told")
+        box = wait_until(designer.asked, "nothing is told")
         self.assertTrue(any("Error" in child.text or "changed" in child.text for child in self.probe.children(box)))
         self.assertFalse(self.finished())
-        self.machine.act("key", "Return")
+        designer.answer("OK")
         designer.wait_for_rows([""] * 4, [""] * 4)
 
 
@@ -313,7 +322,7 @@ class JourneyTest(DesignerCase, ListeningCase):
         Editor(self, designer.show).click("Cancel")
         designer.wait_for_rows(blank, a, b, blank, blank)
         designer.click("Delete")
-        designer.press("End")
+        designer.click_row(4)  # whose list has the keyboard then
         designer.press("Delete")
         designer.wait_for_rows(a, b, blank)
         self.keep_shot(self.machine.shot(), "rows")

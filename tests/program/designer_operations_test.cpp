@@ -3,7 +3,6 @@
 
 namespace {
 
-using sys::MessageAnswer;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -364,6 +363,25 @@ TEST_F(DesignerOperations, Edit_OfFilesThatAreGone_LeavesTheListsAndThePaths) {
     program.advance(20);
     EXPECT_EQ(before, program.machine.files().wholeFolder(""));
     EXPECT_THAT(row(1), ElementsAre("a.jpg", "a.wav", "Normal", "a", "C:\\p\\a.jpg", "C:\\s\\a.wav"));
+}
+
+TEST_F(DesignerOperations, Edit_StepThatFails_IsPassedOver) {
+    // The path names no drive, and the folder of the last picking has gone.
+    program.machine.files().addFile("C:\\work\\a.jpg", "");
+    program.machine.files().setCurrentFolder("C:\\work");
+    doubleClick(1, {.image = "a.jpg"});
+    shared.LastImageFolder = shared.LastSoundFolder = "C:\\gone\\";
+    prompter().whenShown(editor(), [this] {
+        EXPECT_EQ(editor().lblOriginalImage.caption(), "Image File: C:\\work\\a.jpg");
+        editor().CommentChanged = True;
+        editor().ItemComment = "written all the same";
+        editor().unload();
+    });
+    program.machine.user().activateRow(form().ListView1.hWnd(), 0);
+    program.advance(20);
+    EXPECT_EQ(row(1)[3], "written all the same");
+    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_FALSE(program.ended());
 }
 
 // Help
