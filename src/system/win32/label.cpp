@@ -8,7 +8,7 @@ namespace sys::win32 {
 
 LabelWindow::LabelWindow(HWND parent, const LabelStyle& style, TwipsPerPixel scale)
     : NativeWindow(scale), font_(createFont(style.font, scale)) {
-    const DWORD look = SS_NOPREFIX | WS_GROUP | (style.centered ? SS_CENTER : 0);
+    const DWORD look = SS_NOPREFIX | WS_GROUP | (style.centered ? SS_CENTER : SS_LEFTNOWORDWRAP);
     adopt(CreateWindowExA(0, "STATIC", "", WS_CHILD | WS_CLIPSIBLINGS | look, 0, 0, 0, 0, parent, nullptr,
                           GetModuleHandleA(nullptr), nullptr));
     SendMessageA(native(), WM_SETFONT, reinterpret_cast<WPARAM>(font_.get()), FALSE);
