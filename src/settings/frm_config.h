@@ -76,7 +76,7 @@ public:
     toolkit::FolderList    Dir2                  {FolderFrame, {"Dir2",               120,  720, 2355, 1890}};
     toolkit::Label         lblFile2              {FolderFrame, {.control = {"lblFile2", 2580, 180}, .caption = "Pictures in the folder:"}};
     toolkit::FileList      File2                 {FolderFrame, {"File2",             2580,  180, 2415, 2430}, "*.jpg;*.jpeg;*.bmp;*.gif; *.jpe; *.wmf"};
-    toolkit::Label         Label8                {FolderFrame, {.control = {"Label8", 120, 2760}, .caption = "Dissolve Type:", .autoSize = true}};
+    toolkit::Label         Label8                {FolderFrame, {.control = {"Label8", 120, 2760, 1080, 210}, .caption = "Dissolve Type:"}};
     toolkit::DropDownList  Combo1                {FolderFrame, {"Combo1",            1200, 2700, 3735,  315}};
 
     // The pairs of options

@@ -7,6 +7,12 @@ from test_dialog import DialogCase
 
 
 class KeyboardTest(DialogCase):
+    def open(self, **settings):
+        dialog = super().open(**settings)
+        # Without a window manager keys go where the pointer is.
+        self.machine.act("mousemove", self.machine.width // 2, self.machine.height // 2)
+        return dialog
+
     def press(self, dialog, *keys):
         for key in keys:
             self.machine.act_on(dialog.form, "key", key)

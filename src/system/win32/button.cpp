@@ -3,15 +3,41 @@
 #include "system/win32/system_win32.h"
 #include "system/win32/tool_tip.h"
 
+#include <vector>
+
 namespace sys::win32 {
 
 namespace {
+
+bool isOption(HWND window) { return (SendMessageA(window, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) != 0; }
+
+bool beginsGroup(HWND window) { return (GetWindowLongPtrA(window, GWL_STYLE) & WS_GROUP) != 0; }
 
 /// Arrow keys move within the option buttons that follow upon one another.
 bool followsOption(HWND parent) {
     const HWND first = GetWindow(parent, GW_CHILD);
     const HWND last = first != nullptr ? GetWindow(first, GW_HWNDLAST) : nullptr;
-    return last != nullptr && (SendMessageA(last, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) != 0;
+    return last != nullptr && isOption(last);
+}
+
+/// Of the options of a group the tab key reaches the one that is set, or the first when none is.
+void settleTabStops(HWND option) {
+    HWND first = option;
+    while (!beginsGroup(first)) {
+        first = GetWindow(first, GW_HWNDPREV);
+    }
+    std::vector<HWND> group;
+    HWND stop = first;
+    for (HWND next = first; next != nullptr && isOption(next) && (next == first || !beginsGroup(next));
+         next = GetWindow(next, GW_HWNDNEXT)) {
+        group.push_back(next);
+        if (SendMessageA(next, BM_GETCHECK, 0, 0) == BST_CHECKED)
+            stop = next;
+    }
+    for (HWND member : group) {
+        const LONG_PTR others = GetWindowLongPtrA(member, GWL_STYLE) & ~LONG_PTR{WS_TABSTOP};
+        SetWindowLongPtrA(member, GWL_STYLE, member == stop ? others | WS_TABSTOP : others);
+    }
 }
 
 /// None of them marks itself: the program does, so that any other mark comes from another program.
@@ -44,6 +70,8 @@ public:
 
     void setChecked(bool checked) override {
         passToClass(BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
+        if (isOption(native()))
+            settleTabStops(native());
     }
 
     std::optional<LRESULT> reflected(UINT message, WPARAM wParam, LPARAM /*lParam*/) override {

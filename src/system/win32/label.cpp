@@ -10,11 +10,11 @@ namespace {
 
 DWORD lookOf(Alignment alignment) {
     switch (alignment) {
-    case Alignment::left: return SS_LEFT;
+    case Alignment::left: return SS_LEFTNOWORDWRAP;
     case Alignment::center: return SS_CENTER;
     case Alignment::right: return SS_RIGHT;
     }
-    return SS_LEFT;
+    return SS_LEFTNOWORDWRAP;
 }
 
 } // namespace

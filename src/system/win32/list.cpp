@@ -87,7 +87,7 @@ private:
         } else if (item.text.size() > longest_.size()) {
             longest_ = item.text;
         }
-        send(LB_ADDSTRING, 0, textOf(item));
+        passToClass(LB_ADDSTRING, 0, textOf(item)); // of which there may be many
     }
 
     /// Lets the user scroll to the end of a text that is wider than the list. The one of the most letters

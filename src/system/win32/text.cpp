@@ -8,8 +8,11 @@ namespace sys::win32 {
 
 OwnedFont createFont(const Font& font, TwipsPerPixel scale) {
     constexpr double twipsPerPoint = 20;
-    const auto pixels = static_cast<int>(std::lround(font.points * twipsPerPoint / scale.y));
+    const double exact = font.points * twipsPerPoint / scale.y;
+    auto pixels = static_cast<int>(std::lround(exact));
     if (font.name.empty()) {
+        // Rounded down, so that what fits into a dialog at 100 % does so at every scaling.
+        pixels = static_cast<int>(std::floor(exact));
         NONCLIENTMETRICSA metrics{};
         metrics.cbSize = sizeof metrics;
         SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);

@@ -1,6 +1,8 @@
 #include "system/win32/control.h"
 #include "system/win32/system_win32.h"
 
+#include <algorithm>
+
 namespace sys::win32 {
 
 namespace {
@@ -20,10 +22,17 @@ public:
         send(EM_SETLIMITTEXT, longest);
     }
 
+    void place(const Area& area) override {
+        ControlWindow::place(area);
+        keepLinesWhole();
+    }
+
     void setText(const std::string& text) override {
         settingText_ = true;
         ControlWindow::setText(text);
         settingText_ = false;
+        lines_ = 1 + std::ranges::count(text, '\n');
+        keepLinesWhole();
     }
 
     std::optional<LRESULT> reflected(UINT message, WPARAM wParam, LPARAM /*lParam*/) override {
@@ -52,6 +61,25 @@ public:
     }
 
 private:
+    /// Where lines of a text that can only be read would be broken, it takes a font that is a little smaller.
+    void keepLinesWhole() {
+        RECT room{};
+        GetClientRect(native(), &room);
+        if (!style_.multiLine || !style_.readOnly || room.right == 0) {
+            return;
+        }
+        constexpr float least = 6.75F;
+        for (Font font; font.points >= least; font.points -= 0.25F) {
+            OwnedFont made = createFont(font, scale());
+            send(WM_SETFONT, reinterpret_cast<WPARAM>(made.get()), TRUE);
+            font_ = std::move(made);
+            if (send(EM_GETLINECOUNT) <= lines_) {
+                return;
+            }
+        }
+        send(WM_SETFONT, reinterpret_cast<WPARAM>(dialogFont(scale())), TRUE);
+    }
+
     void report() const {
         if (settingText_) {
             return;
@@ -63,6 +91,8 @@ private:
     }
 
     TextBoxStyle style_;
+    OwnedFont font_;
+    std::ptrdiff_t lines_ = 1; // as the program has divided the text
     bool settingText_ = false; // the program does, not the user
 };
 
