@@ -40,11 +40,12 @@ void settleTabStops(HWND option) {
     }
 }
 
-/// None of them marks itself: the program does, so that any other mark comes from another program.
+/// A check box doesn't mark itself, as the program may know better. An option does: arrow keys choose only
+/// among those that do.
 DWORD lookOf(HWND parent, const ButtonStyle& style) {
     switch (style.kind) {
     case ButtonKind::check: return BS_CHECKBOX | WS_GROUP | WS_TABSTOP;
-    case ButtonKind::option: return BS_RADIOBUTTON | (followsOption(parent) ? 0 : WS_GROUP | WS_TABSTOP);
+    case ButtonKind::option: return BS_AUTORADIOBUTTON | (followsOption(parent) ? 0 : WS_GROUP | WS_TABSTOP);
     case ButtonKind::command: break;
     }
     return static_cast<DWORD>(style.isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) | BS_MULTILINE | WS_GROUP |
