@@ -47,7 +47,9 @@ class Dialog:
         return int(self._probe.ask("send", window, message, first, second)[0][0])
 
     def click(self, text, index=0):
-        self.post(self.controls("button", text)[index].handle, BM_CLICK)
+        # A busy machine's window may not tell its text in time.
+        buttons = wait_until(lambda: self.controls("button", text)[index:], f"there is no button {text}")
+        self.post(buttons[0].handle, BM_CLICK)
 
     def choose(self, box, index, *notices):
         self.post(box.handle, LB_SETCURSEL, index)

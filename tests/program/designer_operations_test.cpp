@@ -365,21 +365,23 @@ TEST_F(DesignerOperations, Edit_OfFilesThatAreGone_LeavesTheListsAndThePaths) {
     EXPECT_THAT(row(1), ElementsAre("a.jpg", "a.wav", "Normal", "a", "C:\\p\\a.jpg", "C:\\s\\a.wav"));
 }
 
-TEST_F(DesignerOperations, Edit_StepThatFails_IsPassedOver) {
-    // The path names no drive, and the folder of the last picking has gone.
+TEST_F(DesignerOperations, Edit_PathWithoutADrive_LeavesTheDriveAndTakesTheName) {
     program.machine.files().addFile("C:\\work\\a.jpg", "");
     program.machine.files().setCurrentFolder("C:\\work");
     doubleClick(1, {.image = "a.jpg"});
-    shared.LastImageFolder = shared.LastSoundFolder = "C:\\gone\\";
     prompter().whenShown(editor(), [this] {
         EXPECT_EQ(editor().lblOriginalImage.caption(), "Image File: C:\\work\\a.jpg");
-        editor().CommentChanged = True;
-        editor().ItemComment = "written all the same";
         editor().unload();
     });
     program.machine.user().activateRow(form().ListView1.hWnd(), 0);
     program.advance(20);
-    EXPECT_EQ(row(1)[3], "written all the same");
+    EXPECT_FALSE(editor().loaded());
+}
+
+TEST_F(DesignerOperations, Edit_EditorThatFailsToLoad_ComesUpAllTheSame) {
+    shared.LastImageFolder = shared.LastSoundFolder = "C:\\gone\\";
+    doubleClick(1, {.comment = "written"});
+    EXPECT_EQ(row(1)[3], "written");
     EXPECT_THAT(messages(), IsEmpty());
     EXPECT_FALSE(program.ended());
 }
