@@ -89,7 +89,7 @@ template <class Interface, class Node = WindowNode> class NativeWindow : public 
 public:
     using Node::Node;
     WindowHandle handle() const override { return this->id(); }
-    void place(const Area& area) override { this->moveTo(area); }
+    void place(const Area& area) override { Node::moveTo(area); }
     void show(bool visible) override { this->setVisible(visible); }
     void focus() override { this->activate(); }
     void enable(bool enabled) override { this->setEnabled(enabled); }
