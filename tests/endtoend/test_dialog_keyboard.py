@@ -19,7 +19,8 @@ class KeyboardTest(DialogCase):
 
     def test_a_folder_is_chosen_and_shown_from_opening_to_done(self):
         picture = self.add("a.bmp", quarters(300, 200))
-        dialog = self.open(ImagePath=self.machine.windows_path(self.folder) + "\\", AllImages="0")
+        dialog = self.open(ImagePath=self.machine.windows_path(self.folder) + "\\", AllImages="0",
+                           DissolveType="Random Vertical")
         # From "Template Mode" past its three buttons and the text to "Folder Mode"
         self.press(dialog, *["Tab"] * 5, "space")
         dialog.wait_for_text("edit", self.machine.windows_path(self.folder) + "\\")
@@ -31,14 +32,14 @@ class KeyboardTest(DialogCase):
         self.press(dialog, *["Tab"] * 5)  # past the other bars and "Ignore Mouse" to the drives
         self.press(dialog, "Tab", "End", "Return")  # the last folder, and into it
         dialog.wait_for_text("edit", self.windows_folder() + "\\")
-        self.press(dialog, "Tab", "Tab", "Home", "Down", "Down")  # past the files to the transitions
+        self.press(dialog, "Tab", "Tab", "Home", "Down")  # past the files to the transitions
         self.press(dialog, "Tab", "Down", "Up")  # the size, over "Full Screen" back to "Original"
         self.press(dialog, "Tab", "Tab")  # the placement, the order
         self.press(dialog, "Tab", "space")  # "Done"
         dialog.show.wait_for_end()
         stored = self.stored()
         self.assertEqual({key: stored[key] for key in ("AllImages", "ImageInterval", "DissolveType", "FullScreen")},
-                         {"AllImages": "1", "ImageInterval": "1", "DissolveType": "Random Blocks",
+                         {"AllImages": "1", "ImageInterval": "1", "DissolveType": "Normal",
                           "FullScreen": "0"})
         self.check_show(self.frame().centre(picture))
 
