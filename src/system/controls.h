@@ -77,7 +77,7 @@ public:
     virtual void addRow() = 0;
     /// What is selected then is the caller's to say.
     virtual void removeRow(int row) = 0;
-    virtual void setText(int row, int column, const std::string& text) = 0;
+    virtual void setCellText(int row, int column, const std::string& text) = 0;
     /// Brings the row into sight, too.
     virtual void select(int row) = 0;
 };

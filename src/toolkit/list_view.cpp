@@ -69,7 +69,7 @@ void ListView::setText(std::int16_t row, std::int16_t column, const std::string&
     const std::size_t columnIndex = columnIndexOf(column);
     rows_[rowIndex][columnIndex] = text;
     if (hasWindow()) {
-        native().setText(static_cast<int>(rowIndex), static_cast<int>(columnIndex), text);
+        native().setCellText(static_cast<int>(rowIndex), static_cast<int>(columnIndex), text);
     }
 }
 

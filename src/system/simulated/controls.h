@@ -120,7 +120,7 @@ public:
     void setRows(const std::vector<RowTexts>& rows) override;
     void addRow() override { rows_.emplace_back(columns_.size()); }
     void removeRow(int row) override { rows_.erase(rows_.begin() + row); }
-    void setText(int row, int column, const std::string& text) override;
+    void setCellText(int row, int column, const std::string& text) override;
     void select(int row) override;
 
     void clickedAt(Input& input, Point at) override;

@@ -17,7 +17,7 @@ void ListViewWindow::setRows(const std::vector<RowTexts>& rows) {
     top_ = 0;
 }
 
-void ListViewWindow::setText(int row, int column, const std::string& text) {
+void ListViewWindow::setCellText(int row, int column, const std::string& text) {
     rows_[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)] = text;
 }
 

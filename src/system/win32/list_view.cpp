@@ -47,7 +47,7 @@ public:
         takeCount();
     }
 
-    void setText(int row, int column, const std::string& text) override {
+    void setCellText(int row, int column, const std::string& text) override {
         rows_[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)] = text;
         repaint();
     }
