@@ -295,11 +295,11 @@ class JourneyTest(DesignerCase, ListeningCase):
     def watch_show(self, program):
         """What was entered is seen and heard."""
         show = self.start_program(program, "/s")
-        frames = {name: frame.ignore(0, 500, 300, 600) for name, frame in self.frames.items()}
-        self.assertEqual(show.watch(frames, 1), ["a.bmp"])
+        for name, frame in self.frames.items():
+            # In the midst of a quarter, as a transition may leave seams.
+            wait_until(lambda: self.machine.shot().pixel(345, 270) == frame.pixel(345, 270), f"{name} isn't shown")
         self.wait_for_text(show, lambda text: text.split() == ["first", "second"])
         self.keep_shot(self.machine.shot(), os.path.basename(program))
-        self.assertIn("b.bmp", show.watch(frames, 2))
         self.wait_for_tones(LOW, MIDDLE)
         self.end_by_key(show)
 
