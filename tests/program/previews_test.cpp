@@ -145,6 +145,12 @@ TEST_F(TemplatePicker, DoubleClick_PicksAndCloses) {
     EXPECT_FALSE(picker.loaded());
     EXPECT_EQ(picker.SelectedFile, "C:\\t\\b.TXT");
     EXPECT_EQ(picker.SelectedFolder, "C:\\t\\");
+    open();
+    pickFirst();
+    picker.SelectedFile = picker.SelectedFolder = "";
+    picker.File1.dblClick.raise();
+    EXPECT_EQ(picker.SelectedFile, "C:\\t\\a.txt") << "it picks by itself, too";
+    EXPECT_EQ(picker.SelectedFolder, "C:\\t\\");
 }
 
 TEST_F(TemplatePicker, OkWithoutAClick_PicksNothing) {
