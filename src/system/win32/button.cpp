@@ -39,11 +39,10 @@ void settleTabStops(HWND option) {
     }
 }
 
-/// None of them marks itself: the program does, so that any other mark comes from another program.
 DWORD lookOf(HWND parent, const ButtonStyle& style) {
     switch (style.kind) {
     case ButtonKind::check: return BS_CHECKBOX | WS_GROUP | WS_TABSTOP;
-    case ButtonKind::option: return BS_RADIOBUTTON | (followsOption(parent) ? 0 : WS_GROUP | WS_TABSTOP);
+    case ButtonKind::option: return BS_AUTORADIOBUTTON | (followsOption(parent) ? 0 : WS_GROUP | WS_TABSTOP);
     case ButtonKind::command: break;
     }
     return static_cast<DWORD>(style.isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) | BS_MULTILINE | WS_GROUP |
@@ -84,6 +83,8 @@ public:
         if (message != BM_SETCHECK) {
             return std::nullopt;
         }
+        // From another program, or from the class, which marks the options of a group before it tells of a
+        // click.
         const LRESULT result = passToClass(message, wParam, lParam);
         input().buttonMarked(handle(), wParam == BST_CHECKED);
         return result;
