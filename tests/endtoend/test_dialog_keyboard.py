@@ -34,13 +34,14 @@ class KeyboardTest(DialogCase):
         dialog.wait_for_text("edit", self.windows_folder() + "\\")
         self.press(dialog, "Tab", "Tab", "Home", "Down")  # past the files to the transitions
         self.press(dialog, "Tab", "Down", "Up")  # the size, over "Full Screen" back to "Original"
-        self.press(dialog, "Tab", "Tab")  # the placement, the order
+        self.press(dialog, "Tab", "Tab", "Up")  # the placement, the order: from "Sequential" to "Random"
         self.press(dialog, "Tab", "space")  # "Done"
         dialog.show.wait_for_end()
         stored = self.stored()
-        self.assertEqual({key: stored[key] for key in ("AllImages", "ImageInterval", "DissolveType", "FullScreen")},
-                         {"AllImages": "1", "ImageInterval": "1", "DissolveType": "Normal",
-                          "FullScreen": "0"})
+        self.assertEqual({key: stored[key] for key in ("AllImages", "ImageInterval", "DissolveType", "FullScreen",
+                                                  "ImagePositionRandom", "ImageOrderRandom")},
+                         {"AllImages": "1", "ImageInterval": "1", "DissolveType": "Normal", "FullScreen": "0",
+                          "ImagePositionRandom": "0", "ImageOrderRandom": "1"})
         self.check_show(self.frame().centre(picture))
 
     def test_a_template_is_chosen_from_opening_to_done(self):

@@ -7,7 +7,7 @@ TWIPS_PER_INCH = 1440
 CLIENT_SIZE = 8325, 5295
 
 # The lower bits of a button's style
-PUSH, CHECK, OPTION, GROUP = 0, 2, 4, 7
+PUSH, CHECK, GROUP, OPTION = 0, 2, 7, 9
 
 # The frames of the right-hand panel, and those of the options
 PANEL = 3120, 0, 5115, 3075

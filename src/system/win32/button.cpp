@@ -90,6 +90,8 @@ public:
         if (message != BM_SETCHECK) {
             return std::nullopt;
         }
+        // From another program, or from the class, which marks the options of a group before it tells of a
+        // click.
         const LRESULT result = passToClass(message, wParam, lParam);
         input().buttonMarked(handle(), wParam == BST_CHECKED);
         return result;
