@@ -65,7 +65,8 @@ class Dialog:
 
     def enter(self, text):
         """What stands in the text box, as another program replaces it."""
-        self._probe.ask("send text", self.controls("edit")[0].handle, text)
+        box = wait_until(lambda: self.controls("edit"), "there is no text box")[0]
+        self._probe.ask("send text", box.handle, text)
 
     def close(self):
         self.post(self.form.handle, WM_CLOSE)

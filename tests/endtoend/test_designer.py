@@ -36,7 +36,7 @@ class Designer(Dialog):
 
     def click_row(self, number):
         """Clicks on one of the first rows with the mouse."""
-        header, row = 18, 13  # pixels
+        header, row = (pixels * self._test.dpi // 96 for pixels in (18, 13))
         top = self.list.top + header + row * number - row // 2
         self.machine.act_on(self.form, "mousemove", self.list.left + 30, top, "click", "1")
 
