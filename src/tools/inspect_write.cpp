@@ -5,6 +5,7 @@
 #include "tools/host_files.h"
 
 #include <filesystem>
+#include <iostream>
 #include <optional>
 
 namespace tools {
@@ -35,6 +36,38 @@ void requireNothingLost(const std::string& out, const std::string& program, cons
     }
 }
 
+/// Whether a package gives the comment back whole: a field ends at a comma, or at its second double quote.
+bool isKept(const std::string& comment) {
+    return comment.starts_with('"') ? comment.find('"', 1) == comment.size() - 1
+                                    : comment.find(',') == std::string::npos;
+}
+
+void warn(const std::string& text) { std::cerr << "tessellarium-inspect: warning: " << text << '\n'; }
+
+/// Tells of what the package won't show, which the program itself leaves to the user to see.
+void warnOfLosses(DesignerRun& run) {
+    const frmDesigner& form = run.form();
+    bool empty = true;
+    for (std::int16_t row = 1; row <= form.ListView1.rowCount(); ++row) {
+        const std::string& image = form.ListView1.text(row, frmDesigner::imagesColumn);
+        const std::string& sound = form.ListView1.text(row, frmDesigner::soundsColumn);
+        const std::string& comment = form.ListView1.text(row, frmDesigner::commentsColumn);
+        const std::string item = "item " + std::to_string(row) + " (" + image + "): ";
+        empty = empty && image.empty() && sound.empty();
+        if (!isKept(comment)) {
+            warn(item + "a comma or a double quote cuts its comment off, and the rest of the package may be "
+                        "misread");
+        }
+        if (!sound.empty() &&
+            !run.machine().files().exists(form.lstSoundPath.list(static_cast<std::int16_t>(row - 1)))) {
+            warn(item + "its sound is missing");
+        }
+    }
+    if (empty) {
+        warn("there is no picture or sound in the template; do its lines end in CR LF?");
+    }
+}
+
 } // namespace
 
 int inspectWrite(const std::vector<std::string>& words) {
@@ -50,6 +83,7 @@ int inspectWrite(const std::vector<std::string>& words) {
     run.machine().files().addFile(ownFileName(), contentOf(program));
     run.load(templatePath);
     requireNothingLost(out, program, templatePath, run);
+    warnOfLosses(run);
     const std::string target = AddBackslash(run.machine().identity().folder) + "package.scr";
     run.form().takeSoundMode();
     run.form().WritePackage(target);

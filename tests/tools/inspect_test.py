@@ -578,6 +578,26 @@ class PackageTest(InspectTest):
                           f" {second + 1} ", "wav", f" {second + 1} ", f" {directory + 1} ", "", "", " 0 ", " 0 ",
                           "   ", f"{directory + 1:08}", "00000002", "Tessellarium", ""])
 
+    def warnings(self, *lines):
+        self.add_template(*lines)
+        result = self.run_tool(*self.write_words())
+        self.assertEqual(result.returncode, 0)
+        self.assertTrue(os.path.exists(self.out))
+        return result.stderr.decode().splitlines()
+
+    def test_Write_WhatWouldBeLost_IsWarnedOf(self):
+        self.add("t/a.bmp", b"a")
+        prefix = "tessellarium-inspect: warning: "
+        comment = "a comma or a double quote cuts its comment off, and the rest of the package may be misread"
+        self.assertEqual(self.warnings("IMAGE=a.bmp", "SOUND=none.wav", "IMAGE=a.bmp", "one, two", "IMAGE=a.bmp",
+                                       '"one" two'),
+                         [prefix + "item 1 (a.bmp): its sound is missing", f"{prefix}item 2 (a.bmp): {comment}",
+                          f"{prefix}item 3 (a.bmp): {comment}"])
+        self.assertEqual(self.warnings("IMAGE=a.bmp", 'one "two"', "IMAGE=a.bmp", '"one, two"'), [])
+        nothing = prefix + "there is no picture or sound in the template; do its lines end in CR LF?"
+        self.assertEqual(self.warnings(), [nothing])
+        self.assertEqual(self.warnings("SOUNDSYNC=1\nIMAGE=a.bmp"), [nothing])
+
     def test_Package_Always_IsToldWithItsRows(self):
         length = len(self.write_one_of_each())
         media = len(self.program)
