@@ -1,5 +1,6 @@
 // The controls of dialogs, worked by mouse and keyboard.
 #include "contract/contract_test.h"
+#include "support/keys.h"
 #include "toolkit/check_box.h"
 #include "toolkit/command_button.h"
 #include "toolkit/drop_down_list.h"
@@ -14,14 +15,7 @@ namespace contract {
 
 namespace {
 
-constexpr int tab = 9;
-constexpr int enter = 13;
-constexpr int escape = 27;
-constexpr int space = 32;
-constexpr int end = 35;
-constexpr int home = 36;
-constexpr int right = 39;
-constexpr int down = 40;
+using namespace keys;
 
 class OtherDialog : public toolkit::Form {
 public:

@@ -1,5 +1,6 @@
 // Lists of rows in columns, and progress bars.
 #include "contract/contract_test.h"
+#include "support/keys.h"
 #include "toolkit/command_button.h"
 #include "toolkit/frame.h"
 #include "toolkit/list_view.h"
@@ -13,11 +14,7 @@ namespace contract {
 
 namespace {
 
-constexpr int enter = 13;
-constexpr int end = 35;
-constexpr int home = 36;
-constexpr int down = 40;
-constexpr int deletion = 46;
+using namespace keys;
 
 class RowsForm : public toolkit::Form {
 public:

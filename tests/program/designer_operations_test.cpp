@@ -1,15 +1,13 @@
 // The designer's buttons that change the sequence of rows, the selection, and the editing of a row.
 #include "program/designer_dialog.h"
+#include "support/keys.h"
 
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr int enter = 13;
-constexpr int up = 38;
-constexpr int down = 40;
-constexpr int deletion = 46;
+using namespace keys;
 
 class DesignerOperations : public DesignerDialog {
 protected:

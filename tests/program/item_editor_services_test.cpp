@@ -2,6 +2,7 @@
 #include "editor/frm_play.h"
 #include "editor/frm_view.h"
 #include "program/item_editor.h"
+#include "support/keys.h"
 
 #include <algorithm>
 #include <map>
@@ -12,9 +13,7 @@ using sys::simulated::ShownMessage;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr int enter = 13;
-constexpr int escape = 27;
-constexpr int tab = 9;
+using namespace keys;
 
 // Previews
 

@@ -1,6 +1,7 @@
 // The item editor: what it shows of a row, what raises its flags, and what it hands back.
 #include "program/item_editor.h"
 #include "startup/marrowfieldry.h"
+#include "support/keys.h"
 
 #include <map>
 #include <tuple>
@@ -9,8 +10,7 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr int enter = 13;
-constexpr int escape = 27;
+using namespace keys;
 
 // How it comes up
 

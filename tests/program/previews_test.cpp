@@ -2,6 +2,7 @@
 #include "editor/frm_load.h"
 #include "editor/frm_play.h"
 #include "editor/frm_view.h"
+#include "support/keys.h"
 #include "support/program.h"
 #include "support/wav_file.h"
 #include "toolkit/pictures.h"
@@ -16,12 +17,7 @@ using sys::simulated::ShownMessage;
 using testing::ElementsAre;
 using toolkit::PlayState;
 
-constexpr int enter = 13;
-constexpr int escape = 27;
-constexpr int tab = 9;
-constexpr int space = 32;
-constexpr int right = 39;
-constexpr int down = 40;
+using namespace keys;
 
 class Previews : public testing::Test {
 protected:

@@ -13,6 +13,7 @@
 #include "toolkit/scroll_bar.h"
 #include "toolkit/text_box.h"
 
+#include "support/keys.h"
 #include "unit/toolkit/failure_of.h"
 #include "unit/toolkit/toolkit_fixture.h"
 
@@ -26,14 +27,7 @@ using sys::ScrollStep;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr int tab = 9;
-constexpr int enter = 13;
-constexpr int escape = 27;
-constexpr int space = 32;
-constexpr int end = 35;
-constexpr int left = 37;
-constexpr int right = 39;
-constexpr int down = 40;
+using namespace keys;
 
 /// The texts of a list, first to last.
 std::vector<std::string> textsOf(const toolkit::ItemList& list) {

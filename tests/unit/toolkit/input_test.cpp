@@ -1,6 +1,7 @@
 // What a system reports, as the events of forms and controls.
 #include "toolkit/input.h"
 
+#include "support/keys.h"
 #include "toolkit/label.h"
 #include "toolkit/picture_box.h"
 #include "toolkit/timer.h"
@@ -17,7 +18,7 @@ using sys::simulated::ShownMessage;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr int escape = 27;
+using keys::escape;
 constexpr int functionKey = 112; // makes no character
 constexpr sys::Point onBox{15, 5};
 constexpr sys::Point onForm{100, 50};

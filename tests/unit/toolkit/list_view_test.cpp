@@ -8,6 +8,7 @@
 #include "toolkit/list_view.h"
 #include "toolkit/progress_bar.h"
 
+#include "support/keys.h"
 #include "unit/toolkit/failure_of.h"
 #include "unit/toolkit/toolkit_fixture.h"
 
@@ -23,12 +24,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-constexpr int end = 35;
-constexpr int home = 36;
-constexpr int up = 38;
-constexpr int down = 40;
-constexpr int deletion = 46;
-constexpr int enter = 13;
+using namespace keys;
 
 class RowsForm : public PlainForm {
 public:

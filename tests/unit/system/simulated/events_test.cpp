@@ -1,3 +1,4 @@
+#include "support/keys.h"
 #include "system/simulated/machine.h"
 #include "unit/system/simulated/recording_input.h"
 
@@ -13,7 +14,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-constexpr int escape = 27;
+using keys::escape;
 constexpr int functionKey = 112; // makes no character
 
 class SimulatedEvents : public testing::Test {
