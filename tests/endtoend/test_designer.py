@@ -131,6 +131,21 @@ class DesignerCase(EndToEndCase):
         with open(os.path.join(self.pictures, name), "rb") as file:
             return file.read()
 
+    def create(self, designer, name):
+        """The path of the package, once it is finished."""
+        designer.name_file("Create", self.windows(name))
+        package = os.path.join(self.pictures, name + ".scr")
+        wait_until(lambda: os.path.exists(package) and self.content(name + ".scr").endswith(b"Tessellarium\r\n"),
+                   "the package isn't finished")
+        return package
+
+    def finish(self, settings, designer, template):
+        """Closes both dialogs and keeps the template."""
+        designer.click("Ok")
+        settings.wait_for_text("edit", self.windows(template))
+        settings.click("Done")
+        settings.show.wait_for_end()
+
 
 class DesignerTest(DesignerCase):
     def test_new_comes_up_with_a_row_and_goes_without_a_question(self):
@@ -196,14 +211,8 @@ class DesignerTest(DesignerCase):
         self.assertEqual(self.content("saved.txt").decode(),
                          f"SOUNDSYNC=1\r\n\r\nIMAGE={self.windows('a.bmp')}\r\nboth\r\n"
                          f"\r\nIMAGE={self.windows('b.bmp')}\r\n")
-        designer.name_file("Create", self.windows("mine"))
-        package = os.path.join(self.pictures, "mine.scr")
-        wait_until(lambda: os.path.exists(package) and self.content("mine.scr").endswith(b"Tessellarium\r\n"),
-                   "the package isn't finished")
-        designer.click("Ok")
-        settings.wait_for_text("edit", self.windows("saved.txt"))
-        settings.click("Done")
-        settings.show.wait_for_end()
+        package = self.create(designer, "mine")
+        self.finish(settings, designer, "saved.txt")
         frames = {"a": self.frame().centre(first).ignore(0, 600, 400, 768),
                   "b": self.frame().centre(second).ignore(0, 600, 400, 768)}
         for program in self.program, package:
@@ -327,14 +336,8 @@ class JourneyTest(DesignerCase, ListeningCase):
         designer.wait_for_rows(a, b, blank)
         self.keep_shot(self.machine.shot(), "rows")
         designer.name_file("Save", self.windows("mine.txt"))
-        designer.name_file("Create", self.windows("mine"))
-        package = os.path.join(self.pictures, "mine.scr")
-        wait_until(lambda: os.path.exists(package) and self.content("mine.scr").endswith(b"Tessellarium\r\n"),
-                   "the package isn't finished")
-        designer.click("Ok")
-        settings.wait_for_text("edit", self.windows("mine.txt"))
-        settings.click("Done")
-        settings.show.wait_for_end()
+        package = self.create(designer, "mine")
+        self.finish(settings, designer, "mine.txt")
         self.watch_show(self.program)
         self.listener = type(self.listener)(self.machine.sound, (LOW, MIDDLE))
         self.watch_show(package)
