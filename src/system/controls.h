@@ -2,7 +2,7 @@
 // to `Input`.
 #pragma once
 
-#include "system/windows.h"
+#include "system/window.h"
 
 #include <cstdint>
 #include <span>

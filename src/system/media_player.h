@@ -1,7 +1,7 @@
 // What plays sound files with their states; plain sound is `Platform::sndPlaySound`.
 #pragma once
 
-#include "system/windows.h"
+#include "system/window.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 // The platform calls that the program makes by name. Arguments and results are the system's own.
 #pragma once
 
-#include "system/windows.h"
+#include "system/window.h"
 
 #include <array>
 #include <cstdint>

@@ -8,7 +8,7 @@
 #include "system/geometry.h"
 #include "system/media_player.h"
 #include "system/platform.h"
-#include "system/windows.h"
+#include "system/window.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,7 +1,7 @@
 // What forms and picture boxes share: a retained surface, painted by `PaintPicture`.
 #pragma once
 
-#include "system/windows.h"
+#include "system/window.h"
 #include "toolkit/observer.h"
 
 namespace toolkit {

@@ -1,7 +1,7 @@
 // The bases of what stands on a form: components (timers), elements (whatever has a place), controls.
 #pragma once
 
-#include "system/windows.h"
+#include "system/window.h"
 #include "toolkit/event.h"
 
 #include <cstdint>

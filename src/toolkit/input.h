@@ -2,7 +2,7 @@
 // or control.
 #pragma once
 
-#include "system/windows.h"
+#include "system/window.h"
 
 #include <optional>
 #include <unordered_map>

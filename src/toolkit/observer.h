@@ -1,7 +1,7 @@
 // What a tool may watch of a running program. The product sets no observer.
 #pragma once
 
-#include "system/windows.h"
+#include "system/window.h"
 
 #include <optional>
 #include <string>

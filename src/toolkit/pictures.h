@@ -1,7 +1,7 @@
 // Loading of pictures: GIF, JPEG, BMP, WMF and ICO, as far as the system can decode them.
 #pragma once
 
-#include "system/windows.h"
+#include "system/window.h"
 
 #include <cstdint>
 #include <span>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "system/simulated/bitmap.h"
-#include "system/windows.h"
+#include "system/window.h"
 
 #include <cstdint>
 #include <span>

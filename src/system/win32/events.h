@@ -13,9 +13,9 @@ namespace sys::win32 {
 std::int64_t clockNow();
 
 /// One for the process. All windows of `formClass`, `dialogClass` and `pictureBoxClass` belong to a
-/// `CanvasWindow`, those of `labelClass` to a `ColoredLabelWindow`. No show has
-/// a window of the system's own classes: with the first of them the system loads its common controls, which
-/// takes a fifth of a start.
+/// `CanvasWindow`, those of `labelClass` to a `ColoredLabelWindow`. No window of a show
+/// is of the system's own classes: with the first of those the system loads its common controls, which would
+/// make every start longer.
 class Events {
 public:
     static constexpr const char* formClass = "TessellariumForm";

@@ -1,7 +1,7 @@
 // Windows metafiles, with or without a placeable header: pictures that stay vectors.
 #pragma once
 
-#include "system/windows.h"
+#include "system/window.h"
 
 #include <cstdint>
 #include <span>

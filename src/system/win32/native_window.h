@@ -4,7 +4,7 @@
 #include "system/failure.h"
 #include "system/geometry.h"
 #include "system/win32/native.h"
-#include "system/windows.h"
+#include "system/window.h"
 
 #include <optional>
 #include <string>

@@ -1,7 +1,7 @@
 // From a picture file's bytes to a picture.
 #pragma once
 
-#include "system/windows.h"
+#include "system/window.h"
 
 #include <cstdint>
 #include <memory>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "system/win32/memory_bitmap.h"
-#include "system/windows.h"
+#include "system/window.h"
 
 #include <memory>
 

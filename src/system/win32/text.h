@@ -2,7 +2,7 @@
 #pragma once
 
 #include "system/win32/native.h"
-#include "system/windows.h"
+#include "system/window.h"
 
 namespace sys::win32 {
 

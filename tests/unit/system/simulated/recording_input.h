@@ -1,7 +1,7 @@
 // A receiver of a machine's events that writes them down.
 #pragma once
 
-#include "system/windows.h"
+#include "system/window.h"
 
 #include <functional>
 #include <string>
