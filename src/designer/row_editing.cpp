@@ -19,7 +19,7 @@ void frmDesigner::ListView1_DblClick() {
     const auto pointAt = [&](const std::string& path, toolkit::DriveList& drives,
                              toolkit::FolderList& folders, std::string& name) {
         Parser.setFileSpec(path);
-        if (Application::current().system().files().exists(path)) {
+        if (toolkit::systemFiles().exists(path)) {
             step([&] { drives.setDrive(Parser.Path.substr(0, 1)); });
             step([&] { folders.setPath(Parser.Path); });
             name = Parser.FileName;

@@ -10,14 +10,8 @@
 
 using toolkit::Application;
 
-namespace {
-
-constexpr int templateFile = 1; // the file number
-
-} // namespace
-
 void frmDesigner::PerformLoad() {
-    toolkit::FileTable& files = Application::current().files();
+    toolkit::FileTable& files = toolkit::fileTable();
     toolkit::handlingFailures(
         [&] {
             ClearRows();

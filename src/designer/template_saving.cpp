@@ -1,6 +1,7 @@
 // The rows into a template file: `WriteTemplate`, the button that asks for its name, and the question before
 // changes are lost.
 #include "designer/frm_designer.h"
+#include "package/template_line.h"
 #include "startup/marrowfieldry.h"
 #include "startup/shared_state.h"
 #include "toolkit/application.h"
@@ -9,16 +10,10 @@
 using toolkit::Application;
 using toolkit::CommonDialog;
 
-namespace {
-
-constexpr int templateFile = 1; // the file number
-
-} // namespace
-
 /// Paths are written whole. A row without a picture has no line that starts it, so that its lines are those
 /// of the item above: meant so.
 void frmDesigner::WriteTemplate(const std::string& name) {
-    toolkit::FileTable& files = Application::current().files();
+    toolkit::FileTable& files = toolkit::fileTable();
     files.open(templateFile, name, toolkit::OpenMode::output);
     const toolkit::Freed file(files, templateFile);
     const auto write = [&](const std::string& line) { files.writeLine(templateFile, line); };

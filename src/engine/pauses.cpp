@@ -18,7 +18,7 @@ void yieldUntil(std::int32_t end, const std::int16_t& ShowEnding) {
     Application& application = Application::current();
     do {
         application.yield();
-    } while (application.system().platform().getTickCount() < end && ShowEnding != True);
+    } while (toolkit::platform().getTickCount() < end && ShowEnding != True);
 }
 
 /// The tick count wraps around after some 25 days, and an end behind that wraps with it.
@@ -34,7 +34,7 @@ void MainForm::Pause(const std::int16_t& Divisor) {
     if (observer != nullptr) {
         observer->paused(Divisor);
     }
-    const double start = Application::current().system().platform().getTickCount();
+    const double start = toolkit::platform().getTickCount();
     const double end = std::nearbyint(static_cast<double>(shared.DissolveDelay) / Divisor + start);
     yieldUntil(wrap32(static_cast<std::int64_t>(end)), ShowEnding);
     WriteLog("E: MainForm Pause");
@@ -42,7 +42,7 @@ void MainForm::Pause(const std::int16_t& Divisor) {
 
 void MainForm::Pause2(const std::int16_t& Milliseconds) {
     WriteLog("S: MainForm Pause2");
-    const std::int64_t start = Application::current().system().platform().getTickCount();
+    const std::int64_t start = toolkit::platform().getTickCount();
     yieldUntil(wrap32(start + Milliseconds), ShowEnding);
     WriteLog("E: MainForm Pause2");
 }

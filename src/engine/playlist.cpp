@@ -14,8 +14,6 @@ using toolkit::Application;
 
 namespace {
 
-constexpr int templateFile = 1; // the file number
-
 std::string& entry(ItemTexts& texts, std::int16_t item) { return texts[static_cast<std::size_t>(item)]; }
 
 } // namespace
@@ -48,8 +46,7 @@ void MainForm::LoadFiles() {
 void MainForm::listFolder() {
     static constexpr std::array patterns = {"*.gif", "*.jpe", "*.jpg", "*.bmp", "*.wmf", "*.jpeg"};
     for (const char* pattern : patterns) {
-        for (const std::string& name :
-             Application::current().system().files().list(shared.ImagePath + pattern)) {
+        for (const std::string& name : toolkit::systemFiles().list(shared.ImagePath + pattern)) {
             lstImageNames.addItem(shared.ImagePath + name);
         }
     }
@@ -57,7 +54,7 @@ void MainForm::listFolder() {
 
 /// Takes the template field by field: a comma divides a line into two entries, a quote is eaten. Meant so.
 void MainForm::readTemplate() {
-    toolkit::FileTable& files = Application::current().files();
+    toolkit::FileTable& files = toolkit::fileTable();
     std::int16_t item = -1;
     files.open(templateFile, shared.ImagePath + shared.ImageListFile, toolkit::OpenMode::input);
     while (!files.atEnd(templateFile)) {

@@ -263,7 +263,7 @@ void MainForm::startSound() {
         if (observer != nullptr) {
             observer->plainSoundPlayed(sound);
         }
-        Application::current().system().platform().sndPlaySound(sound, asynchronousSound);
+        toolkit::platform().sndPlaySound(sound, asynchronousSound);
     } else {
         MediaPlayer1.setFileName(itemText(shared.ImageSounds, shared.ImageIndex));
         MediaPlayer1.play();

@@ -16,17 +16,16 @@
 #include <string_view>
 
 using toolkit::Application;
+using toolkit::fileTable;
 using toolkit::FileTable;
 using toolkit::Freed;
 using toolkit::OpenMode;
 
 namespace {
 
-FileTable& files() { return Application::current().files(); }
+std::int32_t read32(int number) { return toolkit::round32(fileTable().readNumberField(number)); }
 
-std::int32_t read32(int number) { return toolkit::round32(files().readNumberField(number)); }
-
-std::int16_t read16(int number) { return toolkit::round16(files().readNumberField(number)); }
+std::int16_t read16(int number) { return toolkit::round16(fileTable().readNumberField(number)); }
 
 /// The entry of a row; a table that would overrun is failure 9.
 template <class Table> auto& entry(Table& table, std::int16_t row) {
@@ -40,8 +39,8 @@ template <class Table> auto& entry(Table& table, std::int16_t row) {
 /// A block that gets nothing is failure 62.
 void copySegment(int source, int target, std::int32_t end, std::size_t blockSize,
                  const std::int16_t& ShowEnding) {
-    while (files().position(source) < end && ShowEnding == 0) {
-        if (files().copyBlock(source, target, blockSize) == 0) {
+    while (fileTable().position(source) < end && ShowEnding == 0) {
+        if (fileTable().copyBlock(source, target, blockSize) == 0) {
             throw Failure(FailureCode::inputPastEnd);
         }
     }
@@ -74,31 +73,31 @@ std::int16_t MainForm::ReadSCR() {
     constexpr int own = 1;
     WriteLog("S: MainForm ReadSCR");
     lstImageNames.clear();
-    files().open(own, ownFileName(), OpenMode::binaryRead);
-    Freed ownFile(files(), own);
-    if (!package::endsWithMark(files(), own)) {
+    fileTable().open(own, ownFileName(), OpenMode::binaryRead);
+    Freed ownFile(fileTable(), own);
+    if (!package::endsWithMark(fileTable(), own)) {
         ownFile.leaveOpen(); // meant so
         return False;
     }
-    const package::Trailer trailer = package::readTrailer(files(), own);
+    const package::Trailer trailer = package::readTrailer(fileTable(), own);
     // One above the last row, so that the walk through the sounds has a silent step: meant so.
     shared.SoundLast = trailer.count;
-    files().seek(own, trailer.directory);
+    fileTable().seek(own, trailer.directory);
     shared.SoundMode = read16(own);
     WriteLog("X: ", toolkit::signedTextOf(shared.SoundMode));
     for (std::int16_t row = 0; row < trailer.count; ++row) {
         entry(shared.ImageStart, row) = read32(own);
         entry(shared.ImageEnd, row) = read32(own);
-        entry(shared.ImageDissolves, row) = files().readField(own);
-        entry(shared.ImageComments, row) = files().readField(own);
+        entry(shared.ImageDissolves, row) = fileTable().readField(own);
+        entry(shared.ImageComments, row) = fileTable().readField(own);
         entry(shared.SoundStart, row) = read32(own);
         entry(shared.SoundEnd, row) = read32(own);
-        entry(shared.SoundExt, row) = files().readField(own);
+        entry(shared.SoundExt, row) = fileTable().readField(own);
         lstImageNames.addItem("Imbedded Image");
         WriteLog(toolkit::signedTextOf(entry(shared.ImageStart, row)), ":", entry(shared.ImageDissolves, row),
                  "*", entry(shared.SoundExt, row), "*");
     }
-    files().close(own);
+    fileTable().close(own);
     WriteLog("E: MainForm ReadSCR");
     return True;
 }
@@ -116,15 +115,15 @@ std::int16_t MainForm::LoadImbeddedImage(const std::int16_t& index) {
     std::int16_t Timer1WasOn = False;
     std::int16_t Timer2WasOn = False;
     DisableTimers(Timer1WasOn, Timer2WasOn);
-    files().open(own, ownFileName(), OpenMode::binaryRead);
-    const Freed ownFile(files(), own);
+    fileTable().open(own, ownFileName(), OpenMode::binaryRead);
+    const Freed ownFile(fileTable(), own);
     // Not emptied: a longer former picture leaves its tail, which no decoder reads.
-    files().open(picture, temporaryPicture(), OpenMode::binary);
-    const Freed pictureFile(files(), picture);
-    files().seek(own, entry(shared.ImageStart, index));
+    fileTable().open(picture, temporaryPicture(), OpenMode::binary);
+    const Freed pictureFile(fileTable(), picture);
+    fileTable().seek(own, entry(shared.ImageStart, index));
     copySegment(own, picture, entry(shared.ImageEnd, index), package::blockSize, ShowEnding);
-    files().close(own);
-    files().close(picture);
+    fileTable().close(own);
+    fileTable().close(picture);
     WriteLog("X: Loaded");
     WriteLog("E: MainForm LoadImbeddedImage");
     EnableTimers(Timer1WasOn, Timer2WasOn);
@@ -147,15 +146,15 @@ void MainForm::LoadImbeddedSound(const std::int16_t& index) {
         std::int16_t Timer1WasOn = False;
         std::int16_t Timer2WasOn = False;
         DisableTimers(Timer1WasOn, Timer2WasOn);
-        files().open(own, ownFileName(), OpenMode::binaryRead);
-        const Freed ownFile(files(), own);
+        fileTable().open(own, ownFileName(), OpenMode::binaryRead);
+        const Freed ownFile(fileTable(), own);
         ExtractedSound = soundFile(entry(shared.SoundExt, index));
-        files().open(sound, ExtractedSound, OpenMode::binary);
-        const Freed target(files(), sound);
-        files().seek(own, entry(shared.SoundStart, index));
+        fileTable().open(sound, ExtractedSound, OpenMode::binary);
+        const Freed target(fileTable(), sound);
+        fileTable().seek(own, entry(shared.SoundStart, index));
         copySegment(own, sound, entry(shared.SoundEnd, index), package::soundBlockSize, ShowEnding);
-        files().close(own);
-        files().close(sound);
+        fileTable().close(own);
+        fileTable().close(sound);
         EnableTimers(Timer1WasOn, Timer2WasOn);
         WriteLog("X: Loaded");
     }

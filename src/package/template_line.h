@@ -12,6 +12,9 @@
 #include <cstdint>
 #include <string>
 
+/// The number under which every routine opens a template.
+constexpr int templateFile = 1;
+
 enum class TemplateLineKind { mode, image, dissolve, sound, comment };
 
 struct TemplateLine {

@@ -15,6 +15,7 @@
 
 using toolkit::Application;
 using toolkit::CommonDialog;
+using toolkit::fileTable;
 using toolkit::OpenMode;
 
 namespace {
@@ -23,13 +24,11 @@ namespace {
 constexpr int packageFile = 1;
 constexpr int sourceFile = 2;
 
-toolkit::FileTable& files() { return Application::current().files(); }
-
 /// Copies whole blocks up to and including the one in which the source ends.
 template <class AfterBlock> void copyBlocks(int source, int target, const AfterBlock& afterBlock) {
     std::size_t count = 0;
     do {
-        count = files().copyBlock(source, target, package::blockSize);
+        count = fileTable().copyBlock(source, target, package::blockSize);
         afterBlock();
     } while (count == package::blockSize);
 }
@@ -48,7 +47,7 @@ std::int64_t segmentLength(std::int64_t sourceLength) {
     return (sourceLength / block + 1) * block;
 }
 
-std::int32_t position(int number) { return static_cast<std::int32_t>(files().position(number)); }
+std::int32_t position(int number) { return static_cast<std::int32_t>(fileTable().position(number)); }
 
 /// The entry of a row, counted from 1 here; more rows than the tables hold are failure 9.
 std::int32_t& entry(ItemPositions& positions, std::int16_t row) {
@@ -60,8 +59,8 @@ std::int32_t& entry(ItemPositions& positions, std::int16_t row) {
 
 /// The name that is proposed for a template: its own up to the first place where its extension's letters
 /// stand, so that "mytxt.txt" gives "m". Fails with 5 without a template or an extension.
-std::string proposedName(PathParser& parser, const std::string& templateFile) {
-    parser.setFileSpec(templateFile);
+std::string proposedName(PathParser& parser, const std::string& templateName) {
+    parser.setFileSpec(templateName);
     parser.setFileSpec(AddBackslash(Application::current().system().identity().folder) + parser.FileName);
     const std::size_t extension = parser.FileName.find(parser.Extension);
     if (extension == std::string::npos || extension == 0) {
@@ -112,13 +111,13 @@ void frmDesigner::WritePackage(const std::string& target) {
                 finish();
                 return;
             }
-            sys::Files& system = Application::current().system().files();
+            sys::Files& system = toolkit::systemFiles();
             if (system.exists(target)) {
                 system.remove(target);
             }
-            files().open(packageFile, ownFileName(), OpenMode::input);
-            const std::int64_t programLength = files().length(packageFile);
-            files().close(packageFile);
+            fileTable().open(packageFile, ownFileName(), OpenMode::input);
+            const std::int64_t programLength = fileTable().length(packageFile);
+            fileTable().close(packageFile);
             if (const std::optional<std::string> missing = missingImage()) {
                 Application::current().showMessage("Unable to locate image: " + *missing);
                 ListView1.setVisible(true);
@@ -126,8 +125,8 @@ void frmDesigner::WritePackage(const std::string& target) {
                 return; // the blank rows don't come back: meant so
             }
             copyProgram(target);
-            files().open(packageFile, target, OpenMode::binary);
-            files().seek(packageFile, programLength); // on its last byte
+            fileTable().open(packageFile, target, OpenMode::binary);
+            fileTable().seek(packageFile, programLength); // on its last byte
             // A handler that runs in a yield may change the rows. The loop keeps their first number, so that
             // a row that went fails instead of leaving a package that looks whole.
             const std::vector<std::string> before = content();
@@ -137,7 +136,7 @@ void frmDesigner::WritePackage(const std::string& target) {
                 UpdateThinking(row, ListView1.rowCount());
             }
             const std::int32_t directory = position(packageFile);
-            files().close(packageFile);
+            fileTable().close(packageFile);
             if (content() != before) {
                 Application::current().showMessage(
                     "The items have changed while the screen saver was being written, so that it isn't "
@@ -151,8 +150,8 @@ void frmDesigner::WritePackage(const std::string& target) {
         },
         [&](const Failure& failure) {
             Application::current().showMessage("An Error Has Occurred: " + failure.description());
-            toolkit::handlingFailures([] { files().close(packageFile); }, [](const Failure&) {});
-            toolkit::handlingFailures([] { files().close(sourceFile); }, [](const Failure&) {});
+            toolkit::handlingFailures([] { fileTable().close(packageFile); }, [](const Failure&) {});
+            toolkit::handlingFailures([] { fileTable().close(sourceFile); }, [](const Failure&) {});
             finish();
         });
 }
@@ -164,7 +163,7 @@ std::string frmDesigner::refusal(const std::string& target) {
         return "A screen saver holds at most " + std::to_string(package::mostRows) +
                " items, and this template has " + std::to_string(rows) + ".";
     }
-    sys::Files& system = Application::current().system().files();
+    sys::Files& system = toolkit::systemFiles();
     if (system.same(target, ownFileName())) {
         return "This is the running program itself. Choose another name.";
     }
@@ -190,7 +189,7 @@ std::string frmDesigner::refusal(const std::string& target) {
 
 /// What a package of the rows would have, in bytes.
 std::int64_t frmDesigner::packageLength() const {
-    sys::Files& system = Application::current().system().files();
+    sys::Files& system = toolkit::systemFiles();
     const std::int64_t programLength = system.length(ownFileName());
     std::int64_t end = programLength; // of the media, and a 1-based position
     std::size_t directory = numberLine(shared.SoundMode).size() + 2;
@@ -217,7 +216,7 @@ std::int64_t frmDesigner::packageLength() const {
 std::optional<std::string> frmDesigner::missingImage() const {
     for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
         const std::string& path = lstImagePath.list(static_cast<std::int16_t>(row - 1));
-        if (hasImage(row) && !Application::current().system().files().exists(path)) {
+        if (hasImage(row) && !toolkit::systemFiles().exists(path)) {
             return path;
         }
     }
@@ -227,13 +226,13 @@ std::optional<std::string> frmDesigner::missingImage() const {
 void frmDesigner::copyProgram(const std::string& target) {
     constexpr int program = 1;
     constexpr int copy = 2;
-    files().open(program, ownFileName(), OpenMode::binaryRead);
-    files().open(copy, target, OpenMode::binary);
+    fileTable().open(program, ownFileName(), OpenMode::binaryRead);
+    fileTable().open(copy, target, OpenMode::binary);
     Label1.setCaption("Writing Executable File");
     Label1.refresh();
     copyBlocks(program, copy, [] {});
-    files().close(program);
-    files().close(copy);
+    fileTable().close(program);
+    fileTable().close(copy);
 }
 
 /// Appends the picture and the sound of a row, and notes where they stand.
@@ -248,12 +247,12 @@ void frmDesigner::appendMedia(std::int16_t row) {
         }
         entry(starts, row) = position(packageFile);
         // A sound that isn't there becomes an empty file: meant so.
-        files().open(sourceFile, path, OpenMode::binary);
+        fileTable().open(sourceFile, path, OpenMode::binary);
         Label1.setCaption(text);
         Label1.refresh();
         copyBlocks(sourceFile, packageFile, [] { Application::current().yield(); });
         entry(ends, row) = position(packageFile);
-        files().close(sourceFile);
+        fileTable().close(sourceFile);
     };
     if (hasImage(row)) {
         WriteLog("Writing ", ListView1.text(row, imagesColumn));
@@ -266,8 +265,8 @@ void frmDesigner::appendMedia(std::int16_t row) {
 }
 
 void frmDesigner::appendDirectory(const std::string& target, std::int32_t directory) {
-    files().open(packageFile, target, OpenMode::append);
-    const auto write = [](const std::string& text) { files().writeLine(packageFile, text); };
+    fileTable().open(packageFile, target, OpenMode::append);
+    const auto write = [](const std::string& text) { fileTable().writeLine(packageFile, text); };
     write(numberLine(shared.SoundMode));
     for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
         WriteLog("Writing Data");
@@ -286,12 +285,12 @@ void frmDesigner::appendDirectory(const std::string& target, std::int32_t direct
         extension.resize(3, ' ');
         write(extension);
     }
-    files().close(packageFile);
-    files().open(packageFile, target, OpenMode::append);
+    fileTable().close(packageFile);
+    fileTable().open(packageFile, target, OpenMode::append);
     write(eightDigits(directory));
     write(eightDigits(ListView1.rowCount()));
     write(package::mark);
-    files().close(packageFile);
+    fileTable().close(packageFile);
 }
 
 std::vector<std::string> frmDesigner::content() const {

@@ -1,5 +1,6 @@
 // The settings dialog at work: its lists, the way to the designer, and what "Done" does.
 #include "designer/frm_designer.h"
+#include "package/template_line.h"
 #include "settings/frm_config.h"
 #include "startup/marrowfieldry.h"
 #include "startup/settings.h"
@@ -11,8 +12,6 @@
 using toolkit::Application;
 
 namespace {
-
-constexpr int templateFile = 1; // the file number
 
 /// The folder, made to end in a backslash unless it is empty, and the name behind it.
 std::string JoinFileSpec(const std::string& folder, const std::string& name) {
@@ -48,7 +47,7 @@ bool frmConfig::templateMayBeSaved() {
     bool goOn = true;
     toolkit::handlingFailures(
         [&] {
-            toolkit::FileTable& files = Application::current().files();
+            toolkit::FileTable& files = toolkit::fileTable();
             files.open(templateFile, txtImageListFile.text(), toolkit::OpenMode::input);
             files.close(templateFile);
         },

@@ -21,7 +21,7 @@ void showHelp(toolkit::Form& form) {
         return;
     }
     toolkit::handlingFailures(
-        [&] { application.system().platform().winHelp(form.hWnd(), product::helpFile, contentsPage); },
+        [&] { toolkit::platform().winHelp(form.hWnd(), product::helpFile, contentsPage); },
         [&](const Failure& failure) { application.showMessage(failure.description()); });
 }
 

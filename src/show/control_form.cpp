@@ -12,14 +12,11 @@ using toolkit::Application;
 namespace {
 
 constexpr sys::Color lightGrey{0xC0, 0xC0, 0xC0};
-constexpr sys::Color white{255, 255, 255};
 
 constexpr std::uint32_t closeMessage = 0x10; // WM_CLOSE
 
-sys::Platform& platform() { return Application::current().system().platform(); }
-
 void giveToWindow(toolkit::Element& element, sys::WindowHandle parent) {
-    shared.ApiResult = sys::numberOf(platform().setParent(element.hWnd(), parent));
+    shared.ApiResult = sys::numberOf(toolkit::platform().setParent(element.hWnd(), parent));
 }
 
 /// Where a part begins that stands in the middle of a whole.
@@ -34,7 +31,8 @@ std::intptr_t answer(sys::WindowHandle hwnd, std::uint32_t msg, std::uintptr_t w
         return 0; // meant so: without a procedure to hand it to, the message is swallowed
     }
     if (msg != closeMessage) {
-        const std::intptr_t result = platform().callWindowProc(shared.PrevWndProc, hwnd, msg, wParam, lParam);
+        const std::intptr_t result =
+            toolkit::platform().callWindowProc(shared.PrevWndProc, hwnd, msg, wParam, lParam);
         WriteLog("E: CtlProc");
         return result;
     }
@@ -49,9 +47,9 @@ std::intptr_t answer(sys::WindowHandle hwnd, std::uint32_t msg, std::uintptr_t w
 
 ControlForm::ControlForm()
     : Form({.name = "ControlForm", .caption = product::title, .backColor = lightGrey, .inTaskBar = false}),
-      Picture1(*this, {.control = {.name = "Picture1"}, .backColor = white}),
+      Picture1(*this, {.control = {.name = "Picture1"}, .backColor = sys::white}),
       Picture2(*this, {.control = {.name = "Picture2", .width = 1395, .height = 795},
-                       .backColor = white,
+                       .backColor = sys::white,
                        .picture = resources::logo}),
       Timer1(*this, {.interval = 400}) {
     loadEvent = [this] { Form_Load(); };
@@ -65,7 +63,7 @@ void ControlForm::Form_Load() {
     Timer1.setInterval(shared.ImageInterval);
     Subclass(Picture1.hWnd());
     const sys::WindowHandle host = sys::handleOf(shared.HostWindow);
-    shared.ApiResult = platform().getClientRect(host, shared.HostRect);
+    shared.ApiResult = toolkit::platform().getClientRect(host, shared.HostRect);
     const std::int32_t width = shared.HostRect.width() * shared.TwipsPerPixelX;
     const std::int32_t height = shared.HostRect.height() * shared.TwipsPerPixelY;
     Picture1.move(0, 0, static_cast<float>(width), static_cast<float>(height));
@@ -88,7 +86,7 @@ void ControlForm::Form_Unload() {
 
 void ControlForm::Timer1_Timer() {
     WriteLog("S: ControlForm Timer1");
-    const bool hostGone = platform().isWindow(sys::handleOf(shared.HostWindow)) == 0;
+    const bool hostGone = toolkit::platform().isWindow(sys::handleOf(shared.HostWindow)) == 0;
     if (hostGone || shared.PreviewActive == False) {
         WriteLog("E: ControlForm Timer1");
         unload();
@@ -98,15 +96,15 @@ void ControlForm::Timer1_Timer() {
 
 void Subclass(sys::WindowHandle hwnd) {
     WriteLog("S: Subclass");
-    shared.PrevWndProc =
-        platform().setWindowLong(hwnd, sys::windowProcedureIndex, reinterpret_cast<std::intptr_t>(&CtlProc));
+    shared.PrevWndProc = toolkit::platform().setWindowLong(hwnd, sys::windowProcedureIndex,
+                                                           reinterpret_cast<std::intptr_t>(&CtlProc));
     WriteLog("E: Subclass");
 }
 
 void UnSubClass(sys::WindowHandle hwnd) {
     WriteLog("S: UnSubClass");
     if (shared.PrevWndProc != 0) {
-        platform().setWindowLong(hwnd, sys::windowProcedureIndex, shared.PrevWndProc);
+        toolkit::platform().setWindowLong(hwnd, sys::windowProcedureIndex, shared.PrevWndProc);
         shared.PrevWndProc = 0;
     }
     WriteLog("E: UnSubClass");

@@ -14,8 +14,6 @@ using toolkit::Application;
 
 namespace {
 
-constexpr sys::Color black{0, 0, 0};
-constexpr sys::Color white{255, 255, 255};
 // Read from across a room.
 const sys::Font commentFont{"Tahoma", 24, true};
 
@@ -24,12 +22,10 @@ constexpr std::uint32_t screenSaverRunning = 97;  // an action of SystemParamete
 constexpr std::intptr_t topmost = -1;
 constexpr std::uint32_t keepPlaceAndSize = 3;
 
-sys::Platform& platform() { return Application::current().system().platform(); }
-
 void tellSystemOfShow(std::uint32_t running) {
     if (passwordWanted()) {
         std::int32_t scratch = 0;
-        platform().systemParametersInfo(screenSaverRunning, running, scratch, 0);
+        toolkit::platform().systemParametersInfo(screenSaverRunning, running, scratch, 0);
     }
 }
 
@@ -38,17 +34,17 @@ void tellSystemOfShow(std::uint32_t running) {
 MainForm::MainForm()
     : Form({.name = "MainForm",
             .caption = showCaption,
-            .backColor = black,
+            .backColor = sys::black,
             .maximized = true,
             .inTaskBar = false,
             .keyPreview = true}),
-      Picture1(*this, {.control = {.name = "Picture1"}, .backColor = black}),
+      Picture1(*this, {.control = {.name = "Picture1"}, .backColor = sys::black}),
       Image1(*this, {.control = {.name = "Image1"}}),
       Image2(*this, {.control = {.name = "Image2"}, .picture = resources::banner}),
       pctBlank(*this, {.control = {.name = "pctBlank", .visible = false}, .picture = resources::black}),
       Label1(*this, {.control = {.name = "Label1", .visible = false},
                      .font = commentFont,
-                     .colors = sys::LabelColors{white, black},
+                     .colors = sys::LabelColors{sys::white, sys::black},
                      .autoSize = true}),
       Label2(*this, {.control = {.name = "Label2", .visible = false}, .colors = sys::LabelColors{}}),
       lstImageNames(*this, {.name = "lstImageNames", .visible = false}),
@@ -94,8 +90,8 @@ void MainForm::Form_Load() {
     step([&] { Label2.setCaption("hi!"); });
     step([&] { Label2.refresh(); });
     step([&] { SoundListIndex = -1; });
-    step([&] { setBackColor(black); });
-    step([&] { Picture1.setBackColor(black); });
+    step([&] { setBackColor(sys::black); });
+    step([&] { Picture1.setBackColor(sys::black); });
     step([&] { shared.ImageIndex = -1; });
     step([&] {
         if (shared.RunMode == standAloneMode) {
@@ -115,8 +111,8 @@ void MainForm::Form_Load() {
             MediaPlayer1.setLive(true);
         }
     });
-    step([&] { platform().setWindowPos(hWnd(), topmost, 0, 0, 0, 0, keepPlaceAndSize); });
-    step([&] { platform().setWindowPos(Picture1.hWnd(), topmost, 0, 0, 0, 0, keepPlaceAndSize); });
+    step([&] { toolkit::platform().setWindowPos(hWnd(), topmost, 0, 0, 0, 0, keepPlaceAndSize); });
+    step([&] { toolkit::platform().setWindowPos(Picture1.hWnd(), topmost, 0, 0, 0, 0, keepPlaceAndSize); });
     step([&] {
         shared.UsePassword = toolkit::round16(
             toolkit::val(RegGetValue(currentUser, "Control Panel\\Desktop", "ScreenSaveUsePassword")));
@@ -134,14 +130,14 @@ void MainForm::Form_Unload() {
         MediaPlayer1.stop();
     } else if (shared.SoundMode == soundWithImage) {
         // A sound of this name isn't there: asking for it cuts off the one that plays.
-        platform().sndPlaySound("0", asynchronousSound);
+        toolkit::platform().sndPlaySound("0", asynchronousSound);
     }
     showCursor();
     tellSystemOfShow(0);
     Application& application = Application::current();
     const std::string picture = temporaryPicture();
-    if (application.system().files().exists(picture)) {
-        application.system().files().remove(picture);
+    if (toolkit::systemFiles().exists(picture)) {
+        toolkit::systemFiles().remove(picture);
     }
     WriteLog("E: MainForm Form_UnLoad");
     application.end();

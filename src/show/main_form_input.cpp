@@ -57,7 +57,7 @@ void MainForm::Form_QueryUnload(bool& Cancel) {
     bool mayEnd = true;
     if (passwordWanted()) {
         showCursor();
-        const std::int32_t answer = Application::current().system().platform().verifyScreenSavePwd(hWnd());
+        const std::int32_t answer = toolkit::platform().verifyScreenSavePwd(hWnd());
         mayEnd = toolkit::wrap16(answer) != 0; // only the low 16 bits count
         if (!mayEnd) {
             hideCursor();

@@ -9,13 +9,13 @@ using toolkit::Application;
 bool passwordWanted() { return shared.PlatformId != ntPlatform && shared.UsePassword != 0; }
 
 void hideCursor() {
-    sys::Platform& platform = Application::current().system().platform();
+    sys::Platform& platform = toolkit::platform();
     while (platform.showCursor(false) >= -5) {
     }
 }
 
 void showCursor() {
-    sys::Platform& platform = Application::current().system().platform();
+    sys::Platform& platform = toolkit::platform();
     while (platform.showCursor(true) <= 5) {
     }
 }

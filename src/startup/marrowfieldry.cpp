@@ -15,7 +15,7 @@ using toolkit::Application;
 
 bool CheckUnique(const std::string& title) {
     WriteLog("S: CheckUnique%");
-    const bool unique = Application::current().system().platform().findWindow(title) == 0;
+    const bool unique = toolkit::platform().findWindow(title) == 0;
     WriteLog("E: CheckUnique%");
     return unique;
 }
@@ -30,7 +30,7 @@ namespace {
 constexpr int ownFile = 1; // the file number
 
 bool isPackage() {
-    toolkit::FileTable& files = Application::current().files();
+    toolkit::FileTable& files = toolkit::fileTable();
     files.open(ownFile, ownFileName(), toolkit::OpenMode::binaryRead);
     return package::endsWithMark(files, ownFile);
 }
@@ -50,7 +50,7 @@ std::int16_t DetermineRunMode() {
         []([[maybe_unused]] const Failure& failure) {
             WriteLog("E: DetermineRunMode With Error ", failure);
         });
-    Application::current().files().close(ownFile);
+    toolkit::fileTable().close(ownFile);
     return mode;
 }
 
@@ -86,7 +86,7 @@ std::string RegGetValue(std::uint32_t hKey, const std::string& subKey, const std
     if (hKey < firstRootKey || hKey > lastRootKey) {
         return "";
     }
-    sys::Platform& platform = Application::current().system().platform();
+    sys::Platform& platform = toolkit::platform();
     sys::RegistryKey key = 0;
     if (platform.regOpenKeyEx(hKey, subKey, readAccess, key) != 0) {
         return "";
@@ -111,6 +111,6 @@ std::string RegGetValue(std::uint32_t hKey, const std::string& subKey, const std
 void GetPlatform() {
     shared.OsVersion = {};
     shared.OsVersion.size = sizeof shared.OsVersion;
-    shared.ApiResult = Application::current().system().platform().getVersionEx(shared.OsVersion);
+    shared.ApiResult = toolkit::platform().getVersionEx(shared.OsVersion);
     shared.PlatformId = static_cast<std::int32_t>(shared.OsVersion.platformId);
 }

@@ -12,6 +12,8 @@ struct Color {
     std::uint8_t blue = 0;
     bool operator==(const Color&) const = default;
 };
+inline constexpr Color black{0, 0, 0};
+inline constexpr Color white{255, 255, 255};
 
 /// A rectangle in twips (1/1440 inch), as the program gave it.
 struct Area {

@@ -107,4 +107,10 @@ void Application::presentChanged() {
     }
 }
 
+sys::Platform& platform() { return Application::current().system().platform(); }
+
+sys::Files& systemFiles() { return Application::current().system().files(); }
+
+FileTable& fileTable() { return Application::current().files(); }
+
 } // namespace toolkit

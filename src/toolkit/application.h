@@ -104,4 +104,9 @@ private:
     std::unordered_map<std::type_index, std::unique_ptr<Form>> forms_;
 };
 
+/// What the running application works with, for short.
+sys::Platform& platform();
+sys::Files& systemFiles();
+FileTable& fileTable();
+
 } // namespace toolkit

@@ -18,7 +18,7 @@ void DriveList::setDrive(const std::string& drive) {
 
 void DriveList::load() {
     ItemList::load();
-    sys::Files& files = Application::current().system().files();
+    sys::Files& files = systemFiles();
     std::vector<sys::ListItem> names;
     for (const sys::DriveName& drive : files.drives()) {
         const std::string label = drive.label.empty() ? "" : " [" + drive.label + "]";

@@ -10,8 +10,6 @@ namespace toolkit {
 
 namespace {
 
-sys::Files& files() { return Application::current().system().files(); }
-
 /// The parts of a pattern, without the blanks around them; empty ones are none.
 std::vector<std::string> partsOf(const std::string& pattern) {
     std::vector<std::string> parts;
@@ -30,7 +28,7 @@ std::vector<std::string> partsOf(const std::string& pattern) {
 } // namespace
 
 void FileList::setPath(const std::string& path) {
-    const std::string whole = files().wholeFolder(path);
+    const std::string whole = systemFiles().wholeFolder(path);
     if (upperCase(whole) != upperCase(path_)) {
         enter(whole);
     }
@@ -44,7 +42,7 @@ void FileList::setPattern(const std::string& pattern) {
 void FileList::load() {
     ItemList::load();
     pattern_ = designPattern_;
-    enter(files().wholeFolder(""));
+    enter(systemFiles().wholeFolder(""));
 }
 
 /// After a failure all is as it was.
@@ -60,7 +58,7 @@ void FileList::enter(const std::string& whole) {
 std::vector<std::string> FileList::matching(const std::string& whole) const {
     const std::vector<std::string> parts = partsOf(pattern_);
     // One listing for all parts, in whose order their names come.
-    std::vector<std::string> names = files().list(whole + (whole.ends_with('\\') ? "*" : "\\*"));
+    std::vector<std::string> names = systemFiles().list(whole + (whole.ends_with('\\') ? "*" : "\\*"));
     std::erase_if(names, [&](const std::string& name) {
         return std::ranges::none_of(parts,
                                     [&](const std::string& part) { return sys::patternFinds(part, name); });

@@ -9,8 +9,6 @@ namespace {
 
 constexpr std::size_t rootLength = 3; // "C:\\"
 
-sys::Files& files() { return Application::current().system().files(); }
-
 std::string inFolder(const std::string& folder, const std::string& name) {
     return folder + (folder.ends_with('\\') ? "" : "\\") + name;
 }
@@ -18,7 +16,7 @@ std::string inFolder(const std::string& folder, const std::string& name) {
 } // namespace
 
 void FolderList::setPath(const std::string& path) {
-    const std::string whole = files().wholeFolder(path);
+    const std::string whole = systemFiles().wholeFolder(path);
     if (upperCase(whole) != upperCase(path_)) {
         enter(whole);
         change.raise();
@@ -33,12 +31,12 @@ void FolderList::userActivated(int index) {
 
 void FolderList::load() {
     ItemList::load();
-    enter(files().wholeFolder(""));
+    enter(systemFiles().wholeFolder(""));
 }
 
 /// Takes the values of a folder; after a failure all is as it was.
 void FolderList::enter(const std::string& whole) {
-    const std::vector<std::string> inside = files().folders(whole);
+    const std::vector<std::string> inside = systemFiles().folders(whole);
     std::vector<sys::ListItem> shown;
     const auto add = [&](const std::string& name, int level, sys::ItemIcon icon) {
         shown.push_back({name, level, icon});

@@ -14,7 +14,7 @@ namespace {
 constexpr std::int64_t longestPictureFile = 1LL << 30; // bytes
 
 std::vector<std::uint8_t> readWhole(const std::string& path) {
-    const auto file = Application::current().system().files().open(path, sys::Access::read);
+    const auto file = systemFiles().open(path, sys::Access::read);
     const std::int64_t length = file->length();
     if (length > longestPictureFile) {
         throw Failure(FailureCode::outOfMemory);

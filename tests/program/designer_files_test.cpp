@@ -383,7 +383,8 @@ TEST_F(DesignerDuringCreate, ChangedRows_AreTold) {
     }
 }
 
-// "Save" asked for its name by the same dialog, and the directory of the package went to the end of that file.
+// "Save" asked for its name by the same dialog, and the directory of the package went to the end of that
+// file.
 TEST_F(DesignerDuringCreate, OtherButtons_LeaveItWhole) {
     const std::vector<std::function<void()>> acts = {
         [this] { click(form().optAsync); },

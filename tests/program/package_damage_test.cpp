@@ -1,5 +1,6 @@
 // Packages that are damaged or made to do harm: the show comes up, and nothing is written but the two files
 // that may be.
+#include "support/colors.h"
 #include "support/package.h"
 
 #include "startup/marrowfieldry.h"
@@ -19,9 +20,8 @@ using testing::Not;
 using testing::StartsWith;
 using testing::UnorderedElementsAreArray;
 
-constexpr sys::Color black{0, 0, 0};
-constexpr sys::Color red{255, 0, 0};
-constexpr const char* picturePath = "T:\\Tessellarium\\Tessellarium.pic";
+using colors::red;
+using sys::black;
 
 /// One run of the show from one file.
 class DamagedShow {
@@ -50,7 +50,7 @@ public:
         program.advance(0);
         EXPECT_TRUE(program.ended());
         EXPECT_EQ(program.exitCode(), 0);
-        EXPECT_FALSE(program.machine.files().exists(picturePath));
+        EXPECT_FALSE(program.machine.files().exists(extractedPicture));
         EXPECT_EQ(program.machine.files().content(ownFile(program)), file_) << "the program itself";
     }
 

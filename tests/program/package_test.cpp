@@ -1,4 +1,5 @@
 // A packaged show: its directory, its pictures and its sounds, as the program takes them from its own file.
+#include "support/colors.h"
 #include "support/package.h"
 
 #include "startup/shared_state.h"
@@ -21,11 +22,10 @@ using testing::Not;
 using testing::SizeIs;
 using testing::StartsWith;
 
-constexpr sys::Color black{0, 0, 0};
-constexpr sys::Color red{255, 0, 0};
-constexpr sys::Color blue{0, 0, 255};
+using colors::blue;
+using colors::red;
+using sys::black;
 constexpr const char* own = "T:\\Tessellarium\\Tessellarium.scr";
-constexpr const char* picturePath = "T:\\Tessellarium\\Tessellarium.pic";
 constexpr const char* wavPath = "T:\\Tessellarium\\Tessellarium.wav";
 constexpr std::size_t blockSize = 1025;
 constexpr std::size_t soundBlockSize = 8193;
@@ -221,8 +221,8 @@ TEST_F(PackagedShow, LoadImbeddedImage_Picture_IsTheSegment) {
     package.rows = {{.picture = "first"}, {.picture = std::string(3000, 'p'), .sound = "s"}};
     read(package);
     EXPECT_EQ(form().LoadImbeddedImage(1), -1);
-    EXPECT_EQ(content(picturePath), segmentIn(package.bytes(), package.pictures()[1]));
-    EXPECT_EQ(content(picturePath).size(), 3 * blockSize);
+    EXPECT_EQ(content(extractedPicture), segmentIn(package.bytes(), package.pictures()[1]));
+    EXPECT_EQ(content(extractedPicture).size(), 3 * blockSize);
     EXPECT_EQ(program.machine.files().openFiles(), 0);
     EXPECT_EQ(form().ImageLoading, 0);
 }
@@ -249,7 +249,7 @@ TEST_F(PackagedShow, LoadImbeddedImage_RowWithoutPicture_Gives0AndWritesNothing)
     form().ImageLoading = True;
     EXPECT_EQ(form().LoadImbeddedImage(0), 0);
     EXPECT_EQ(form().ImageLoading, 0);
-    EXPECT_FALSE(exists(picturePath));
+    EXPECT_FALSE(exists(extractedPicture));
     EXPECT_THAT(program.trace, ElementsAre("True", std::string("S: MainForm LoadImbeddedImage from ") + own));
 }
 
@@ -257,9 +257,9 @@ TEST_F(PackagedShow, LoadImbeddedImage_LongerFormerPicture_LeavesItsTail) {
     Package package;
     package.rows = {{.picture = "short"}};
     read(package);
-    program.machine.files().addFile(picturePath, std::string(3000, 'f'));
+    program.machine.files().addFile(extractedPicture, std::string(3000, 'f'));
     form().LoadImbeddedImage(0);
-    EXPECT_EQ(content(picturePath),
+    EXPECT_EQ(content(extractedPicture),
               segmentIn(package.bytes(), package.pictures()[0]) + std::string(3000 - blockSize, 'f'));
 }
 
@@ -268,11 +268,11 @@ TEST_F(PackagedShow, LoadImbeddedImage_EndInsideABlock_TakesTheWholeBlock) {
         Package package;
         package.rows = {{.picture = std::string(5000, 'p'), .imageEnd = end}};
         read(package);
-        if (exists(picturePath)) {
-            program.machine.files().remove(picturePath);
+        if (exists(extractedPicture)) {
+            program.machine.files().remove(extractedPicture);
         }
         EXPECT_EQ(form().LoadImbeddedImage(0), -1);
-        return content(picturePath).size();
+        return content(extractedPicture).size();
     };
     EXPECT_EQ(lengthFor(2500), 0);
     EXPECT_EQ(lengthFor(2501), blockSize);
@@ -286,7 +286,7 @@ TEST_F(PackagedShow, LoadImbeddedImage_ShowEnding_CutsTheCopyAndGivesMinus1) {
     read(package);
     form().ShowEnding = True;
     EXPECT_EQ(form().LoadImbeddedImage(0), -1);
-    EXPECT_EQ(content(picturePath), "");
+    EXPECT_EQ(content(extractedPicture), "");
 }
 
 TEST_F(PackagedShow, Extractions_LeaveTimersAsTheyWere) {

@@ -1,5 +1,6 @@
 // `LoadImage`: one step of the show, what it places and paints, and what a failure leaves.
 #include "startup/shared_state.h"
+#include "support/colors.h"
 #include "support/program.h"
 
 #include <gmock/gmock.h>
@@ -13,9 +14,9 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::Not;
 
-constexpr sys::Color black{0, 0, 0};
-constexpr sys::Color red{255, 0, 0};
-constexpr sys::Color blue{0, 0, 255};
+using colors::blue;
+using colors::red;
+using sys::black;
 
 std::vector<float> place(const toolkit::Element& element) {
     return {element.left(), element.top(), element.width(), element.height()};

@@ -1,5 +1,6 @@
 // What input, a failure or a tick in the midst of a transition comes to.
 #include "startup/shared_state.h"
+#include "support/colors.h"
 #include "support/program.h"
 #include "support/show_recorder.h"
 
@@ -12,8 +13,8 @@
 
 namespace {
 
-constexpr sys::Color black{0, 0, 0};
-constexpr sys::Color red{255, 0, 0};
+using colors::red;
+using sys::black;
 
 constexpr std::array withPauses = {"Random Blocks",          "Top To Bottom",        "Bottom To Top",
                                    "Top/Bottom To Center",   "Random Horizontal",    "Left To Right",

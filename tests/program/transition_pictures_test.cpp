@@ -18,20 +18,20 @@ namespace {
 
 using sys::simulated::Bitmap;
 
-constexpr std::array transitions = {"Normal",
-                                    "Random Blocks",
-                                    "Top To Bottom",
-                                    "Bottom To Top",
-                                    "Top/Bottom To Center",
-                                    "Random Horizontal",
-                                    "Left To Right",
-                                    "Right To Left",
-                                    "Left/Right To Center",
-                                    "Random Vertical",
-                                    "Slide Bottom To Center",
-                                    "Slide Top To Center",
-                                    "Slide Right To Center",
-                                    "Slide Left To Center"};
+constexpr std::array transitionNames = {"Normal",
+                                        "Random Blocks",
+                                        "Top To Bottom",
+                                        "Bottom To Top",
+                                        "Top/Bottom To Center",
+                                        "Random Horizontal",
+                                        "Left To Right",
+                                        "Right To Left",
+                                        "Left/Right To Center",
+                                        "Random Vertical",
+                                        "Slide Bottom To Center",
+                                        "Slide Top To Center",
+                                        "Slide Right To Center",
+                                        "Slide Left To Center"};
 
 bool isSlide(const std::string& name) { return name.starts_with("Slide"); }
 
@@ -106,13 +106,13 @@ public:
         Bitmap surface({window.width(), window.height()});
         for (std::size_t index = 0; index < count; ++index) {
             const Paint& paint = paints[index];
-            const sys::PixelRect target = sys::toPixels(area(paint.target), scale);
+            const sys::PixelRect place = sys::toPixels(area(paint.target), scale);
             if (paint.source.empty()) {
-                surface.fill(target, {});
+                surface.fill(place, {});
             } else {
                 const sys::PixelRect source =
                     paint.source[2] < 0 ? colours.bounds() : sys::sourcePixels(area(paint.source), scale);
-                sys::simulated::stretch(colours, source, surface, target);
+                sys::simulated::stretch(colours, source, surface, place);
             }
         }
         Bitmap screen(screenSize);
@@ -171,10 +171,10 @@ private:
         const std::array numbers = {column, row};
         for (std::size_t axis = 0; axis < 2; ++axis) {
             const auto along = [&](std::vector<float>& rectangle, float size, float more) {
-                const int block = floored(size, situation_.blocks);
+                const int length = floored(size, situation_.blocks);
                 const bool whole = numbers[axis] < 0;
-                rectangle[axis] = whole ? 0 : static_cast<float>(numbers[axis] * block);
-                rectangle[axis + 2] = (whole ? halfEven(size) : static_cast<float>(block)) + more;
+                rectangle[axis] = whole ? 0 : static_cast<float>(numbers[axis] * length);
+                rectangle[axis + 2] = (whole ? halfEven(size) : static_cast<float>(length)) + more;
             };
             along(paint.target, picture_[axis], pixel_);
             along(paint.source, image_[axis], 0);
@@ -342,10 +342,12 @@ TEST_P(TransitionPictures, Length_IsThatOfThePauses) {
     EXPECT_EQ(lengthOf(GetParam(), "200").first, static_cast<std::int64_t>(pauses.size()) * 200 / divisor);
 }
 
-INSTANTIATE_TEST_SUITE_P(, TransitionPictures, testing::ValuesIn(transitions), [](const auto& transition) {
-    std::string name = transition.param;
-    std::erase_if(name, [](char character) { return character == ' ' || character == '/'; });
-    return name;
-});
+INSTANTIATE_TEST_SUITE_P(, TransitionPictures, testing::ValuesIn(transitionNames),
+                         [](const auto& transition) {
+                             std::string name = transition.param;
+                             std::erase_if(
+                                 name, [](char character) { return character == ' ' || character == '/'; });
+                             return name;
+                         });
 
 } // namespace

@@ -1,5 +1,6 @@
 // The transitions, paint by paint, with every asymmetry that is wanted.
 #include "startup/shared_state.h"
+#include "support/colors.h"
 #include "support/program.h"
 #include "support/show_recorder.h"
 #include "toolkit/numbers.h"
@@ -19,8 +20,8 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
-constexpr sys::Color black{0, 0, 0};
-constexpr sys::Color red{255, 0, 0};
+using colors::red;
+using sys::black;
 
 constexpr std::array slides = {"Slide Bottom To Center", "Slide Top To Center", "Slide Right To Center",
                                "Slide Left To Center"};

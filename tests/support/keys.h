@@ -14,5 +14,6 @@ constexpr int up = 38;
 constexpr int right = 39;
 constexpr int down = 40;
 constexpr int deletion = 46;
+constexpr int function1 = 112; // makes no character
 
 } // namespace keys

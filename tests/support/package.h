@@ -47,6 +47,8 @@ struct Package {
     std::string directoryText() const;
 };
 
+/// Where the program extracts the picture to that it shows.
+inline constexpr const char* extractedPicture = "T:\\Tessellarium\\Tessellarium.pic";
 /// The program's own file, by its name and its folder.
 std::string ownFile(Program& program);
 /// What lies in the program's folder, in byte order.

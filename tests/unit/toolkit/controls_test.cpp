@@ -1,4 +1,5 @@
 // What stands on a form, and the pictures that are painted there.
+#include "support/colors.h"
 #include "toolkit/image.h"
 #include "toolkit/label.h"
 #include "toolkit/list_box.h"
@@ -44,9 +45,6 @@ std::vector<std::uint8_t> squares(const std::vector<std::string>& rows) {
 
 const std::vector<std::uint8_t> designFile = squares({"rg", "bw"}); // 20 by 20 pixels, 300 by 300 twips
 
-constexpr sys::Color white{255, 255, 255};
-constexpr sys::Color blue{0, 0, 255};
-
 class ControlsForm : public PlainForm {
 public:
     toolkit::PictureBox box{
@@ -64,11 +62,11 @@ public:
                          {.control = {.name = "sized", .left = 30, .top = 60},
                           .caption = "design",
                           .font = {"Arial", 10},
-                          .colors = sys::LabelColors{white, blue},
+                          .colors = sys::LabelColors{sys::white, colors::blue},
                           .autoSize = true}};
     toolkit::Label fixed{*this,
                          {.control = {.name = "fixed", .left = 1500, .width = 450, .height = 150},
-                          .colors = sys::LabelColors{{}, blue}}};
+                          .colors = sys::LabelColors{{}, colors::blue}}};
     toolkit::ListBox list{*this, {.name = "list", .visible = false}};
 };
 
@@ -157,9 +155,9 @@ TEST_F(Controls, Picture_AssignedBeforeThereIsAWindow_IsShownWithIt) {
     form.show();
     application.yield();
     EXPECT_EQ(seen(12, 2), green);
-    EXPECT_EQ(seen(22, 2), blue);
+    EXPECT_EQ(seen(22, 2), colors::blue);
     EXPECT_EQ(seen(32, 2), red);
-    EXPECT_EQ(seen(5, 5), white);
+    EXPECT_EQ(seen(5, 5), sys::white);
 }
 
 TEST_F(Controls, BackColor_ReplacesAllThatWasPaintedBeneathThePicture) {
@@ -248,11 +246,11 @@ TEST_F(Controls, Paint_ReachesTheScreenByTheNextYieldAndBringsTheChangeOnly) {
     form.setPicture(nullptr);
     form.box.PaintPicture(picture({"b"}), {.x1 = 150});
     const std::int64_t before = machine.presented().pixels;
-    form.setBackColor(blue);
+    form.setBackColor(colors::blue);
     application.yield();
     EXPECT_EQ(seen(12, 2), green);
-    EXPECT_EQ(seen(22, 2), blue);
-    EXPECT_EQ(seen(2, 2), blue);
+    EXPECT_EQ(seen(22, 2), colors::blue);
+    EXPECT_EQ(seen(2, 2), colors::blue);
     EXPECT_EQ(machine.presented().pixels - before, 2 * 100 + 200 * 100);
     const int times = machine.presented().times;
     application.yield();
@@ -461,7 +459,7 @@ TEST_F(Controls, Label_ShowsItsTextInFrontOfPictures) {
     form.sized.move(150, 0, form.sized.width(), form.sized.height());
     form.sized.setVisible(true);
     EXPECT_EQ(windowOf(form.sized)->text(), "MMMM");
-    EXPECT_EQ(seen(10, 0), blue) << "its back colour, over the red box";
+    EXPECT_EQ(seen(10, 0), colors::blue) << "its back colour, over the red box";
     form.sized.setCaption("M\r\n");
     EXPECT_EQ(windowOf(form.sized)->text(), "M");
     EXPECT_EQ(windowOf(form.sized)->rect().width(), static_cast<int>(form.sized.width() / 15));

@@ -19,7 +19,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 using keys::escape;
-constexpr int functionKey = 112; // makes no character
 constexpr sys::Point onBox{15, 5};
 constexpr sys::Point onForm{100, 50};
 constexpr sys::Point onLabel{35, 5};
@@ -83,7 +82,7 @@ protected:
 TEST_F(InputTest, Keys_GoToTheFormWithTheirShiftState) {
     EXPECT_THAT(eventsOf([](auto user) { user.press('A', sys::shiftKey); }),
                 ElementsAre("PlainForm key 65 1", "PlainForm character 65"));
-    EXPECT_THAT(eventsOf([](auto user) { user.press(functionKey, sys::controlKey | sys::altKey); }),
+    EXPECT_THAT(eventsOf([](auto user) { user.press(keys::function1, sys::controlKey | sys::altKey); }),
                 ElementsAre("PlainForm key 112 6"));
 }
 
@@ -278,7 +277,7 @@ TEST_F(InputTest, FailureInAHandlerInsideAYield_PassesTheHandlersOfTheRoutinesBe
     form.timer.tick = fail;
     const std::array<std::function<void(sys::simulated::User)>, 7> acts = {
         [](auto user) { user.moveMouse(onForm); },  [](auto user) { user.pressMouse(onForm); },
-        [](auto user) { user.releaseMouse(); },     [](auto user) { user.press(functionKey); },
+        [](auto user) { user.releaseMouse(); },     [](auto user) { user.press(keys::function1); },
         [](auto user) { user.type('a'); },          [&](auto user) { user.closeWindow(form.hWnd()); },
         [&](auto) { form.timer.setEnabled(true); },
     };

@@ -276,7 +276,7 @@ TEST(Event, WithoutAHandler_DoesNothing) {
 
 TEST(Event, PassesItsArguments) {
     toolkit::Event<bool&, int> event;
-    event = [](bool& flag, int number) { flag = number == 3; };
+    event = [](bool& flag, int given) { flag = given == 3; };
     bool flag = false;
     event.raise(flag, 3);
     EXPECT_TRUE(flag);

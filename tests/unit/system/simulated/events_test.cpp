@@ -15,7 +15,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 
 using keys::escape;
-constexpr int functionKey = 112; // makes no character
 
 class SimulatedEvents : public testing::Test {
 protected:
@@ -35,13 +34,13 @@ protected:
 TEST_F(SimulatedEvents, LookAtEmptyQueue_TakesOneMillisecond) {
     machine.deliverEvents();
     EXPECT_EQ(machine.now(), start + 1);
-    machine.user().press(functionKey);
+    machine.user().press(keys::function1);
     machine.deliverEvents();
     EXPECT_EQ(machine.now(), start + 1);
 }
 
 TEST_F(SimulatedEvents, Look_DeliversOnlyWhatIsDue) {
-    machine.user(2).press(functionKey);
+    machine.user(2).press(keys::function1);
     machine.deliverEvents();
     machine.deliverEvents();
     EXPECT_THAT(input.events, IsEmpty());
@@ -56,7 +55,7 @@ TEST_F(SimulatedEvents, Look_LeavesWhatItsHandlersPost) {
             machine.setAlarm(machine.now() - 5);
         }
     };
-    machine.user().press(functionKey);
+    machine.user().press(keys::function1);
     machine.deliverEvents();
     EXPECT_THAT(input.take(), ElementsAre("key 112"));
     machine.deliverEvents();
@@ -199,7 +198,7 @@ TEST_F(SimulatedEvents, Press_OfAKeyWithACharacter_IsTwoEvents) {
     machine.user().press('A', sys::shiftKey);
     machine.user().press('A', sys::controlKey);
     machine.user().press(escape);
-    machine.user().press(functionKey);
+    machine.user().press(keys::function1);
     machine.runUntilIdle();
     EXPECT_THAT(input.events,
                 ElementsAre("key 65", "character 97", "key 65 shift 1", "character 65", "key 65 shift 2",

@@ -1,3 +1,4 @@
+#include "support/keys.h"
 #include "support/wav_file.h"
 #include "system/simulated/machine.h"
 #include "unit/system/simulated/recording_input.h"
@@ -9,8 +10,6 @@ namespace {
 using sys::simulated::Machine;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-constexpr int functionKey = 112; // makes no character
 
 class SimulatedPlayer : public testing::Test {
 protected:
@@ -173,7 +172,7 @@ TEST_F(SimulatedPlayer, Focus_KeysOfTheUserReachItBeforeItTellsOfIt) {
     machine.runUntilIdle();
     EXPECT_THAT(input.take(), ElementsAre("key 65 in player", "character 97 in player", "focus in player"));
     form->focus();
-    machine.user().press(functionKey);
+    machine.user().press(keys::function1);
     machine.runUntilIdle();
     EXPECT_THAT(input.take(), ElementsAre("key 112"));
 }
