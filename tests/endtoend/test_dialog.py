@@ -165,7 +165,7 @@ class KilledTest(DialogCase):
         new = {**old, "ImagePath": self.windows_folder() + "\\", "ImageListFile": "",
                "ImageOrderRandom": "1", "Blocks": "20", "MouseSensitivity": "200", "IgnoreMouse": "1"}
         reached = set()
-        for changes in range(1, 13):
+        for changes in (2, 5, 8, 11):  # of twelve
             dialog = self.open(**old)
             dialog.enter(self.windows_folder())
             dialog.click("Random", 1)

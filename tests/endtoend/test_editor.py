@@ -118,8 +118,10 @@ class SoundPreviewTest(EditorCase, ListeningCase):
         player.click("Pause")
         player.wait_for_text("static", "Paused")
         self.wait_for_silence()
+        before = self.listener.now()
         player.click("Play")
-        self.wait_for_tones(LOW, LOW, seconds=1)
+        wait_until(lambda: [tone for tone in self.listener.tones() if tone.begin > before and tone.end > tone.begin + 1],
+                   lambda: f"was heard: {self.listener.tones()}")
         self.press(player, "Escape")
         self.wait_until_gone(player)
         self.wait_for_silence()
