@@ -22,8 +22,11 @@ endfunction()
 
 # Compiling tests takes longer than running them.
 function(compile_tests_quickly target)
-    # A fixture in an unnamed namespace is meant for its own file, also where that is joined with others.
-    target_compile_options(${target} PRIVATE -O0 $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+    target_compile_options(${target} PRIVATE -O0)
+    if(TESSELLARIUM_JOINED AND CMAKE_COMPILER_IS_GNUCXX)
+        # A fixture in an unnamed namespace is meant for its own file, also where that is joined with others.
+        target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
+    endif()
     join_sources(${target} 6)
 endfunction()
 

@@ -13,7 +13,7 @@ inline constexpr const char* webPath = "/fw/fw.html";
 inline constexpr const char* homePath = "/fw/Tessellarium/Tessellarium.html";
 inline constexpr const char* makerHost = "www.marrowfieldry.example";
 
-inline constexpr const char* helpFile = "C:\\Program Files\\Tessellarium\\Tessellarium.HLP";
+inline constexpr const char* helpFile = R"(C:\Program Files\Tessellarium\Tessellarium.HLP)";
 inline constexpr const char* disclaimer = "This program comes with no warranty of any kind.";
 inline constexpr std::int32_t versionMajor = 5;
 inline constexpr std::int32_t versionMinor = 9;

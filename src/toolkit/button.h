@@ -5,6 +5,7 @@
 #include "toolkit/control.h"
 
 #include <string>
+#include <utility>
 
 namespace toolkit {
 
@@ -18,8 +19,8 @@ public:
     virtual void userMarked(bool /*marked*/) {}
 
 protected:
-    Button(Container& container, const Design& design, const sys::ButtonStyle& style)
-        : Control(container, design), style_(style) {}
+    Button(Container& container, const Design& design, sys::ButtonStyle style)
+        : Control(container, design), style_(std::move(style)) {}
 
     /// Shows whether it is checked; nothing while it has no window.
     void showChecked(bool checked);

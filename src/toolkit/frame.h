@@ -4,6 +4,7 @@
 #include "toolkit/control.h"
 
 #include <string>
+#include <utility>
 
 namespace toolkit {
 
@@ -14,8 +15,8 @@ struct FrameDesign {
 
 class Frame : public Control, public Container {
 public:
-    Frame(Container& container, const Design& design, const FrameDesign& frame = {})
-        : Control(container, design), design_(frame) {}
+    Frame(Container& container, const Design& design, FrameDesign frame = {})
+        : Control(container, design), design_(std::move(frame)) {}
 
     /// Brings it, with all that stands in it, to the screen at once.
     void refresh();

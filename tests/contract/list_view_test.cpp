@@ -7,7 +7,6 @@
 #include "toolkit/progress_bar.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 namespace contract {
@@ -190,8 +189,11 @@ TEST_F(Rows, ProgressBar_FillsFromTheLeft) {
     const auto empty = seen(bar);
     const auto differing = [&] {
         const auto now = seen(bar);
-        return std::ranges::count(std::views::iota(std::size_t{0}, now.size()), true,
-                                  [&](std::size_t pixel) { return now[pixel] != empty[pixel]; });
+        std::size_t count = 0;
+        for (std::size_t pixel = 0; pixel < now.size(); ++pixel) {
+            count += now[pixel] != empty[pixel] ? 1U : 0U;
+        }
+        return count;
     };
     form.progress.setValue(40);
     form.progress.refresh();

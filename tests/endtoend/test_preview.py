@@ -153,7 +153,9 @@ class PaintingTest(PreviewCase):
         def pictures_there():
             windows = [window for window in self.own_windows() if window.kind == "TessellariumPictureBox"]
             return windows if len(windows) == 2 else None
-        preview.logo, preview.area = wait_until(pictures_there, "the pictures don't come up")
+        # As top-level windows of Wine they may come up in either order.
+        preview.logo, preview.area = sorted(wait_until(pictures_there, "the pictures don't come up"),
+                                            key=lambda window: window.right - window.left)
         return preview
 
     def test_a_white_area_with_the_logo_in_its_middle(self):

@@ -16,9 +16,6 @@ namespace {
 
 using testing::Contains;
 using testing::ElementsAre;
-using testing::Not;
-using testing::StartsWith;
-using testing::UnorderedElementsAreArray;
 
 using colors::red;
 using sys::black;
@@ -294,7 +291,7 @@ TEST(DamagedPackage, SoundExtensions_ThatLeadElsewhere_AreFailure75) {
     show.program.machine.files().addFolder("T:\\Tessellarium\\Tessellarium.");
     const auto before = filesBesideProgram(show.program);
     for (const std::string& extension :
-         {std::string("\\"),          std::string("/"),     std::string("\\..\\..\\x"),
+         {std::string("\\"),          std::string("/"),     std::string(R"(\..\..\x)"),
           std::string("a/b"),         std::string("c:"),    std::string("wav:stream"),
           std::string("*"),           std::string("w?v"),   std::string("<"),
           std::string(">"),           std::string("|"),     std::string("\""),

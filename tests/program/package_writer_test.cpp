@@ -354,7 +354,9 @@ TEST_F(PackageWriter, FileOf100MillionBytes_IsTheShortestThatIsRefused) {
 }
 
 TEST_F(PackageWriter, ProgramWhoseCopyReaches100MillionBytes_IsRefused) {
-    addFile(ownFileName(), std::string(99'999'000, 'p')); // whole blocks: the copy has one more
+    std::string wholeBlocks; // the copy has one more
+    wholeBlocks.resize(99'999'000, 'p');
+    addFile(ownFileName(), wholeBlocks);
     addRow("", "");
     write();
     EXPECT_THAT(messages(), ElementsAre(EndsWith(" it would have 100000064.")));

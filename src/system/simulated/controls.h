@@ -112,8 +112,8 @@ private:
 
 class ListViewWindow final : public NativeWindow<sys::ListView, ControlWindow> {
 public:
-    ListViewWindow(Screen& screen, WindowNode* parent, const std::vector<Column>& columns)
-        : NativeWindow(screen, parent, ""), columns_(columns) {}
+    ListViewWindow(Screen& screen, WindowNode* parent, std::vector<Column> columns)
+        : NativeWindow(screen, parent, ""), columns_(std::move(columns)) {}
     const std::vector<Column>& columns() const { return columns_; }
     const std::vector<RowTexts>& rows() const { return rows_; }
     int selected() const { return selected_; }
