@@ -42,6 +42,8 @@ add_native_tests(unit)
 add_native_tests(program)
 add_native_tests(contract)
 
-add_test(NAME tools.inspect
-    COMMAND "${PROJECT_SOURCE_DIR}/tests/tools/inspect_test.py" "$<TARGET_FILE:tessellarium-inspect>")
-set_tests_properties(tools.inspect PROPERTIES LABELS tools TIMEOUT 120)
+foreach(module inspect inspect_show inspect_package)
+    add_test(NAME tools.${module}
+        COMMAND "${PROJECT_SOURCE_DIR}/tests/tools/${module}_test.py" "$<TARGET_FILE:tessellarium-inspect>")
+    set_tests_properties(tools.${module} PROPERTIES LABELS tools TIMEOUT 120)
+endforeach()
