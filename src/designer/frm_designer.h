@@ -21,6 +21,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 class frmEdit;
 
@@ -83,7 +84,7 @@ public:
     /// Reads `TemplateFile` into the rows; a failure is told in a message box.
     void PerformLoad();
     /// Writes the rows as a template, which becomes the current one. Fails as the writing of a file does;
-    /// what was written by then stays.
+    /// the file stays then, cut short or empty.
     void WriteTemplate(const std::string& name);
     /// Whether the user wants the changes saved.
     std::int16_t AskToSave();

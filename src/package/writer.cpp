@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <vector>
 
 using toolkit::Application;
 using toolkit::CommonDialog;

@@ -1,9 +1,12 @@
 // designer_time ROUNDS COUNT FOLDER
 //
-// The template designer with a document of so many rows: its loading, and the buttons that touch every row.
+// The template designer with a document of so many rows: its coming up and its loading, the buttons, and the
+// item editor on one of the rows.
 #include "measure.h"
 
+#include "../support/prompter.h"
 #include "designer/frm_designer.h"
+#include "editor/frm_edit.h"
 #include "startup/shared_state.h"
 #include "system/win32/system_win32.h"
 #include "toolkit/application.h"
@@ -52,13 +55,31 @@ int main(int, char** arguments) {
             screen.centre();
             times[name].push_back(measure::now() - begun);
         };
+        auto& editor = application.form<frmEdit>();
         for (int round = 0; round < rounds; ++round) {
+            form.TemplateDirty = False; // so that nothing is asked
+            form.unload();
+            take("open", [&] { form.show(); });
+            measure::require(form.ListView1.rowCount() == count + 1, "all rows and a blank one");
             take("load", [&] { form.PerformLoad(); });
             measure::require(form.ListView1.rowCount() == count, "all rows in the list");
-            take("move", [&] { click(form.cmdMoveDown); });
-            form.ListView1.selectRow(1);
+            take("down", [&] { click(form.cmdMoveDown); });
+            take("up", [&] { click(form.cmdMoveUp); });
+            // An insertion opens the editor, whose "Ok" brings the list back.
+            double begun = measure::now();
+            application.form<Prompter>().whenShown(editor, [&] {
+                times["insert"].push_back(measure::now() - begun);
+                begun = measure::now();
+                click(editor.cmdOk);
+            });
+            click(form.cmdInsert);
+            application.yield();
+            screen.centre();
+            times["ok"].push_back(measure::now() - begun);
+            measure::require(form.ListView1.rowCount() == count + 2, "the inserted row and a blank one");
+            click(form.cmdDelete);
             take("delete", [&] { click(form.cmdDelete); });
-            measure::require(form.ListView1.rowCount() == count - 1, "a row less");
+            measure::require(form.ListView1.rowCount() == count, "two rows less");
             take("write", [&] { form.WriteTemplate(form.TemplateFile + ".out"); });
             form.TemplateFile = std::string(arguments[3]) + "\\large.txt";
             take("clear", [&] { click(form.cmdClear); });

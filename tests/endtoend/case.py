@@ -42,6 +42,7 @@ class Machines:
         self._template = template
         self._folder = folder
         self._sessions = {}
+        self._made = 0
 
     def __enter__(self):
         shutil.rmtree(self.failures, ignore_errors=True)
@@ -56,9 +57,14 @@ class Machines:
     def session(self, *kind):
         """`kind` is what tells machines apart: size, dpi, whether there is sound."""
         if kind not in self._sessions:
-            folder = os.path.join(self._folder, f"screen{len(self._sessions)}")
-            self._sessions[kind] = session.Session(self._template, self.helpers, folder, *kind)
+            self._sessions[kind] = self.make_session(*kind)
         return self._sessions[kind]
+
+    def make_session(self, *kind):
+        """A machine that no test has used, for its maker to close."""
+        self._made += 1
+        folder = os.path.join(self._folder, f"screen{self._made}")
+        return session.Session(self._template, self.helpers, folder, *kind)
 
 
 class Show:

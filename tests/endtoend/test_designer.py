@@ -1,8 +1,10 @@
 """The template designer, worked from outside through its real windows."""
 
 import os
+import shutil
 
-from case import EndToEndCase
+import sounds
+from case import EndToEndCase, Machines
 from dialog import BM_CLICK, CB_SETCURSEL, CBN_SELCHANGE, LBN_DBLCLK, LBN_SELCHANGE, WM_CLOSE, WM_COMMAND, Dialog
 from pictures import quarters
 from session import wait_until
@@ -66,17 +68,23 @@ class Designer(Dialog):
         shown = self.asked()
         return shown and shown.handle == dialog.handle
 
-    def name_file(self, button, path):
-        """Presses a button that asks for a file, and enters its name."""
-        self.click(button)
-
+    def name_field(self):
+        """The field of the dialog that asks for a file's name, once that has come up."""
         def field():
             dialog = self.asked()
             children = self._probe.children(dialog) if dialog else []
             return next((child for child in children if child.kind == "Edit" and child.visible), None)
-        self._probe.ask("send text", wait_until(field, "the system doesn't ask for a name").handle, path)
+        return wait_until(field, "the system doesn't ask for a name")
+
+    def enter_name(self, path):
+        self._probe.ask("send text", self.name_field().handle, path)
         self.answer("&Save")
         self._probe.settle(self.form)
+
+    def name_file(self, button, path):
+        """Presses a button that asks for a file, and enters its name."""
+        self.click(button)
+        self.enter_name(path)
 
 
 class Editor(Dialog):
@@ -134,8 +142,11 @@ class DesignerCase(EndToEndCase):
     def create(self, designer, name):
         """The path of the package, once it is finished."""
         designer.name_file("Create", self.windows(name))
-        package = os.path.join(self.pictures, name + ".scr")
-        wait_until(lambda: os.path.exists(package) and self.content(name + ".scr").endswith(b"Tessellarium\r\n"),
+        return self.wait_for_package(name + ".scr")
+
+    def wait_for_package(self, name):
+        package = os.path.join(self.pictures, name)
+        wait_until(lambda: os.path.exists(package) and self.content(name).endswith(b"Tessellarium\r\n"),
                    "the package isn't finished")
         return package
 
@@ -145,6 +156,19 @@ class DesignerCase(EndToEndCase):
         settings.wait_for_text("edit", self.windows(template))
         settings.click("Done")
         settings.show.wait_for_end()
+
+    def check_inside(self, dialog, when=""):
+        """Each control lies within what it stands in."""
+        self.keep_shot(self.machine.shot(), f"{dialog.form.text} at {self.dpi} {when}")
+        inside = {dialog.form.handle: dialog.form}
+        for control in dialog.all_controls():
+            inside[control.handle] = control
+            if control.visible:
+                outer = inside[control.parent]
+                self.assertGreaterEqual(control.left, outer.left, control)
+                self.assertGreaterEqual(control.top, outer.top, control)
+                self.assertLessEqual(control.right, outer.right, control)
+                self.assertLessEqual(control.bottom, outer.bottom, control)
 
 
 class DesignerTest(DesignerCase):
@@ -205,13 +229,25 @@ class DesignerTest(DesignerCase):
         settings, designer = self.open("t.txt", ["IMAGE=b.bmp", "IMAGE=a.bmp", "both"])
         designer.click("Down")
         designer.wait_for_rows(["a.bmp", "", "", "both"], ["b.bmp", "", "", ""], [""] * 4)
-        designer.name_file("Save", self.windows("saved"))
+        loaded = self.content("t.txt")
+        designer.click("Save")
+        self.assertEqual(designer.name_field().text, "t.txt")
+        designer.answer("Cancel")
+        designer.name_file("Save", self.windows("t.txt"))
+        designer.answer("&No")  # which is there, and is to stay
+        self.assertEqual(self.content("t.txt"), loaded)
+        designer.enter_name(self.windows("saved"))
         saved = os.path.join(self.pictures, "saved.txt")
         wait_until(lambda: os.path.exists(saved), "nothing is saved")
         self.assertEqual(self.content("saved.txt").decode(),
                          f"SOUNDSYNC=1\r\n\r\nIMAGE={self.windows('a.bmp')}\r\nboth\r\n"
                          f"\r\nIMAGE={self.windows('b.bmp')}\r\n")
-        package = self.create(designer, "mine")
+        self.write("mine.scr", b"in the way")
+        designer.click("Create")
+        self.assertEqual(designer.name_field().text, "saved")
+        designer.enter_name(self.windows("mine"))
+        designer.answer("&Yes")
+        package = self.wait_for_package("mine.scr")
         self.finish(settings, designer, "saved.txt")
         frames = {"a": self.frame().centre(first).ignore(0, 600, 400, 768),
                   "b": self.frame().centre(second).ignore(0, 600, 400, 768)}
@@ -233,17 +269,27 @@ class DesignerTest(DesignerCase):
         settings.show.wait_for_end()
 
 
-class DesignerDuringCreateTest(DesignerCase):
-    def create(self):
-        """The designer with a package under way that takes some seconds."""
+class DuringCreateCase(DesignerCase):
+    def open_large(self):
+        """The dialogs on a template whose package takes some seconds."""
         for number in range(4):
             with open(os.path.join(self.pictures, f"{number}.jpg"), "wb") as file:
                 file.truncate(24_000_000)
-        settings, designer = self.open("t.txt", [f"IMAGE={number}.jpg" for number in range(4)])
+        return self.open("t.txt", [f"IMAGE={number}.jpg" for number in range(4)])
+
+    def begin(self, designer):
+        """The progress bar of the package that is under way then."""
         designer.name_file("Create", self.windows("large"))
         bar = wait_until(lambda: designer.controls("msctls_progress32"), "no progress is shown")[0]
         self.assertEqual(designer.controls("syslistview32"), [])
-        return settings, designer, bar
+        return bar
+
+
+class DesignerDuringCreateTest(DuringCreateCase):
+    def create(self):
+        settings, designer = self.open_large()
+        return settings, designer, self.begin(designer)
+
 
     def finished(self):
         path = os.path.join(self.pictures, "large.scr")
@@ -318,7 +364,9 @@ class JourneyTest(DesignerCase, ListeningCase):
         settings, designer = self.open()
         a = ["a.bmp", "low.wav", "Top To Bottom", "first^second"]
         b, blank = ["b.bmp", "middle.wav", "Normal", ""], [""] * 4
-        designer.double_click_row(1)
+        # Without a window manager keys go where the pointer is; this one is the designer's very first.
+        self.machine.act("mousemove", designer.list.left + 30, designer.list.bottom - 10)
+        designer.press("Return")
         self.fill(designer, "b.bmp", "middle.wav", "Normal", "", first=True)
         designer.wait_for_rows(b, blank)
         designer.press("End")
@@ -336,27 +384,56 @@ class JourneyTest(DesignerCase, ListeningCase):
         designer.wait_for_rows(a, b, blank)
         self.keep_shot(self.machine.shot(), "rows")
         designer.name_file("Save", self.windows("mine.txt"))
+        # Of the package alone, as it is seen without settings: the pictures wait for the sounds, and not for 10
+        # seconds.
+        designer.click("Sync2")
         package = self.create(designer, "mine")
         self.finish(settings, designer, "mine.txt")
+        image, sound = "IMAGE=" + self.windows(""), "SOUND=" + self.windows("")
+        self.assertEqual(self.content("mine.txt").decode().splitlines(), [
+            "SOUNDSYNC=1", "", image + "a.bmp", sound + "low.wav", "DISSOLVE=Top To Bottom", "first", "second",
+            "", image + "b.bmp", sound + "middle.wav", "DISSOLVE=Normal"])
+        # Behind the media: the mode, and of each item two positions, its transition and comment, two positions
+        # and the sound's type; then the trailer.
+        mode, *lines = self.content("mine.scr").decode("latin-1").split("\r\n")[-19:-1]
+        self.assertEqual(mode[-3:], " 2 ")
+        for row, item in (a, lines[:7]), (b, lines[7:14]):
+            self.assertEqual([*item[2:4], item[6]], [*row[2:], "wav"])
+        self.assertEqual(lines[15:], ["00000002", "Tessellarium"])
         self.watch_show(self.program)
-        self.listener = type(self.listener)(self.machine.sound, (LOW, MIDDLE))
-        self.watch_show(package)
         settings = Dialog(self, self.start_program(self.program, "/c"))
         settings.click("Edit")
         caption = f"Template Designer - {self.windows('mine.txt')}"
         Designer(self, settings.show, caption).wait_for_rows(a, b, blank)
+        self.move_to_another_machine()
+        self.watch_show(shutil.copy(package, self.machine.drive))
+
+    def move_to_another_machine(self):
+        """To one that knows nothing of the program and has none of its files."""
+        former = self.machine
+
+        def use(machine):
+            self.machine, self.probe = machine, machine.probe
+
+        def come_back():
+            self.machine.close()
+            use(former)
+        use(Machines.current.make_session(self.size, self.dpi, self.sound))
+        self.addCleanup(come_back)
+        self.listener = sounds.Listener(self.machine.sound, (LOW, MIDDLE))
 
 
-class LargeTypeTest(DesignerCase):
-    """At 150 % nothing is cut off; a picture for who looks."""
+class LargeTypeTest(DuringCreateCase):
+    """At 150 % each control has its room, also while a package is made; pictures for who looks."""
 
     size = (1920, 1200)
     dpi = 144
 
     def test_large_type(self):
-        _, designer = self.open("t.txt", ["IMAGE=a.bmp", "one", "IMAGE=b.bmp", "two", "IMAGE=c.bmp", "three"])
-        designer.wait_for_rows(["a.bmp", "", "", "one"], ["b.bmp", "", "", "two"], ["c.bmp", "", "", "three"], [""] * 4)
-        self.keep_shot(self.machine.shot(), f"at {self.dpi}")
+        _, designer = self.open_large()
+        self.check_inside(designer)
+        self.begin(designer)
+        self.check_inside(designer, "during Create")
 
 
 class LargerTypeTest(LargeTypeTest):

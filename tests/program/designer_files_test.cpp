@@ -1,6 +1,7 @@
 // The designer's files: what a template is written as, the buttons "Save" and "Load", closing with changes,
 // and "Create".
 #include "program/designer_dialog.h"
+#include "settings/frm_config.h"
 #include "startup/marrowfieldry.h"
 #include "unit/toolkit/failure_of.h"
 
@@ -67,6 +68,12 @@ TEST_F(DesignerFiles, Template_OfBlankRows_IsTheModeAlone) {
     insert({});
     form().optSync1.setValue(true);
     EXPECT_EQ(written(), "SOUNDSYNC=1\r\n") << "the stars of an inserted row aren't written";
+}
+
+TEST_F(DesignerFiles, Template_WithNoModeSet_BeginsAsASoundListAndHasTheSoundsInTheirRowsToo) {
+    add({.image = "C:\\a.jpg", .sound = "C:\\a.wav"});
+    form().optSync1.setValue(false);
+    EXPECT_EQ(written(), "SOUNDASYNC\r\nSOUND=C:\\a.wav\r\n\r\nIMAGE=C:\\a.jpg\r\nSOUND=C:\\a.wav\r\n");
 }
 
 TEST_F(DesignerFiles, Template_RowWithoutAPicture_EndsUpInTheItemAbove) {
@@ -185,6 +192,8 @@ TEST_F(DesignerFiles, Close_WithAChange_AsksAndSavesOnYes) {
     ASSERT_THAT(messages(), ElementsAre(question));
     EXPECT_EQ(program.machine.messageBoxes()[0].buttons, sys::MessageButtons::yesNo);
     EXPECT_EQ(content("C:\\t\\saved.txt"), "SOUNDSYNC=1\r\n\r\nIMAGE=C:\\a.jpg\r\n");
+    EXPECT_EQ(program.application().form<frmConfig>().txtImageListFile.text(), "C:\\t\\saved.txt")
+        << "the settings dialog has the name that the saving gave";
 }
 
 TEST_F(DesignerFiles, Close_WithAChange_NoLosesIt_AndSoDoesACancelledSave) {
@@ -194,6 +203,10 @@ TEST_F(DesignerFiles, Close_WithAChange_NoLosesIt_AndSoDoesACancelledSave) {
     program.advance(0);
     EXPECT_FALSE(form().loaded());
     EXPECT_THAT(dialogs(), IsEmpty());
+    open("");
+    EXPECT_EQ(form().TemplateDirty, False) << "of the earlier opening";
+    click(form().cmdOk);
+    EXPECT_THAT(messages(), SizeIs(1));
     open("");
     add({.image = "C:\\a.jpg"});
     program.machine.answerMessageBox(MessageAnswer::yes);
@@ -218,6 +231,26 @@ TEST_F(DesignerFiles, Load_TakesThePickedTemplateWithoutABlankRow) {
     EXPECT_TRUE(form().optSync2.value());
     EXPECT_EQ(form().caption(), "Template Designer - C:\\t\\show.txt");
     EXPECT_EQ(form().TemplateDirty, False);
+}
+
+TEST_F(DesignerFiles, Load_FromAnotherFolder_JoinsItsNamesToThatOne) {
+    program.machine.files().addFile("C:\\t\\show.txt", "IMAGE=a.jpg\r\n");
+    program.machine.files().addFile("D:\\x\\show.txt", "IMAGE=b.jpg\r\nSOUND=b.wav\r\n");
+    open("C:\\t\\show.txt");
+    pick("D:\\x\\show.txt");
+    EXPECT_EQ(form().TemplateFolder, "D:\\x\\");
+    EXPECT_THAT(row(1), ElementsAre("b.jpg", "b.wav", "", "", "D:\\x\\b.jpg", "D:\\x\\b.wav"));
+}
+
+TEST_F(DesignerFiles, Load_LeftByOkWithoutAClick_TakesTheEarlierPickAgain) {
+    program.machine.files().addFile("C:\\t\\show.txt", "IMAGE=a.jpg\r\n");
+    pick("C:\\t\\show.txt");
+    click(form().cmdClear);
+    program.machine.answerMessageBox(MessageAnswer::no);
+    auto& picker = program.application().form<frmLoad>();
+    prompter().whenShown(picker, [&] { click(picker.cmdOk); });
+    click(form().cmdLoad);
+    EXPECT_THAT(column(1), ElementsAre("a.jpg"));
 }
 
 TEST_F(DesignerFiles, Load_WithoutAPick_LeavesAll) {
@@ -350,6 +383,7 @@ TEST_F(DesignerDuringCreate, FrameTakesTheListsPlaceMeanwhile) {
         EXPECT_NE(program.machine.window(form().ProgressBar1.hWnd()), nullptr);
         EXPECT_EQ(program.machine.window(form().Label1.hWnd())->text(), "Appending Images");
         EXPECT_TRUE(form().cmdSave.enabled()) << "nothing is disabled";
+        EXPECT_EQ(program.machine.window(form().Frame2.hWnd())->refreshes(), 1);
     });
     EXPECT_TRUE(looked);
     EXPECT_FALSE(form().Frame2.visible());
@@ -357,6 +391,17 @@ TEST_F(DesignerDuringCreate, FrameTakesTheListsPlaceMeanwhile) {
     EXPECT_EQ(form().ProgressBar1.value(), 100);
     EXPECT_TRUE(isWhole("C:\\t\\out.scr"));
     EXPECT_THAT(messages(), IsEmpty());
+}
+
+TEST_F(DesignerDuringCreate, Bar_IsRefreshedWhereItMoves) {
+    const auto refreshes = [this] { return program.machine.window(form().ProgressBar1.hWnd())->refreshes(); };
+    createAnd([] {});
+    EXPECT_EQ(refreshes(), 2) << "a half, and a whole";
+    program.machine.answerSaveDialog("C:\\t\\out.scr");
+    createAnd([] {});
+    EXPECT_EQ(refreshes(), 4) << "from the whole, where it stood, back to a half";
+    form().UpdateThinking(2, 2);
+    EXPECT_EQ(refreshes(), 4) << "it hasn't moved";
 }
 
 TEST_F(DesignerDuringCreate, ChangedRows_AreTold) {

@@ -2,12 +2,29 @@
 #include "program/designer_dialog.h"
 #include "support/keys.h"
 
+#include <tuple>
+
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 using namespace keys;
+
+/// Name, left, top, width and height.
+using Place = std::tuple<std::string, float, float, float, float>;
+
+/// Of what can be seen, in the order of the tab key.
+std::vector<Place> places(const toolkit::Container& container) {
+    std::vector<Place> found;
+    for (const toolkit::Control* control : container.controls()) {
+        if (control->width() > 0) {
+            found.emplace_back(control->name(), control->left(), control->top(), control->width(),
+                               control->height());
+        }
+    }
+    return found;
+}
 
 class DesignerOperations : public DesignerDialog {
 protected:
@@ -47,6 +64,63 @@ protected:
 };
 
 // How it comes up
+
+TEST_F(DesignerOperations, Controls_StandAtTheirPlacesInTheOrderOfTheTabKey) {
+    EXPECT_EQ(form().width(), 10005);
+    EXPECT_EQ(form().height(), 5730);
+    EXPECT_THAT(
+        places(form()),
+        ElementsAre(Place{"ListView1", 60, 90, 9885, 4275}, Place{"Frame2", 2790, 1260, 5025, 975},
+                    Place{"cmdMoveUp", 90, 4470, 780, 780}, Place{"cmdMoveDown", 930, 4470, 780, 780},
+                    Place{"cmdInsert", 1770, 4470, 780, 780}, Place{"cmdDelete", 2610, 4470, 780, 780},
+                    Place{"cmdClear", 3450, 4470, 780, 780}, Place{"cmdSave", 4950, 4470, 780, 780},
+                    Place{"cmdWriteSCR", 5760, 4470, 780, 780}, Place{"cmdLoad", 6570, 4470, 780, 780},
+                    Place{"cmdOk", 7650, 4470, 780, 780}, Place{"Frame1", 8580, 4410, 1320, 1230}));
+    EXPECT_THAT(places(form().Frame1),
+                ElementsAre(Place{"optSync1", 270, 270, 915, 285}, Place{"optSync2", 270, 600, 870, 285},
+                            Place{"optAsync", 270, 900, 825, 285}));
+    EXPECT_THAT(places(form().Frame2),
+                ElementsAre(Place{"Label1", 90, 180, 4875, 285}, Place{"ProgressBar1", 210, 570, 4665, 255}));
+}
+
+TEST_F(DesignerOperations, Columns_ShareTheListsWidth) {
+    const auto& list =
+        dynamic_cast<const sys::simulated::ListViewWindow&>(*program.machine.window(form().ListView1.hWnd()));
+    std::vector<std::pair<std::string, float>> columns;
+    for (const sys::Column& column : list.columns()) {
+        columns.emplace_back(column.caption, column.width);
+    }
+    const float width = 9885;
+    EXPECT_THAT(columns,
+                ElementsAre(std::pair{"Images", 0.15F * width}, std::pair{"Sounds", 0.15F * width},
+                            std::pair{"Dissolves", 0.15F * width}, std::pair{"Comments", 0.55F * width}));
+}
+
+TEST_F(DesignerOperations, Buttons_HaveTheirCaptionsAndToolTips) {
+    std::vector<std::pair<std::string, std::string>> buttons;
+    for (toolkit::CommandButton* button :
+         {&form().cmdMoveUp, &form().cmdMoveDown, &form().cmdInsert, &form().cmdDelete, &form().cmdClear,
+          &form().cmdSave, &form().cmdWriteSCR, &form().cmdLoad, &form().cmdOk}) {
+        const auto& window =
+            dynamic_cast<const sys::simulated::ButtonWindow&>(*program.machine.window(button->hWnd()));
+        buttons.emplace_back(window.text(), window.toolTip());
+        EXPECT_FALSE(button->isDefault()) << "Enter is the list's";
+        EXPECT_FALSE(button->isCancel());
+    }
+    EXPECT_THAT(buttons,
+                ElementsAre(std::pair{"Up", "Move Item Up"}, std::pair{"Down", "Move Item Down"},
+                            std::pair{"Insert", "Insert An Item"}, std::pair{"Delete", "Delete An Item"},
+                            std::pair{"Clear", "Clear All Items"}, std::pair{"Save", "Save Template"},
+                            std::pair{"Create", ""}, std::pair{"Load", "Load Template"},
+                            std::pair{"Ok", "Exit"}));
+    EXPECT_EQ(form().optSync1.caption(), "Sync1");
+    EXPECT_EQ(form().optSync2.caption(), "Sync2");
+    EXPECT_EQ(form().optAsync.caption(), "Async");
+    EXPECT_EQ(program.machine.window(form().Frame1.hWnd())->text(), "Sound Mode");
+    EXPECT_EQ(program.machine.window(form().Frame2.hWnd())->text(), "");
+    ASSERT_EQ(program.machine.windows().front()->menu().size(), 1U);
+    EXPECT_EQ(program.machine.windows().front()->menu()[0].caption, "&Help");
+}
 
 TEST_F(DesignerOperations, NewTemplate_HasABlankRowThatIsSelected) {
     EXPECT_EQ(form().caption(), "Template Designer");

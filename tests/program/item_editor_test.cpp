@@ -37,6 +37,17 @@ TEST_F(ItemEditor, Controls_StandAtTheirPlacesInTheOrderOfTheTabKey) {
                     Row{"cmdOk", 2520, 6300, 780, 780}, Row{"cmdCancel", 3375, 6300, 780, 780}));
 }
 
+TEST_F(ItemEditor, LabelOfTheTransition_StandsAtItsListsSide) {
+    open();
+    const auto alignmentOf = [this](toolkit::Label& label) {
+        return dynamic_cast<const sys::simulated::LabelWindow&>(*program.machine.window(label.hWnd()))
+            .alignment();
+    };
+    EXPECT_EQ(alignmentOf(edit.Label1), sys::Alignment::right);
+    EXPECT_EQ(alignmentOf(edit.lblOriginalImage), sys::Alignment::left);
+    EXPECT_EQ(alignmentOf(edit.lblOriginalSound), sys::Alignment::left);
+}
+
 TEST_F(ItemEditor, Form_HasItsCaptionAndNoPlaceInTheTaskBar) {
     open();
     const auto* window = program.machine.windows().front();
@@ -354,12 +365,27 @@ TEST_F(ItemEditor, Cancel_ClearsAllFlagsAndRemembersNoFolder) {
     select(edit.cmboDissolve, 3);
     type("!");
     EXPECT_THAT(flags(), ElementsAre(-1, -1, -1, -1));
+    enterFolder(edit.Dir1, 2);
+    enterFolder(edit.Dir2, 0);
     click(edit.cmdCancel);
     EXPECT_FALSE(edit.loaded());
     EXPECT_THAT(flags(), ElementsAre(0, 0, 0, 0));
     EXPECT_EQ(edit.ItemDissolve, "Normal");
+    EXPECT_EQ(edit.txtComment.text(), "One\r\nTwo") << "as the reset buttons do";
+    EXPECT_EQ(edit.Dir1.path(), "C:\\pics");
+    EXPECT_EQ(edit.Dir2.path(), "C:\\snd");
     EXPECT_EQ(shared.LastImageFolder, "");
     EXPECT_EQ(shared.LastSoundFolder, "");
+}
+
+TEST_F(ItemEditor, Cancel_WhereAResetFails_EndsWithTheDefaultReport) {
+    edit.load();
+    program.machine.files().addFile("D:\\p\\z.wav", ""); // too late for the drive list
+    edit.Dir2.setPath("D:\\p");
+    edit.InitEdit("", "z.wav", "Normal", "");
+    edit.show();
+    click(edit.cmdCancel);
+    EXPECT_EQ(program.exitCode(), 1);
 }
 
 TEST_F(ItemEditor, Escape_IsCancelAndEnterIsNoOk) {

@@ -109,7 +109,7 @@ TEST_F(TemplatePicker, Lists_FollowEachOther) {
     EXPECT_EQ(picker.File1.path(), "C:\\");
     activate(picker.Dir1, 1);
     EXPECT_EQ(picker.File1.path(), "C:\\t");
-    ASSERT_EQ(picker.File1.listCount(), 2) << "no longer extension than that of three letters but";
+    ASSERT_EQ(picker.File1.listCount(), 2) << "\"c.text\" isn't one of them";
     EXPECT_EQ(picker.SelectedFile, "") << "a move picks nothing";
 }
 
@@ -284,6 +284,14 @@ TEST_F(PicturePreview, Ok_ClosesByMouseAndKeyboard) {
     EXPECT_FALSE(viewer.loaded());
     viewer.load();
     EXPECT_EQ(viewer.Image1.picture(), nullptr) << "the next one begins empty";
+}
+
+TEST_F(PicturePreview, Escape_LeavesItUp) {
+    program.addPicture("C:\\a.bmp", {2, 2});
+    open("C:\\a.bmp");
+    press(escape);
+    EXPECT_TRUE(viewer.loaded());
+    EXPECT_FALSE(viewer.Ok.isDefault());
 }
 
 // The sound

@@ -49,6 +49,17 @@ protected:
     void drawCaption(Bitmap& target, Point at, const PixelRect& clip, const std::string& caption) const;
 };
 
+class LabelWindow final : public NativeWindow<sys::Window> {
+public:
+    LabelWindow(Screen& screen, WindowNode* parent, LabelStyle style);
+    /// It is drawn at the left whatever this is.
+    Alignment alignment() const { return style_.alignment; }
+    void draw(Bitmap& target, Point at, const PixelRect& clip) const override;
+
+private:
+    LabelStyle style_;
+};
+
 class ButtonWindow final : public NativeWindow<sys::Button, ControlWindow> {
 public:
     ButtonWindow(Screen& screen, WindowNode* parent, const ButtonStyle& style)

@@ -33,6 +33,9 @@ public:
     bool inTaskBar() const { return inTaskBar_; }
     bool dialog() const { return dialog_; }
     const std::vector<MenuEntry>& menu() const { return menu_; }
+    /// How often it was brought to the screen at once, which shows nothing new on a screen that is composed
+    /// when it is looked at.
+    int refreshes() const { return refreshes_; }
     /// Whether it takes input, which what it stands in has a say in.
     bool enabled() const;
     /// Whether it can have the keyboard, and is reached by the tab key.
@@ -54,6 +57,7 @@ public:
     void setCaption(const std::string& text) { text_ = text; }
     void setInTaskBar(bool inTaskBar) { inTaskBar_ = inTaskBar; }
     void setEnabled(bool enabled) { enabled_ = enabled; }
+    void countRefresh() { ++refreshes_; }
     void makeDialog(const std::vector<MenuEntry>& menu) {
         dialog_ = true;
         menu_ = menu;
@@ -80,6 +84,7 @@ private:
     bool enabled_ = true;
     bool dialog_ = false;
     std::vector<MenuEntry> menu_;
+    int refreshes_ = 0;
     WindowNode* parent_;
     std::vector<WindowNode*> children_;
 };
@@ -94,7 +99,7 @@ public:
     void focus() override { this->activate(); }
     void enable(bool enabled) override { this->setEnabled(enabled); }
     void setText(const std::string& text) override { this->setCaption(text); }
-    void refresh() override {} // the screen is composed when it is looked at
+    void refresh() override { this->countRefresh(); }
 };
 
 /// What `present` has brought to the screen so far.
