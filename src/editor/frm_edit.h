@@ -41,8 +41,7 @@ public:
     void InitEdit(const std::string& image, const std::string& sound, const std::string& dissolve,
                   const std::string& comment);
 
-    // The table of the dialog, in the order of the tab key. A label without a size isn't seen: it gives the
-    // control behind it the name that screen readers tell.
+    // The table of the dialog, in the order of the tab key.
     // clang-format off
 
     toolkit::MenuItem mnuHelp{*this, "&Help"};

@@ -20,8 +20,7 @@ public:
     std::string SelectedFile;   // whole path; "" for none
     std::string SelectedFolder; // with a backslash at its end
 
-    // The table of the dialog, in the order of the tab key. A label without a size isn't seen: it gives the
-    // control behind it the name that screen readers tell.
+    // The table of the dialog, in the order of the tab key.
     // clang-format off
 
     toolkit::ControlName   driveName {*this, "Drive"};
