@@ -101,7 +101,7 @@ void frmConfig::Form_Load() {
     txtImageListFile.setText(shared.AllImages == folderMode ? shared.ImagePath
                                                             : shared.ImagePath + shared.ImageListFile);
     loadOptions();
-    chkIgnoreMouse.setValue(shared.IgnoreMouse);
+    chkIgnoreMouse.setValue(shared.IgnoreMouse != 0 ? 1 : 0); // the show takes any other value for 1, too
     loadDissolveTypes();
 }
 

@@ -4,6 +4,7 @@
 #include "startup/path_parser.h"
 #include "toolkit/check_box.h"
 #include "toolkit/command_button.h"
+#include "toolkit/control_name.h"
 #include "toolkit/drive_list.h"
 #include "toolkit/drop_down_list.h"
 #include "toolkit/file_list.h"
@@ -25,8 +26,7 @@ public:
     frmConfig();
 
     // The table of the dialog, in the order of the tab key: each control with its name, left, top, width and
-    // height in twips, and what else is its own. A label without a size isn't seen: it gives the control
-    // behind it the name that screen readers tell.
+    // height in twips, and what else is its own.
     // clang-format off
 
     toolkit::MenuItem Help{*this, "&Help"};
@@ -40,7 +40,7 @@ public:
     toolkit::CommandButton cmdCreateTemplate     {*this, {"cmdCreateTemplate",        900,  360,  780,  780}, {"New", icons().newTemplate}};
     toolkit::CommandButton cmdEditTemplate       {*this, {"cmdEditTemplate",         1740,  360,  780,  780}, {"Edit", icons().editTemplate}};
     toolkit::Line          Line3                 {*this, {"Line3",                      0, 1200, 3120,   15}, ruleColor};
-    toolkit::Label         lblImageListFile      {*this, {.control = {"lblImageListFile",  60, 1320}, .caption = "Template or folder:"}};
+    toolkit::ControlName   contentName           {*this, "Template or folder"};
     toolkit::TextBox       txtImageListFile      {*this, {"txtImageListFile",          60, 1320, 2955,  285}, {"(no template or folder selected)"}};
     toolkit::Line          Line1                 {*this, {"Line1",                      0, 1680, 3120,   15}, ruleColor};
     toolkit::CheckBox      chkFolderMode         {*this, {"chkFolderMode",             60, 1800, 1515,  195}, "Folder Mode"};
@@ -58,23 +58,23 @@ public:
 
     // The right-hand panel: one of three frames at the same place
     toolkit::Frame         TextFrame             {*this, {"TextFrame",               3120,    0, 5115, 3075}};
-    toolkit::Label         lblHelper             {TextFrame, {.control = {"lblHelper", 120,  240}, .caption = "What to do:"}};
+    toolkit::ControlName   helperName            {TextFrame, "What to do"};
     toolkit::TextBox       txtHelper             {TextFrame, {"txtHelper",            120,  240, 4875, 2715}, {.text = "Welcome To Tessellarium", .multiLine = true, .locked = true}};
 
     toolkit::Frame         TemplateFrame         {*this, {"TemplateFrame",           3120,    0, 5115, 3075}};
-    toolkit::Label         lblDrive1             {TemplateFrame, {.control = {"lblDrive1", 120, 180}, .caption = "Drive:"}};
+    toolkit::ControlName   templateDriveName     {TemplateFrame, "Drive"};
     toolkit::DriveList     Drive1                {TemplateFrame, {"Drive1",           120,  180, 2355,  315}};
-    toolkit::Label         lblDir1               {TemplateFrame, {.control = {"lblDir1",   120, 660}, .caption = "Folder:"}};
+    toolkit::ControlName   templateFolderName    {TemplateFrame, "Folder"};
     toolkit::FolderList    Dir1                  {TemplateFrame, {"Dir1",             120,  660, 2355, 2340}};
-    toolkit::Label         lblFile1              {TemplateFrame, {.control = {"lblFile1", 2520, 180}, .caption = "Template:"}};
+    toolkit::ControlName   templateFileName      {TemplateFrame, "Template"};
     toolkit::FileList      File1                 {TemplateFrame, {"File1",           2520,  180, 2475, 2820}};
 
     toolkit::Frame         FolderFrame           {*this, {"FolderFrame",             3120,    0, 5115, 3075}};
-    toolkit::Label         lblDrive2             {FolderFrame, {.control = {"lblDrive2", 120, 180}, .caption = "Drive:"}};
+    toolkit::ControlName   pictureDriveName      {FolderFrame, "Drive"};
     toolkit::DriveList     Drive2                {FolderFrame, {"Drive2",             120,  180, 2355,  315}};
-    toolkit::Label         lblDir2               {FolderFrame, {.control = {"lblDir2",   120, 720}, .caption = "Folder:"}};
+    toolkit::ControlName   pictureFolderName     {FolderFrame, "Folder"};
     toolkit::FolderList    Dir2                  {FolderFrame, {"Dir2",               120,  720, 2355, 1890}};
-    toolkit::Label         lblFile2              {FolderFrame, {.control = {"lblFile2", 2580, 180}, .caption = "Pictures in the folder:"}};
+    toolkit::ControlName   picturesName          {FolderFrame, "Pictures in the folder"};
     toolkit::FileList      File2                 {FolderFrame, {"File2",             2580,  180, 2415, 2430}, "*.jpg;*.jpeg;*.bmp;*.gif; *.jpe; *.wmf"};
     toolkit::Label         Label8                {FolderFrame, {.control = {"Label8", 120, 2760, 1080, 210}, .caption = "Dissolve Type:"}};
     toolkit::DropDownList  Combo1                {FolderFrame, {"Combo1",            1200, 2700, 3735,  315}};

@@ -59,9 +59,9 @@ public:
 
     /// The drives that there are, ready or not, by their letters.
     virtual std::vector<DriveName> drives() = 0;
-    /// The whole path of a folder, without a trailing backslash but for a root; "" is the current folder,
-    /// "D:" that of a drive. Fails with 76 when there is no such folder, 68 when the drive isn't there or
-    /// isn't ready.
+    /// The whole path of a folder, without a trailing backslash but for the root of a drive; "" is the
+    /// current folder, "D:" that of a drive. Fails with 76 when there is no such folder, 68 when the drive
+    /// isn't there or isn't ready.
     virtual std::string wholeFolder(const std::string& path) = 0;
     /// The names of the folders in a folder (neither hidden nor system), in the order of the file system.
     /// Fails as `wholeFolder` does.

@@ -3,17 +3,38 @@
 #include "toolkit/application.h"
 #include "toolkit/text.h"
 
+#include <algorithm>
+
 namespace toolkit {
 
 namespace {
-
-constexpr std::size_t rootLength = 3; // "C:\\"
 
 std::string inFolder(const std::string& folder, const std::string& name) {
     return folder + (folder.ends_with('\\') ? "" : "\\") + name;
 }
 
+/// Of the part of a whole path that is no folder in another.
+std::size_t rootLength(const std::string& path) {
+    constexpr std::size_t ofDrive = 3;
+    if (!path.starts_with("\\\\")) {
+        return ofDrive;
+    }
+    const std::size_t share = path.find('\\', 2) + 1;
+    return std::min(path.find('\\', share), path.size());
+}
+
 } // namespace
+
+std::vector<std::string> levelsOf(const std::string& path) {
+    const std::size_t root = rootLength(path);
+    std::vector<std::string> levels{path.substr(0, root)};
+    for (std::size_t start = path.find_first_not_of('\\', root); start < path.size();) {
+        const std::size_t end = std::min(path.find('\\', start), path.size());
+        levels.push_back(path.substr(start, end - start));
+        start = end + 1;
+    }
+    return levels;
+}
 
 void FolderList::setPath(const std::string& path) {
     const std::string whole = systemFiles().wholeFolder(path);
@@ -38,19 +59,12 @@ void FolderList::load() {
 void FolderList::enter(const std::string& whole) {
     const std::vector<std::string> inside = systemFiles().folders(whole);
     std::vector<sys::ListItem> shown;
-    const auto add = [&](const std::string& name, int level, sys::ItemIcon icon) {
-        shown.push_back({name, level, icon});
-    };
-    int level = 0;
-    add(whole.substr(0, rootLength), level, sys::ItemIcon::openFolder);
-    for (std::size_t start = rootLength; start < whole.size();) {
-        const std::size_t end = std::min(whole.find('\\', start), whole.size());
-        add(whole.substr(start, end - start), ++level, sys::ItemIcon::openFolder);
-        start = end + 1;
+    for (const std::string& name : levelsOf(whole)) {
+        shown.push_back({name, static_cast<int>(shown.size()), sys::ItemIcon::openFolder});
     }
-    depth_ = level;
+    depth_ = static_cast<int>(shown.size()) - 1;
     for (const std::string& name : inside) {
-        add(name, depth_ + 1, sys::ItemIcon::folder);
+        shown.push_back({name, depth_ + 1, sys::ItemIcon::folder});
     }
     path_ = whole;
     assumeItems(std::move(shown), static_cast<std::int16_t>(depth_));

@@ -4,15 +4,21 @@
 #include "toolkit/item_list.h"
 
 #include <string>
+#include <vector>
 
 namespace toolkit {
+
+/// The names on the way to a folder, which is given by its whole path: its root, "C:\" or "\\server\share",
+/// and each folder from there down.
+std::vector<std::string> levelsOf(const std::string& path);
 
 class FolderList : public ItemList {
 public:
     FolderList(Container& container, const Design& design)
         : ItemList(container, design, {.icons = true, .activatable = true}) {}
 
-    /// A whole path, without a trailing backslash but for a root; the machine's current folder at first.
+    /// A whole path, without a trailing backslash but for the root of a drive; the machine's current folder
+    /// at first.
     const std::string& path() const { return path_; }
     /// "" is the machine's current folder, "D:" that of a drive. Another folder than the present one raises
     /// `change`, inside the assignment; the same, in any case of its letters, raises nothing. Fails with 76

@@ -44,6 +44,8 @@ public:
     void label(const char* text, Place place, DWORD style = 0) {
         add("STATIC", text, WS_GROUP | SS_NOPREFIX | style, place);
     }
+    /// The name of the control behind it, which screen readers tell.
+    void name(const char* text) { ShowWindow(add("STATIC", text, WS_GROUP | SS_NOPREFIX, {}), SW_HIDE); }
     void check(const char* text, Place place) {
         add("BUTTON", text, BS_CHECKBOX | WS_GROUP | WS_TABSTOP, place);
     }
@@ -120,7 +122,7 @@ void addLeftColumn(Dialog& dialog) {
     dialog.button("New", resources::new_template, {900, 360, 780, 780});
     dialog.button("Edit", resources::edit_template, {1740, 360, 780, 780});
     dialog.label("", {0, 1200, 3120, 15}, SS_ETCHEDHORZ);
-    dialog.label("Template or folder:", {60, 1320, 0, 0});
+    dialog.name("Template or folder");
     dialog.add("EDIT", "C:\\", ES_AUTOHSCROLL | WS_TABSTOP, {60, 1320, 2955, 285}, WS_EX_CLIENTEDGE);
     dialog.label("", {0, 1680, 3120, 15}, SS_ETCHEDHORZ);
     dialog.check("Folder Mode", {60, 1800, 1515, 195});
@@ -140,7 +142,7 @@ void addLeftColumn(Dialog& dialog) {
 void addPanel(Dialog& dialog) {
     constexpr Place panel{3120, 0, 5115, 3075};
     dialog.frame(BS_GROUPBOX, panel, [&] {
-        dialog.label("What to do:", {120, 240, 0, 0});
+        dialog.name("What to do");
         dialog.add(
             "EDIT",
             "Tessellarium is currently in Template Mode.\r\n\r\nIn this mode, you must either Select an "
@@ -149,11 +151,11 @@ void addPanel(Dialog& dialog) {
     });
     for (const bool withTransitions : {false, true}) {
         HWND const lists = dialog.frame(BS_GROUPBOX, panel, [&] {
-            dialog.label("Drive:", {120, 180, 0, 0});
+            dialog.name("Drive");
             dialog.dropDown({120, 180, 2355, 315});
-            dialog.label("Folder:", {120, 660, 0, 0});
+            dialog.name("Folder");
             dialog.list({120, 660, 2355, 1890});
-            dialog.label("File:", {2520, 180, 0, 0});
+            dialog.name("File");
             dialog.list({2520, 180, 2475, 2430});
             if (withTransitions) {
                 dialog.label("Dissolve Type:", {120, 2760, 1000, 200});

@@ -11,6 +11,7 @@ CB_SETCURSEL = 0x14E
 LBN_SELCHANGE, LBN_DBLCLK = 1, 2
 CBN_SELCHANGE = 1
 SB_THUMBPOSITION = 4
+HOME_PAGE = 0x102  # the identifier of the menu's entry
 
 MESSAGE_BOX = "#32770"  # the window class of the system's own dialogs
 
@@ -59,6 +60,9 @@ class Dialog:
     def choose_from_drop_down(self, box, index):
         self.post(box.handle, CB_SETCURSEL, index)
         self.post(box.parent, WM_COMMAND, CBN_SELCHANGE << 16, box.handle)
+
+    def choose_from_menu(self, entry):
+        self.post(self.form.handle, WM_COMMAND, entry)
 
     def scroll(self, bar, position):
         self.post(bar.parent, WM_HSCROLL, position << 16 | SB_THUMBPOSITION, bar.handle)

@@ -1,15 +1,19 @@
 """The settings dialog, worked by mouse, keyboard and messages, and what a show makes of its settings."""
 
 import os
+import shutil
 
 from case import SETTINGS, EndToEndCase
-from dialog import BM_CLICK, CB_SETCURSEL, LBN_DBLCLK, LBN_SELCHANGE, Dialog
+from dialog import BM_CLICK, CB_SETCURSEL, HOME_PAGE, LBN_DBLCLK, LBN_SELCHANGE, Dialog
 from pictures import quarters
 from session import wait_until
 from test_package import PackageCase
 
+WM_LBUTTONDOWN, WM_LBUTTONUP = 0x201, 0x202
 BM_GETCHECK, BM_SETCHECK = 0xF0, 0xF1
 REG_SZ = 1
+
+BROWSERS = "Software\\Wine\\WineBrowser"
 
 KEYS = ["ImagePath", "ImageInterval", "ImageListFile", "FullScreen", "ImagePositionRandom", "ImageOrderRandom",
         "AllImages", "Blocks", "DissolveType", "DissolveDelay", "MouseSensitivity", "IgnoreMouse"]
@@ -51,6 +55,19 @@ class DialogTest(DialogCase):
         dialog.click("Done")
         dialog.show.wait_for_end()
         self.check_show(self.frame().centre(picture))
+
+    def test_the_folders_of_a_network_are_listed_from_their_share_down(self):
+        network = os.path.join(os.path.dirname(self.machine.drive), "dosdevices", "unc")  # as Wine looks for them
+        self.addCleanup(shutil.rmtree, network)
+        os.makedirs(os.path.join(network, "server", "share", "pictures", "inner"))
+        dialog = self.open(AllImages="1", ImagePath="\\\\server\\share\\pictures\\")
+        dialog.click("Select", 1)
+        folders, _ = dialog.controls("listbox")
+        for row, folder in ((2, "pictures\\inner\\"), (0, ""), (1, "pictures\\")):
+            dialog.choose(folders, row, LBN_SELCHANGE, LBN_DBLCLK)
+            dialog.wait_for_text("edit", "\\\\server\\share\\" + folder)
+        dialog.close()
+        dialog.show.wait_for_end()
 
     def test_a_template_chosen_in_the_dialog_is_shown(self):
         picture = self.add("a.bmp", quarters(300, 200))
@@ -154,6 +171,43 @@ class FailureRoadsTest(DialogCase):
         self.assertEqual(dialog.message_box(), ("Tessellarium", "Path not found", ["OK"]))
         dialog.answer("OK")
         dialog.show.wait_for_end(code=1)
+
+
+class HomePageTest(DialogCase):
+    page = "http://www.tessellarium.example/fw/Tessellarium/Tessellarium.html"
+
+    def setUp(self):
+        super().setUp()
+        browser = self.write("browser", b'#!/bin/sh\necho "$*" >> "$0.pages"\n')
+        os.chmod(browser, 0o755)
+        self.pages = browser + ".pages"
+        self.machine.set_value(BROWSERS, "Browsers", browser)
+        self.addCleanup(self.machine.set_value, BROWSERS, "Browsers", None)
+
+    def wait_for_page(self, number):
+        """The browser has been given the page so many times, and nothing else."""
+        def opened():
+            if not os.path.exists(self.pages):
+                return []
+            with open(self.pages, encoding="utf-8") as pages:
+                return pages.read().splitlines()
+        wait_until(lambda: len(opened()) >= number, "the page isn't opened")
+        self.assertEqual(opened(), [self.page] * number)
+
+    def test_the_menu_asks_before_it_opens_the_page_and_the_banner_does_not(self):
+        dialog = self.open()
+        for answer in ("No", "Yes"):
+            dialog.choose_from_menu(HOME_PAGE)
+            self.assertEqual(dialog.message_box(), ("Tessellarium", "Open the Tessellarium page in your browser?",
+                                                    ["Yes", "No"]))
+            dialog.answer(answer)
+        self.wait_for_page(1)
+        banner, = dialog.controls("tessellariumpicturebox")
+        dialog.post(banner.handle, WM_LBUTTONDOWN)
+        dialog.post(banner.handle, WM_LBUTTONUP)
+        self.wait_for_page(2)
+        dialog.close()
+        dialog.show.wait_for_end()
 
 
 class KilledTest(DialogCase):

@@ -6,15 +6,26 @@ from test_dialog import DialogCase
 TWIPS_PER_INCH = 1440
 CLIENT_SIZE = 8325, 5295
 
-# The lower bits of a button's style
+WS_VISIBLE, WS_MAXIMIZEBOX = 0x10000000, 0x10000
+
+# The lower bits of a button's style, and of a label's
 PUSH, CHECK, GROUP, OPTION = 0, 2, 7, 9
+CENTRE, LEFT = 1, 12
 
 # The frames of the right-hand panel, and those of the options
 PANEL = 3120, 0, 5115, 3075
 SIZE, PLACEMENT, ORDER = (3240, 3180, 1215, 795), (4740, 3180, 1155, 795), (6120, 3180, 1215, 795)
 
-# In the order of the tab key: class, kind of button, text, place in twips within what it stands in. Without a
-# text: it depends on what the machine holds. A label of no size is the name of the control behind it.
+NOWHERE = 0, 0, 0, 0
+
+
+def named(text):
+    """A hidden label: the name of the control behind it."""
+    return "Static", LEFT, text, NOWHERE
+
+
+# In the order of the tab key: class, kind of button or label, text, place in twips within what it stands in. Without
+# a text: it depends on what the machine holds.
 RULES = [  # which have colours of their own, and thereby their place in front of all others
     ("TessellariumLabel", None, "", (0, 2940, 3120, 15)),
     ("TessellariumLabel", None, "", (0, 1680, 3120, 15)),
@@ -25,52 +36,52 @@ LEFT_COLUMN = [
     ("Button", PUSH, "Select", (60, 360, 780, 780)),
     ("Button", PUSH, "New", (900, 360, 780, 780)),
     ("Button", PUSH, "Edit", (1740, 360, 780, 780)),
-    ("Static", None, "Template or folder:", (60, 1320, 0, 0)),
+    named("Template or folder"),
     ("Edit", None, None, (60, 1320, 2955, 285)),
     ("Button", CHECK, "Folder Mode", (60, 1800, 1515, 195)),
     ("Button", PUSH, "Select", (60, 2100, 780, 780)),
-    ("Static", None, "Delay Interval: 1 Seconds", (60, 3000, 2900, 200)),
+    ("Static", CENTRE, "Delay Interval: 1 Seconds", (60, 3000, 2900, 200)),
     ("ScrollBar", None, "", (60, 3240, 2990, 285)),
-    ("Static", None, "Dissolve Size: ", (60, 3540, 2900, 200)),
+    ("Static", CENTRE, "Dissolve Size: ", (60, 3540, 2900, 200)),
     ("ScrollBar", None, "", (60, 3780, 2990, 285)),
-    ("Static", None, "Dissolve Delay:", (60, 4080, 2900, 200)),
+    ("Static", CENTRE, "Dissolve Delay:", (60, 4080, 2900, 200)),
     ("ScrollBar", None, "", (60, 4320, 2990, 285)),
-    ("Static", None, "Mouse Sensitivity: 100", (60, 4680, 2900, 200)),
+    ("Static", CENTRE, "Mouse Sensitivity: 100", (60, 4680, 2900, 200)),
     ("ScrollBar", None, "", (60, 4920, 2990, 285)),
     ("Button", CHECK, "Ignore Mouse", (3120, 4980, 1305, 225)),
 ]
 PANELS = [
     ("Button", GROUP, "", PANEL, [
-        ("Static", None, "What to do:", (120, 240, 0, 0)),
+        named("What to do"),
         ("Edit", None, None, (120, 240, 4875, 2715))]),
     ("Button", GROUP, "", PANEL, [
-        ("Static", None, "Drive:", (120, 180, 0, 0)),
+        named("Drive"),
         ("ComboBox", None, None, (120, 180, 2355, 315)),
-        ("Static", None, "Folder:", (120, 660, 0, 0)),
+        named("Folder"),
         ("ListBox", None, None, (120, 660, 2355, 2340)),
-        ("Static", None, "Template:", (2520, 180, 0, 0)),
+        named("Template"),
         ("ListBox", None, None, (2520, 180, 2475, 2820))]),
     ("Button", GROUP, "", PANEL, [
-        ("Static", None, "Drive:", (120, 180, 0, 0)),
+        named("Drive"),
         ("ComboBox", None, None, (120, 180, 2355, 315)),
-        ("Static", None, "Folder:", (120, 720, 0, 0)),
+        named("Folder"),
         ("ListBox", None, None, (120, 720, 2355, 1890)),
-        ("Static", None, "Pictures in the folder:", (2580, 180, 0, 0)),
+        named("Pictures in the folder"),
         ("ListBox", None, None, (2580, 180, 2415, 2430)),
-        ("Static", None, "Dissolve Type:", (120, 2760, 1080, 210)),
+        ("Static", LEFT, "Dissolve Type:", (120, 2760, 1080, 210)),
         ("ComboBox", None, None, (1200, 2700, 3735, 315))]),
 ]
 OPTIONS = [
     ("Static", None, "", SIZE, [
-        ("Static", None, "Size", (0, 30, 1215, 225)),
+        ("Static", LEFT, "Size", (0, 30, 1215, 225)),
         ("Button", OPTION, "Full Screen", (0, 300, 1215, 225)),
         ("Button", OPTION, "Original", (0, 570, 1215, 225))]),
     ("Static", None, "", PLACEMENT, [
-        ("Static", None, "Placement", (0, 30, 1155, 225)),
+        ("Static", LEFT, "Placement", (0, 30, 1155, 225)),
         ("Button", OPTION, "Random", (0, 300, 1155, 225)),
         ("Button", OPTION, "Centered", (0, 540, 1155, 225))]),
     ("Static", None, "", ORDER, [
-        ("Static", None, "Order", (0, 30, 1215, 225)),
+        ("Static", LEFT, "Order", (0, 30, 1215, 225)),
         ("Button", OPTION, "Random", (0, 300, 1215, 225)),
         ("Button", OPTION, "Sequential", (0, 600, 1215, 195))]),
 ]
@@ -133,16 +144,19 @@ class LayoutCase(DialogCase):
         # The dialog's edges lie in the middle of the screen, and are rounded there.
         for pixels, twips in zip((width, height), CLIENT_SIZE):
             self.assertAlmostEqual(pixels, twips * self.dpi / TWIPS_PER_INCH, delta=1)
+        self.assertFalse(dialog.form.style & WS_MAXIMIZEBOX)
         windows = iter(dialog.all_controls())
 
         def check(rows, parent, origin):
-            for kind, button, text, place, *inside in rows:
+            for kind, look, text, place, *inside in rows:
                 window = next(windows)
                 with self.subTest(f"{kind} {text or ''} at {place}"):
                     self.assertEqual(window.kind, kind)
                     self.assertEqual(window.parent, parent)
-                    if button is not None:
-                        self.assertEqual(window.style & 0xF, button)
+                    if look is not None:
+                        self.assertEqual(window.style & 0xF, look)
+                    if place == NOWHERE:
+                        self.assertFalse(window.style & WS_VISIBLE)
                     if text is not None:
                         self.assertEqual(window.text, text)
                     self.assertEqual((window.left, window.top, window.right, window.bottom),
@@ -167,7 +181,7 @@ class LayoutCase(DialogCase):
         """What can be read of a caption ends before the edges of its control."""
         for control in controls:
             marks = control.kind == "Button" and control.style & 0xF in (CHECK, OPTION)
-            if not control.text or control.right == control.left or not (control.kind == "Static" or marks):
+            if not control.text or not (control.kind == "Static" or marks):
                 continue
             edges = [shot.part(control.right - 1, control.top, control.right, control.bottom)]
             if control.kind == "Static":

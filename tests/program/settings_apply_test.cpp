@@ -2,6 +2,7 @@
 #include "designer/frm_designer.h"
 #include "program/settings_dialog.h"
 #include "settings/frm_about.h"
+#include "support/keys.h"
 
 #include <map>
 
@@ -59,6 +60,26 @@ TEST_F(SettingsDialog, FolderLists_AClickOnAFileDoesNothing) {
     select(dialog.File2, 0);
     EXPECT_EQ(dialog.File2.fileName(), "a.bmp");
     EXPECT_EQ(dialog.txtImageListFile.text(), "typed");
+}
+
+TEST_F(SettingsDialog, FileLists_ShowAllFilesAsTemplatesAndPicturesByTheirKinds) {
+    for (const char* name : {"b.jpg", "c.jpeg", "d.gif", "e.jpe", "f.wmf", "g.png"}) {
+        program.machine.files().addFile(std::string("C:\\pics\\") + name, "");
+    }
+    const auto names = [](const toolkit::FileList& list) {
+        std::vector<std::string> texts;
+        for (std::int16_t index = 0; index < list.listCount(); ++index) {
+            texts.push_back(list.list(index));
+        }
+        return texts;
+    };
+    frmConfig& dialog = openInFolderMode();
+    EXPECT_EQ(dialog.File2.pattern(), "*.jpg;*.jpeg;*.bmp;*.gif; *.jpe; *.wmf");
+    EXPECT_THAT(names(dialog.File2), ElementsAre("a.bmp", "b.jpg", "c.jpeg", "d.gif", "e.jpe", "f.wmf"));
+    dialog.unload();
+    program.setting("AllImages", "0");
+    EXPECT_THAT(names(open().File1),
+                ElementsAre("a.bmp", "b.jpg", "b.txt", "c.jpeg", "d.gif", "e.jpe", "f.wmf", "g.png"));
 }
 
 TEST_F(SettingsDialog, FolderLists_EveryMoveWrites) {
@@ -131,6 +152,7 @@ TEST_F(SettingsDialog, Done_WritesTheTwelveValuesAsTexts) {
     click(dialog.cmdExit);
     EXPECT_TRUE(program.over());
     EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_EQ(program.machine.files().openFiles(), 0);
     const std::map<std::string, std::string> expected = {{"ImagePath", "C:\\t\\"},
                                                          {"ImageInterval", "33"},
                                                          {"ImageListFile", "show.txt"},
@@ -363,11 +385,48 @@ TEST_F(SettingsDialog, HomePage_AsksAndTheBannerDoesNot) {
     EXPECT_EQ(messages().size(), 2U);
 }
 
+TEST_F(SettingsDialog, HomePage_NoBrowser_TellsNothing) {
+    constexpr std::intptr_t noAssociation = 31;
+    frmConfig& dialog = open();
+    program.machine.platform().setShellExecuteResult(noAssociation);
+    program.machine.answerMessageBox(MessageAnswer::yes);
+    chooseFromMenu("&Home Page");
+    click(dialog.Picture1);
+    EXPECT_EQ(messages().size(), 1U) << "the question";
+    EXPECT_TRUE(dialog.shown());
+}
+
+TEST_F(SettingsDialog, About_HasALargeTitleAndAGroove) {
+    open();
+    auto& about = program.application().form<frmAbout>();
+    about.show();
+    const sys::simulated::Bitmap screen = program.machine.screen();
+    const auto place = [&](toolkit::Element& control) {
+        return program.machine.window(control.hWnd())->screenRect();
+    };
+    const auto colorOf = [&](toolkit::Line& line) { return screen.at(place(line).left, place(line).top); };
+    EXPECT_EQ(colorOf(about.Line1), sys::simulated::opaque({160, 160, 160}));
+    EXPECT_EQ(colorOf(about.Line2), sys::simulated::opaque({255, 255, 255}));
+    // The title ends where a text of 13.5 points does.
+    const sys::PixelRect title = place(about.lblTitle);
+    const int end = title.left + program.machine.measureText("Tessellarium", {"", 13.5F}).width;
+    const auto hasInk = [&](int from, int to) {
+        for (int x = from; x < to; ++x) {
+            for (int y = title.top; y < title.bottom; ++y) {
+                if (screen.at(x, y) == sys::simulated::opaque({})) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    };
+    EXPECT_TRUE(hasInk(end - 3, end));
+    EXPECT_FALSE(hasInk(end, title.right));
+}
+
 TEST_F(SettingsDialog, About_ShowsItsTextsInEitherModeUntilEnterOrEscape) {
-    constexpr int enter = 13;
-    constexpr int escape = 27;
-    for (const int key : {enter, escape}) {
-        frmConfig& dialog = key == enter ? open() : openStandAlone();
+    for (const int key : {keys::enter, keys::escape}) {
+        frmConfig& dialog = key == keys::enter ? open() : openStandAlone();
         const auto& about = program.application().form<frmAbout>();
         program.machine.user(20).press(key);
         chooseFromMenu("&About");

@@ -1,8 +1,11 @@
 // The settings dialog: how it comes up, its modes and its controls.
 #include "program/settings_dialog.h"
-#include "settings/guidance.h"
+#include "resources/embedded.h"
+#include "support/keys.h"
 
 #include <map>
+#include <span>
+#include <utility>
 
 namespace {
 
@@ -10,6 +13,30 @@ using sys::ScrollStep;
 using sys::simulated::ShownMessage;
 using testing::ElementsAre;
 using testing::IsEmpty;
+
+// The guidance of each mode
+
+const std::string choice = "Modify the Tessellarium settings by selecting the options at\r\n"
+                           "the bottom of this screen.\r\n"
+                           "\r\n"
+                           "Click Done when all options are to your liking.";
+const std::string standAloneGuidance = "Tessellarium is running in Stand-Alone Mode.\r\n" + choice;
+const std::string templateGuidance = "Tessellarium is currently in Template Mode.\r\n"
+                                     "\r\n"
+                                     "In this mode, you must either Select an existing template, Create\r\n"
+                                     "a new template, or Edit an existing template.\r\n"
+                                     "\r\n"
+                                     "Click Select, Edit or Create.\r\n"
+                                     "\r\n" +
+                                     choice;
+const std::string folderGuidance = "Tessellarium is currently in Folder Mode.\r\n"
+                                   "\r\n"
+                                   "In this mode, all the images (BMP, JPG, GIF and WMF) in the folder\r\n"
+                                   "you select will be displayed in the screen saver.\r\n"
+                                   "\r\n"
+                                   "Click Select to choose the folder containing your images.\r\n"
+                                   "\r\n" +
+                                   choice;
 
 // How it comes up
 
@@ -21,6 +48,7 @@ TEST_F(SettingsDialog, Start_ShowsItWithoutOwnerInTheMiddleOfTheScreen) {
     EXPECT_EQ(window->rect().width(), 555);
     EXPECT_EQ(window->rect().height(), 353);
     EXPECT_EQ(window->rect().left, (640 - 555) / 2 + 1);
+    EXPECT_EQ(window->rect().top, (480 - 353) / 2 + 1);
     EXPECT_FALSE(program.over());
 }
 
@@ -58,18 +86,41 @@ TEST_F(SettingsDialog, Load_BarsAtTheirDesignValues_KeepTheCaptionsOfTheDesign) 
 }
 
 TEST_F(SettingsDialog, Load_Options_TurnAllValuesButOneIntoZero) {
-    program.setting("FullScreen", "1");
-    program.setting("ImagePositionRandom", "2");
-    program.setting("ImageOrderRandom", "-1");
-    program.setting("IgnoreMouse", "1");
-    frmConfig& dialog = open();
-    EXPECT_TRUE(dialog.chkFullScreen.value() && !dialog.chkOriginal.value());
-    EXPECT_TRUE(!dialog.chkPositionRandom.value() && dialog.chkPositionCentered.value());
-    EXPECT_TRUE(!dialog.chkOrderRandom.value() && dialog.chkOrderSequential.value());
-    EXPECT_EQ(shared.FullScreen, 1);
-    EXPECT_EQ(shared.ImagePositionRandom, 0);
-    EXPECT_EQ(shared.ImageOrderRandom, 0);
-    EXPECT_EQ(dialog.chkIgnoreMouse.value(), 1);
+    struct Row {
+        const char* key;
+        toolkit::OptionButton frmConfig::*first;
+        toolkit::OptionButton frmConfig::*second;
+        std::int16_t& setting;
+    };
+    for (const Row& row :
+         {Row{"FullScreen", &frmConfig::chkFullScreen, &frmConfig::chkOriginal, shared.FullScreen},
+          Row{"ImagePositionRandom", &frmConfig::chkPositionRandom, &frmConfig::chkPositionCentered,
+              shared.ImagePositionRandom},
+          Row{"ImageOrderRandom", &frmConfig::chkOrderRandom, &frmConfig::chkOrderSequential,
+              shared.ImageOrderRandom}}) {
+        for (const char* value : {"0", "1", "2", "-1"}) {
+            program.setting(row.key, value);
+            frmConfig& dialog = open();
+            const bool one = std::string(value) == "1";
+            EXPECT_EQ((dialog.*row.first).value(), one) << row.key << ' ' << value;
+            EXPECT_EQ((dialog.*row.second).value(), !one) << row.key << ' ' << value;
+            EXPECT_EQ(row.setting, one ? 1 : 0) << row.key << ' ' << value;
+            dialog.unload();
+        }
+    }
+}
+
+TEST_F(SettingsDialog, Load_IgnoreMouse_IsTickedByAllButZeroAndSavedAsOne) {
+    const std::map<std::string, std::string> saved = {
+        {"0", "0"}, {"1", "1"}, {"2", "1"}, {"-1", "1"}, {"-32768", "1"}};
+    for (const auto& [before, after] : saved) {
+        program.setting("IgnoreMouse", before);
+        frmConfig& dialog = openInFolderMode();
+        EXPECT_THAT(messages(), IsEmpty()) << before;
+        EXPECT_EQ(dialog.chkIgnoreMouse.value(), after == "1" ? 1 : 0) << before;
+        click(dialog.cmdExit);
+        EXPECT_EQ(stored("IgnoreMouse"), after) << before;
+    }
 }
 
 TEST_F(SettingsDialog, Load_DissolveType_IsSelectedExactlyOrElseRandom) {
@@ -145,12 +196,41 @@ TEST_F(SettingsDialog, ControlWithoutACaption_HasALabelBeforeIt) {
     expectNames(*program.machine.window(dialog.hWnd()));
 }
 
+TEST_F(SettingsDialog, CommandButtons_CarryTheirPictures) {
+    frmConfig& dialog = open();
+    using Icon = std::span<const std::uint8_t>;
+    const std::vector<std::pair<toolkit::CommandButton*, Icon>> icons = {
+        {&dialog.cmdSelectTemplate, resources::select_template},
+        {&dialog.cmdCreateTemplate, resources::new_template},
+        {&dialog.cmdEditTemplate, resources::edit_template},
+        {&dialog.cmdSelectFolder, resources::select_folder},
+        {&dialog.cmdExit, resources::done},
+        {&dialog.cmdCancel, resources::cancel}};
+    for (const auto& [button, icon] : icons) {
+        const auto* window = program.machine.window(button->hWnd());
+        EXPECT_EQ(dynamic_cast<const sys::simulated::ButtonWindow&>(*window).icon().data(), icon.data())
+            << button->name();
+    }
+}
+
+TEST_F(SettingsDialog, EnterAndEscape_LeaveTheDialogAsNoButtonIsTheirs) {
+    frmConfig& dialog = openInTemplateMode();
+    program.machine.settings().takeWritten();
+    click(dialog.txtImageListFile);
+    for (const int key : {keys::enter, keys::escape}) {
+        program.machine.user().press(key);
+        program.advance(0);
+        EXPECT_TRUE(dialog.shown());
+    }
+    EXPECT_THAT(program.machine.settings().takeWritten(), IsEmpty());
+}
+
 // Modes
 
 TEST_F(SettingsDialog, FolderMode_ShowsItsGuidanceAndItsFolder) {
     frmConfig& dialog = openInFolderMode("C:\\pics");
     EXPECT_EQ(panel(), "text");
-    EXPECT_EQ(dialog.txtHelper.text(), guidance::folderMode);
+    EXPECT_EQ(dialog.txtHelper.text(), folderGuidance);
     EXPECT_EQ(dialog.chkFolderMode.value(), 1);
     EXPECT_EQ(dialog.chkTemplateMode.value(), 0);
     EXPECT_TRUE(dialog.cmdSelectFolder.enabled());
@@ -169,7 +249,7 @@ TEST_F(SettingsDialog, TemplateMode_ShowsItsGuidanceAndItsFolder) {
         program.setting("AllImages", mode);
         frmConfig& dialog = openInTemplateMode();
         EXPECT_EQ(panel(), "text");
-        EXPECT_EQ(dialog.txtHelper.text(), guidance::templateMode);
+        EXPECT_EQ(dialog.txtHelper.text(), templateGuidance);
         EXPECT_EQ(dialog.chkFolderMode.value(), 0);
         EXPECT_EQ(dialog.chkTemplateMode.value(), 1);
         EXPECT_FALSE(dialog.cmdSelectFolder.enabled());
@@ -184,12 +264,23 @@ TEST_F(SettingsDialog, TemplateMode_ShowsItsGuidanceAndItsFolder) {
 
 TEST_F(SettingsDialog, StandAlone_DisablesEveryWayToAnotherContent) {
     const frmConfig& dialog = openStandAlone();
-    EXPECT_EQ(dialog.txtHelper.text(), guidance::standAlone);
+    EXPECT_EQ(dialog.txtHelper.text(), standAloneGuidance);
     EXPECT_EQ(dialog.chkTemplateMode.value(), 0);
     EXPECT_EQ(dialog.chkFolderMode.value(), 0);
     EXPECT_FALSE(dialog.chkTemplateMode.enabled() || dialog.chkFolderMode.enabled() ||
                  dialog.cmdSelectFolder.enabled() || dialog.cmdSelectTemplate.enabled() ||
                  dialog.cmdCreateTemplate.enabled() || dialog.cmdEditTemplate.enabled());
+}
+
+TEST_F(SettingsDialog, StandAlone_LeavesPathAndListsAsTheyAre) {
+    program.setting("ImagePath", "C:\\pics");
+    program.setting("ImageListFile", "show.txt");
+    const frmConfig& dialog = openStandAlone();
+    EXPECT_EQ(panel(), "text");
+    EXPECT_EQ(shared.ImagePath, "C:\\pics") << "without a backslash";
+    EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\picsshow.txt");
+    EXPECT_EQ(dialog.Dir1.path(), "T:\\Tessellarium");
+    EXPECT_EQ(dialog.Dir2.path(), "T:\\Tessellarium");
 }
 
 TEST_F(SettingsDialog, MissingDriveOrFolder_TakesAllListsToWhereTheMachineIs) {
@@ -282,10 +373,9 @@ TEST_F(SettingsDialog, TickedBoxClicked_StaysAndBringsTheGuidanceBack) {
 }
 
 TEST_F(SettingsDialog, StandAlone_TheKeyboardPassesWhatIsDisabled) {
-    constexpr int tab = 9;
     frmConfig& dialog = openStandAlone();
     EXPECT_EQ(program.machine.focusedWindow(), dialog.txtImageListFile.hWnd());
-    program.machine.user().press(tab);
+    program.machine.user().press(keys::tab);
     program.advance(0);
     EXPECT_EQ(program.machine.focusedWindow(), dialog.ScrollInterval.hWnd());
 }
@@ -327,11 +417,17 @@ TEST_F(SettingsDialog, Bars_WriteTheirLabelsAlone) {
     frmConfig& dialog = open();
     program.machine.user().scroll(dialog.ScrollInterval.hWnd(), ScrollStep::toEnd);
     program.machine.user().scroll(dialog.ScrollDissolveSize.hWnd(), ScrollStep::smallForward);
+    program.machine.user().scroll(dialog.ScrollDissolveDelay.hWnd(), ScrollStep::largeForward);
+    program.machine.user().scroll(dialog.ScrollMouseSensitivity.hWnd(), ScrollStep::smallBack);
     program.advance(0);
     EXPECT_EQ(dialog.lblDelayInterval.caption(), "Delay Interval: 120 Seconds");
     EXPECT_EQ(dialog.lblDissolveSize.caption(), "Dissolve Size: 12");
+    EXPECT_EQ(dialog.lblDissolveDelay.caption(), "Dissolve Delay: 10");
+    EXPECT_EQ(dialog.lblMouseSensitivity.caption(), "Mouse Sensitivity: 99");
     EXPECT_EQ(shared.ImageInterval, 10);
     EXPECT_EQ(shared.Blocks, 10);
+    EXPECT_EQ(shared.DissolveDelay, 0);
+    EXPECT_EQ(shared.MouseSensitivity, 100);
 }
 
 TEST_F(SettingsDialog, Bars_HaveTheirRangesAndSteps) {

@@ -174,6 +174,15 @@ TEST(Settings, Missing_TakeTheirDefaults) {
     EXPECT_EQ(shared.IgnoreMouse, 0);
 }
 
+TEST(Settings, AreReadOnceEachInTheOrderInWhichTheyAreSaved) {
+    Program program;
+    program.start("/x");
+    EXPECT_THAT(program.machine.settings().takeRead(),
+                ElementsAre("ImagePath", "ImageInterval", "ImageListFile", "FullScreen",
+                            "ImagePositionRandom", "ImageOrderRandom", "AllImages", "Blocks", "DissolveType",
+                            "DissolveDelay", "MouseSensitivity", "IgnoreMouse"));
+}
+
 TEST(Settings, Numbers_AreClampedWhereTheyHaveARange) {
     struct Case {
         const char* key;

@@ -4,6 +4,8 @@
 #include "system/controls.h"
 #include "system/simulated/screen.h"
 
+#include <cstdint>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -66,6 +68,7 @@ public:
         : NativeWindow(screen, parent, style.caption), style_(style) {}
     bool checked() const { return checked_; }
     const std::string& toolTip() const { return style_.toolTip; }
+    std::span<const std::uint8_t> icon() const { return style_.icon; }
     void setChecked(bool checked) override { checked_ = checked; }
 
     /// Of a group of option buttons only the one that is set, if any, has a place in the tab order.

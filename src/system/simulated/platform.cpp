@@ -232,8 +232,7 @@ std::intptr_t SimulatedPlatform::shellExecute(WindowHandle window, const std::st
                                               const std::string& file, const std::string& parameters,
                                               const std::string& folder, int show) {
     record("shellExecute", window, verb, file, parameters, folder, show);
-    constexpr std::intptr_t leastSuccess = 33;
-    return leastSuccess;
+    return shellExecuteResult_;
 }
 
 std::int32_t SimulatedPlatform::sndPlaySound(const std::string& name, std::uint32_t flags) {

@@ -90,6 +90,8 @@ public:
     /// Calls for it then fail with 53.
     void removeHelpViewer() { helpViewerMissing_ = true; }
     void setPasswordChangeResult(std::int32_t result) { passwordChangeResult_ = result; }
+    /// 32 and less are the system's codes of failures.
+    void setShellExecuteResult(std::intptr_t result) { shellExecuteResult_ = result; }
 
 private:
     struct PasswordAnswer {
@@ -117,6 +119,7 @@ private:
     std::int32_t screenSaverRunning_ = 0;
     std::int64_t tickStart_; // the clock at tick 0
     std::int32_t passwordChangeResult_ = 0;
+    std::intptr_t shellExecuteResult_ = 33;
     bool passwordLibraryMissing_ = false;
     bool helpViewerMissing_ = false;
     std::deque<PasswordAnswer> passwordAnswers_;

@@ -6,6 +6,7 @@ namespace sys::simulated {
 
 std::optional<std::string> StoredSettings::read(const std::string& application, const std::string& section,
                                                 const std::string& key) {
+    read_.push_back(key);
     const auto found = values_.find({folded(application), folded(section), folded(key)});
     return found == values_.end() ? std::nullopt : std::optional(found->second);
 }

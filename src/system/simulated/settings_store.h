@@ -19,11 +19,14 @@ public:
     void write(const std::string& application, const std::string& section, const std::string& key,
                const std::string& value) override;
 
+    /// The keys that were read since this was last asked, in their order.
+    std::vector<std::string> takeRead() { return std::exchange(read_, {}); }
     /// The keys that were written since this was last asked, in their order.
     std::vector<std::string> takeWritten() { return std::exchange(written_, {}); }
 
 private:
     std::map<std::tuple<std::string, std::string, std::string>, std::string> values_;
+    std::vector<std::string> read_;
     std::vector<std::string> written_;
 };
 

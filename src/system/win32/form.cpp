@@ -39,8 +39,8 @@ HMENU makeMenu(HMENU menu, const std::vector<MenuEntry>& entries) {
     return menu;
 }
 
-/// A top-level window with a frame around the room inside. It has the middle of its place in its own middle, but
-/// never its caption above the screen.
+/// A top-level window with a frame around the room inside. It has the middle of its place in its own middle,
+/// but never its caption above the screen.
 class DialogWindow : public CanvasWindow {
 public:
     DialogWindow(Events& events, const FormStyle& style, TwipsPerPixel scale)

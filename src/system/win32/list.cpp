@@ -10,10 +10,42 @@ namespace {
 
 LPARAM textOf(const ListItem& item) { return reinterpret_cast<LPARAM>(item.text.c_str()); }
 
-class ListBoxWindow : public ControlWindow<List> {
+/// The messages of the list's class.
+struct SelectionMessages {
+    UINT get, set, setByText;
+};
+
+class ListControl : public ControlWindow<List> {
+public:
+    void select(int index) override { passToClass(messages_.set, static_cast<WPARAM>(index), 0); }
+
+    std::optional<LRESULT> received(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message != messages_.set && message != messages_.setByText)
+            return std::nullopt;
+        // Another program selects for the user, who can't take a selection away.
+        const int former = selected();
+        const LRESULT result = passToClass(message, wParam, lParam);
+        if (result < 0)
+            select(former);
+        else
+            input().itemSelected(handle(), selected());
+        return result;
+    }
+
+protected:
+    ListControl(Events& events, TwipsPerPixel scale, const SelectionMessages& messages)
+        : ControlWindow(events, scale), messages_(messages) {}
+
+    int selected() const { return static_cast<int>(send(messages_.get)); }
+
+private:
+    SelectionMessages messages_;
+};
+
+class ListBoxWindow : public ListControl {
 public:
     ListBoxWindow(Events& events, HWND parent, const ListStyle& style, TwipsPerPixel scale)
-        : ControlWindow(events, scale), style_(style) {
+        : ListControl(events, scale, {LB_GETCURSEL, LB_SETCURSEL, LB_SELECTSTRING}), style_(style) {
         create(parent, "LISTBOX", "",
                WS_GROUP | WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT |
                    (style.icons ? DWORD{LBS_OWNERDRAWFIXED} : DWORD{WS_HSCROLL}),
@@ -46,8 +78,6 @@ public:
         makeRoom();
     }
 
-    void select(int index) override { passToClass(LB_SETCURSEL, static_cast<WPARAM>(index), 0); }
-
     std::optional<LRESULT> reflected(UINT message, WPARAM wParam, LPARAM lParam) override {
         if (message == WM_DRAWITEM) {
             draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
@@ -72,12 +102,7 @@ public:
             input().itemActivated(handle(), selected());
             return 0;
         }
-        if (message == LB_SETCURSEL) { // of another program
-            const LRESULT result = passToClass(message, wParam, lParam);
-            input().itemSelected(handle(), selected());
-            return result;
-        }
-        return std::nullopt;
+        return ListControl::received(message, wParam, lParam);
     }
 
 private:
@@ -103,8 +128,6 @@ private:
         send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(size.cx + margin));
     }
 
-    int selected() const { return static_cast<int>(send(LB_GETCURSEL)); }
-
     void draw(const DRAWITEMSTRUCT& item) const {
         if (item.itemID >= levels_.size()) {
             return;
@@ -120,9 +143,10 @@ private:
     std::string longest_;          // of the texts without icons
 };
 
-class DropDownWindow : public ControlWindow<List> {
+class DropDownWindow : public ListControl {
 public:
-    DropDownWindow(Events& events, HWND parent, TwipsPerPixel scale) : ControlWindow(events, scale) {
+    DropDownWindow(Events& events, HWND parent, TwipsPerPixel scale)
+        : ListControl(events, scale, {CB_GETCURSEL, CB_SETCURSEL, CB_SELECTSTRING}) {
         create(parent, "COMBOBOX", "",
                WS_GROUP | WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS);
     }
@@ -151,8 +175,6 @@ public:
 
     void addItem(const ListItem& item) override { send(CB_ADDSTRING, 0, textOf(item)); }
 
-    void select(int index) override { passToClass(CB_SETCURSEL, static_cast<WPARAM>(index), 0); }
-
     std::optional<LRESULT> reflected(UINT message, WPARAM wParam, LPARAM /*lParam*/) override {
         if (message != WM_COMMAND) {
             return std::nullopt;
@@ -162,18 +184,6 @@ public:
         }
         return 0;
     }
-
-    std::optional<LRESULT> received(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (message != CB_SETCURSEL) {
-            return std::nullopt;
-        }
-        const LRESULT result = passToClass(message, wParam, lParam); // of another program
-        input().itemSelected(handle(), selected());
-        return result;
-    }
-
-private:
-    int selected() const { return static_cast<int>(send(CB_GETCURSEL)); }
 };
 
 } // namespace

@@ -109,6 +109,11 @@ protected:
         machine.user().press(keyCode, shift);
         machine.runUntilIdle();
     }
+    /// In pixels of the screen.
+    sys::Point middleOf(toolkit::Element& element) {
+        const sys::PixelRect place = machine.window(element.hWnd())->screenRect();
+        return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+    }
     std::string focusedName() {
         const std::vector<const toolkit::Element*> elements{
             &form.check, &form.text,   &form.bar, &form.one,    &form.two,    &form.three,   &form.other,
@@ -291,13 +296,15 @@ TEST_F(Dialog, User_ChoosesFromTheMenu) {
 TEST_F(Dialog, Disabled_TakesNeitherMouseNorKeyboard) {
     form.show();
     form.ok.setEnabled(false);
-    machine.user().click({50, 315});
+    machine.user().click(middleOf(form.ok));
     machine.runUntilIdle();
     press(enter);
     EXPECT_THAT(take(), IsEmpty());
     form.ok.setEnabled(true);
+    machine.user().click(middleOf(form.ok));
+    machine.runUntilIdle();
     press(enter);
-    EXPECT_THAT(take(), ElementsAre("ok click"));
+    EXPECT_THAT(take(), ElementsAre("ok click", "ok click"));
 }
 
 // The keyboard
@@ -461,6 +468,14 @@ TEST_F(Dialog, FolderList_DoubleClickEntersAndGoesUp) {
     EXPECT_THAT(take(), IsEmpty());
 }
 
+TEST(FolderListLevels, BeginWithTheDriveOrWithTheShareOfANetwork) {
+    using toolkit::levelsOf;
+    EXPECT_THAT(levelsOf("C:\\"), ElementsAre("C:\\"));
+    EXPECT_THAT(levelsOf("C:\\Pics\\Old"), ElementsAre("C:\\", "Pics", "Old"));
+    EXPECT_THAT(levelsOf("\\\\server\\share"), ElementsAre("\\\\server\\share"));
+    EXPECT_THAT(levelsOf("\\\\server\\share\\Pics\\Old"), ElementsAre("\\\\server\\share", "Pics", "Old"));
+}
+
 TEST_F(Dialog, FileList_AnotherFolder_ListsItAndSelectsNothing) {
     machine.files().addFile("C:\\Pics\\Old\\o.jpg", "");
     form.load();
@@ -475,8 +490,6 @@ TEST_F(Dialog, FileList_AnotherFolder_ListsItAndSelectsNothing) {
     EXPECT_THAT(take(), IsEmpty());
     EXPECT_EQ(failureOf([this] { form.files.setPath("C:\\none"); }), 76);
 }
-
-// Frames
 
 TEST_F(Dialog, FileList_AnotherPattern_ListsTheFolderAnewUntilTheNextLoad) {
     form.load();
@@ -506,6 +519,8 @@ TEST_F(Dialog, KeyPress_MayPutAnotherCharacterInPlaceOfTheTypedOne) {
     EXPECT_EQ(form.text.text(), "designza");
     EXPECT_THAT(events, ElementsAre("text change", "text change"));
 }
+
+// Frames
 
 TEST_F(Dialog, Frame_HoldsTheWindowsOfWhatStandsInIt) {
     form.show();
@@ -547,7 +562,7 @@ TEST_F(Dialog, ModalForm_HoldsItsCallerAndBlocksTheOthersUntilItGoes) {
     };
     form.show();
     machine.user().clickOn(form.ok.hWnd());
-    machine.user(10).click({30, 20}); // on the form beneath
+    machine.user(10).click(middleOf(form.check)); // on the form beneath
     machine.user(20).press(escape);
     machine.runUntilIdle();
     EXPECT_THAT(events, ElementsAre("show", "blocked", "shown"));

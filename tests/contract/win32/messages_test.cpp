@@ -1,0 +1,103 @@
+// What other programs do to the controls of a dialog by the messages of Windows alone, without the notice
+// that would tell the dialog of it. The simulated machine's controls know no messages.
+#include "contract/contract_test.h"
+#include "toolkit/drop_down_list.h"
+#include "toolkit/list_box.h"
+#include "toolkit/scroll_bar.h"
+
+#include <windows.h>
+
+namespace contract {
+
+namespace {
+
+class ListsForm : public toolkit::Form {
+public:
+    ListsForm()
+        : Form({.name = "ListsForm",
+                .caption = "Contract Lists",
+                .width = 4500,
+                .height = 3000,
+                .dialog = true}) {
+        list.click = [this] { events.push_back("list " + list.text()); };
+        choice.click = [this] { events.push_back("choice " + choice.text()); };
+        bar.change = [this] { events.push_back("bar " + std::to_string(bar.value())); };
+    }
+
+    toolkit::ListBox list{*this, {"list", 0, 0, 1500, 1500}};
+    toolkit::DropDownList choice{*this, {"choice", 1500, 0, 1500, 315}};
+    toolkit::ScrollBar bar{*this, {"bar", 0, 1500, 1500, 300}, {.min = 10, .max = 50, .value = 20}};
+
+    std::vector<std::string> events;
+    std::vector<std::string> take() { return std::exchange(events, {}); }
+};
+
+class Messages : public MachineTest {
+protected:
+    Messages() {
+        form.load();
+        for (const char* item : {"first", "second", "third"}) {
+            form.list.addItem(item);
+            form.choice.addItem(item);
+        }
+        form.show();
+        driver->settle();
+        form.take();
+    }
+
+    std::intptr_t send(toolkit::Element& control, UINT message, std::intptr_t wParam = 0,
+                       std::intptr_t lParam = 0) {
+        return driver->sendMessage(control.hWnd(), message, static_cast<std::uintptr_t>(wParam), lParam);
+    }
+    std::intptr_t send(toolkit::Element& control, UINT message, const char* text) {
+        return send(control, message, -1, reinterpret_cast<std::intptr_t>(text));
+    }
+
+    ListsForm& form = application.form<ListsForm>();
+};
+
+} // namespace
+
+TEST_F(Messages, ItemSelectedByItsIndex_IsTheOneThatIsShown) {
+    EXPECT_EQ(send(form.list, LB_SETCURSEL, 1), 1);
+    EXPECT_EQ(send(form.choice, CB_SETCURSEL, 2), 2);
+    EXPECT_THAT(form.take(), ElementsAre("list second", "choice third"));
+    EXPECT_EQ(send(form.list, LB_GETCURSEL), 1);
+    EXPECT_EQ(send(form.choice, CB_GETCURSEL), 2);
+}
+
+TEST_F(Messages, ItemSelectedByItsText_IsTheOneThatIsShown) {
+    EXPECT_EQ(send(form.list, LB_SELECTSTRING, "sec"), 1);
+    EXPECT_EQ(send(form.choice, CB_SELECTSTRING, "thi"), 2);
+    EXPECT_THAT(form.take(), ElementsAre("list second", "choice third"));
+    EXPECT_EQ(send(form.list, LB_GETCURSEL), 1);
+    EXPECT_EQ(send(form.choice, CB_GETCURSEL), 2);
+}
+
+TEST_F(Messages, ItemThatIsNotThere_LeavesTheOneThatIsShown) {
+    form.list.setListIndex(1);
+    form.choice.setListIndex(2);
+    form.take();
+    for (const int index : {-1, 3}) {
+        EXPECT_LT(send(form.list, LB_SETCURSEL, index), 0);
+        EXPECT_LT(send(form.choice, CB_SETCURSEL, index), 0);
+    }
+    EXPECT_LT(send(form.list, LB_SELECTSTRING, "none"), 0);
+    EXPECT_LT(send(form.choice, CB_SELECTSTRING, "none"), 0);
+    EXPECT_THAT(form.take(), IsEmpty());
+    EXPECT_EQ(send(form.list, LB_GETCURSEL), 1);
+    EXPECT_EQ(send(form.choice, CB_GETCURSEL), 2);
+}
+
+TEST_F(Messages, ThumbOfABar_CountsWhenItIsLetGo) {
+    const auto thumb = [&](int notice, int position) {
+        send(form, WM_HSCROLL, MAKEWPARAM(notice, position), static_cast<std::intptr_t>(form.bar.hWnd()));
+    };
+    thumb(SB_THUMBTRACK, 33);
+    EXPECT_THAT(form.take(), IsEmpty());
+    EXPECT_EQ(form.bar.value(), 20);
+    thumb(SB_THUMBPOSITION, 33);
+    EXPECT_THAT(form.take(), ElementsAre("bar 33"));
+}
+
+} // namespace contract
