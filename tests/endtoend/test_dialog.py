@@ -184,28 +184,30 @@ class HomePageTest(DialogCase):
         self.machine.set_value(BROWSERS, "Browsers", browser)
         self.addCleanup(self.machine.set_value, BROWSERS, "Browsers", None)
 
-    def wait_for_page(self, number):
+    def check_opened(self, number):
         """The browser has been given the page so many times, and nothing else."""
-        def opened():
+        def given():
             if not os.path.exists(self.pages):
                 return []
             with open(self.pages, encoding="utf-8") as pages:
                 return pages.read().splitlines()
-        wait_until(lambda: len(opened()) >= number, "the page isn't opened")
-        self.assertEqual(opened(), [self.page] * number)
+        wait_until(lambda: len(given()) >= number, "the page isn't opened")
+        wait_until(lambda: ["winebrowser.exe"] not in self.probe.ask("processes"), "its starter stays")
+        self.assertEqual(given(), [self.page] * number)
 
     def test_the_menu_asks_before_it_opens_the_page_and_the_banner_does_not(self):
         dialog = self.open()
-        for answer in ("No", "Yes"):
+        for answer, opened in (("No", 0), ("Yes", 1)):
             dialog.choose_from_menu(HOME_PAGE)
             self.assertEqual(dialog.message_box(), ("Tessellarium", "Open the Tessellarium page in your browser?",
                                                     ["Yes", "No"]))
             dialog.answer(answer)
-        self.wait_for_page(1)
+            self.probe.settle(dialog.form)
+            self.check_opened(opened)
         banner, = dialog.controls("tessellariumpicturebox")
         dialog.post(banner.handle, WM_LBUTTONDOWN)
         dialog.post(banner.handle, WM_LBUTTONUP)
-        self.wait_for_page(2)
+        self.check_opened(2)
         dialog.close()
         dialog.show.wait_for_end()
 
