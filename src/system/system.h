@@ -52,6 +52,8 @@ public:
     virtual std::unique_ptr<ScrollBar> createScrollBar(Window& parent) = 0;
     virtual std::unique_ptr<ListView> createListView(Window& parent, const std::vector<Column>& columns) = 0;
     virtual std::unique_ptr<ProgressBar> createProgressBar(Window& parent) = 0;
+    /// The pixels of a dialog's caption, and of the menu if it has one, which lie above its room.
+    virtual int captionHeight(bool withMenu) = 0;
     /// The colour of dialogs.
     virtual Color dialogColor() = 0;
     /// The pixels that a text takes, its lines divided by CR LF.

@@ -42,7 +42,10 @@ sys::Area Form::designArea() const {
         area.height = screenHeight;
     } else if (design_.dialog) {
         area.left = (screenWidth - area.width) / 2;
-        area.top = (screenHeight - area.height) / 2;
+        // The room stands as far below the middle as its caption takes, and is never so high that the caption
+        // would be cut off.
+        const auto caption = static_cast<float>(system.captionHeight(!menuItems_.empty()) * scale.y);
+        area.top = std::max((screenHeight - area.height + caption) / 2, caption);
     }
     return area;
 }

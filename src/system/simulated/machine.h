@@ -65,6 +65,7 @@ public:
     std::unique_ptr<sys::ListView> createListView(Window& parent,
                                                   const std::vector<Column>& columns) override;
     std::unique_ptr<sys::ProgressBar> createProgressBar(Window& parent) override;
+    int captionHeight(bool /*withMenu*/) override { return 0; } // its dialogs have no frame
     Color dialogColor() override { return faceColor; }
     Size measureText(const std::string& text, const Font& font) override;
     PicturePtr decodePicture(std::span<const std::uint8_t> bytes) override;

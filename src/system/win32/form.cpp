@@ -2,8 +2,6 @@
 #include "system/win32/events.h"
 #include "system/win32/system_win32.h"
 
-#include <algorithm>
-
 namespace sys::win32 {
 
 namespace {
@@ -39,8 +37,7 @@ HMENU makeMenu(HMENU menu, const std::vector<MenuEntry>& entries) {
     return menu;
 }
 
-/// A top-level window with a frame around the room inside. It has the middle of its place in its own middle,
-/// but never its caption above the screen.
+/// A top-level window with a frame, whose place is the room inside.
 class DialogWindow : public CanvasWindow {
 public:
     DialogWindow(Events& events, const FormStyle& style, TwipsPerPixel scale)
@@ -59,10 +56,8 @@ public:
         const PixelRect inside = toPixels(area, scale());
         RECT outside{inside.left, inside.top, inside.right, inside.bottom};
         AdjustWindowRectEx(&outside, styleOf(GWL_STYLE), GetMenu(native()) != nullptr, styleOf(GWL_EXSTYLE));
-        const LONG height = outside.bottom - outside.top;
-        const LONG top = std::max((inside.top + inside.bottom - height) / 2, 0L);
-        SetWindowPos(native(), nullptr, outside.left, top, outside.right - outside.left, height,
-                     SWP_NOZORDER | SWP_NOACTIVATE);
+        SetWindowPos(native(), nullptr, outside.left, outside.top, outside.right - outside.left,
+                     outside.bottom - outside.top, SWP_NOZORDER | SWP_NOACTIVATE);
     }
 
     void show(bool visible) override {
@@ -87,6 +82,10 @@ std::unique_ptr<Canvas> Win32System::createForm(const FormStyle& style) {
         return std::make_unique<DialogWindow>(*events_, style, twipsPerPixel());
     }
     return std::make_unique<FormWindow>(*events_, style, twipsPerPixel(), screenSize());
+}
+
+int Win32System::captionHeight(bool withMenu) {
+    return GetSystemMetrics(SM_CYCAPTION) + (withMenu ? GetSystemMetrics(SM_CYMENU) : 0);
 }
 
 Color Win32System::dialogColor() { return faceColor(); }

@@ -34,6 +34,7 @@ public:
     std::unique_ptr<ScrollBar> createScrollBar(Window& parent) override;
     std::unique_ptr<ListView> createListView(Window& parent, const std::vector<Column>& columns) override;
     std::unique_ptr<ProgressBar> createProgressBar(Window& parent) override;
+    int captionHeight(bool withMenu) override;
     Color dialogColor() override;
     Size measureText(const std::string& text, const Font& font) override;
     PicturePtr decodePicture(std::span<const std::uint8_t> bytes) override;
