@@ -66,6 +66,9 @@ int main(int, char** arguments) {
             take("down", [&] { click(form.cmdMoveDown); });
             take("up", [&] { click(form.cmdMoveUp); });
             // An insertion opens the editor, whose "Ok" brings the list back.
+            editor.show();
+            application.yield();
+            take("gone", [&] { editor.unload(); });
             double begun = measure::now();
             application.form<Prompter>().whenShown(editor, [&] {
                 times["insert"].push_back(measure::now() - begun);

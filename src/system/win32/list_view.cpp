@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace sys::win32 {
 
@@ -34,17 +35,17 @@ public:
     void setRows(const std::vector<RowTexts>& rows) override {
         rows_ = rows;
         select(-1);
-        takeCount();
+        countChanged();
     }
 
     void addRow() override {
         rows_.emplace_back(columnCount_);
-        takeCount();
+        countChanged();
     }
 
     void removeRow(int row) override {
         rows_.erase(rows_.begin() + row);
-        takeCount();
+        countChanged();
     }
 
     void setCellText(int row, int column, const std::string& text) override {
@@ -76,6 +77,7 @@ public:
     }
 
     std::optional<LRESULT> received(UINT message, WPARAM wParam, LPARAM lParam) override {
+        takeCount();
         switch (message) {
         case WM_GETDLGCODE:
             return DLGC_WANTARROWS | DLGC_WANTCHARS | (asksForEnter(lParam) ? DLGC_WANTMESSAGE : 0);
@@ -121,9 +123,16 @@ private:
             send(LVM_SETCOLUMNWIDTH, columnCount_ - 1, room);
     }
 
-    void takeCount() {
-        send(LVM_SETITEMCOUNT, rows_.size(), LVSICF_NOSCROLL | LVSICF_NOINVALIDATEALL);
+    /// The system is told at the next message, once for all rows that came or went until then: it takes
+    /// milliseconds each time.
+    void countChanged() {
+        counted_ = false;
         repaint();
+    }
+
+    void takeCount() {
+        if (!std::exchange(counted_, true))
+            send(LVM_SETITEMCOUNT, rows_.size(), LVSICF_NOSCROLL | LVSICF_NOINVALIDATEALL);
     }
 
     /// Once for all that changes until then.
@@ -204,6 +213,7 @@ private:
     int selected_ = -1;
     bool selecting_ = false; // the program does, not the user
     bool stale_ = false;     // a repaint is under way
+    bool counted_ = true;    // the system knows how many rows there are
 };
 
 } // namespace
