@@ -238,7 +238,9 @@ class KilledTest(DialogCase):
             self.assertEqual(written, sorted(written, reverse=True), "in their order")
             self.assertEqual([stored[key] for key in KEYS if stored[key] not in (old[key], new[key])], [])
             reached.add(sum(written))
-            Dialog(self, self.start_program(self.program, "/c")).close()
+            dialog = Dialog(self, self.start_program(self.program, "/c"))
+            dialog.close()
+            dialog.show.wait_for_end()  # before the next one is looked for
             if all(written):
                 self.check_show(self.frame().centre(picture))
         self.assertTrue(reached - {0, 6}, f"none was killed in the midst of saving: {reached}")

@@ -189,12 +189,14 @@ class OutOfSightTest(TransitionCase):
 class EndingInsideTest(TransitionCase):
     """A show that is ended in the midst of a transition."""
 
-    def check_ends(self, names, *actions, **settings):
+    def check_ends(self, names, *actions, again=False, **settings):
         for name in names:
             with self.subTest(name):
                 show, steps = self.start_steps([name], (330, 220), 10, DissolveDelay="200", **settings)
                 self.wait_for_midst(show, steps[0])
                 self.machine.act(*actions)
+                if again:
+                    wait_until(lambda: not show.running() or self.machine.act(*actions), "the moves don't end it")
                 show.wait_for_end()
 
     def test_by_a_key(self):
@@ -207,7 +209,8 @@ class EndingInsideTest(TransitionCase):
 
     def test_by_enough_moves(self):
         moves = [word for i in range(20) for word in ("mousemove", 100 + i, 100, "sleep", 0.01)]
-        self.check_ends([BLOCKS, *CURTAINS[1::2], *SLIDES[1::2]], *moves, MouseSensitivity="10")
+        # A loaded machine makes one of several moves that come close together.
+        self.check_ends([BLOCKS, *CURTAINS[1::2], *SLIDES[1::2]], *moves, again=True, MouseSensitivity="10")
 
 
 class RefusedTest(TransitionCase, PasswordCase):
