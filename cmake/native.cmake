@@ -41,6 +41,7 @@ endfunction()
 add_native_tests(unit)
 add_native_tests(program)
 add_native_tests(contract)
+set_tests_properties(program PROPERTIES COST 60) # so that it isn't the last to end
 
 foreach(module inspect inspect_show inspect_package)
     add_test(NAME tools.${module}
