@@ -4,10 +4,10 @@
 // item editor on one of the rows.
 #include "measure.h"
 
-#include "../support/prompter.h"
 #include "designer/frm_designer.h"
 #include "editor/frm_edit.h"
 #include "startup/shared_state.h"
+#include "support/prompter.h"
 #include "system/win32/system_win32.h"
 #include "toolkit/application.h"
 
