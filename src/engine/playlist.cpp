@@ -10,8 +10,6 @@
 
 #include <array>
 
-using toolkit::Application;
-
 namespace {
 
 std::string& entry(ItemTexts& texts, std::int16_t item) { return texts[static_cast<std::size_t>(item)]; }
