@@ -2,11 +2,12 @@
 
 import os
 import shutil
+import subprocess
 
 from case import SETTINGS, EndToEndCase
-from dialog import BM_CLICK, CB_SETCURSEL, HOME_PAGE, LBN_DBLCLK, LBN_SELCHANGE, Dialog
+from dialog import BM_CLICK, CB_SETCURSEL, CONTENTS, HOME_PAGE, LBN_DBLCLK, LBN_SELCHANGE, Dialog
 from pictures import quarters
-from session import wait_until
+from session import end, wait_until
 from test_package import PackageCase
 
 WM_LBUTTONDOWN, WM_LBUTTONUP = 0x201, 0x202
@@ -171,6 +172,21 @@ class FailureRoadsTest(DialogCase):
         self.assertEqual(dialog.message_box(), ("Tessellarium", "Path not found", ["OK"]))
         dialog.answer("OK")
         dialog.show.wait_for_end(code=1)
+
+
+class HelpTest(DialogCase):
+    def test_the_viewer_is_asked_for_the_contents_page_of_the_help_file(self):
+        viewer = subprocess.Popen(["wine", os.path.join(self.helpers, "help_viewer.exe")],
+                                  env=self.machine.environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                  stderr=subprocess.DEVNULL, text=True)
+        self.addCleanup(end, viewer)
+        self.assertEqual(viewer.stdout.readline(), "ready\n")
+        dialog = self.open()
+        dialog.choose_from_menu(CONTENTS)
+        self.assertEqual(viewer.stdout.readline().split("\t"),
+                         [str(dialog.form.handle), "3", "C:\\Program Files\\Tessellarium\\Tessellarium.HLP\n"])
+        dialog.close()
+        dialog.show.wait_for_end()
 
 
 class HomePageTest(DialogCase):
