@@ -3,12 +3,13 @@
 #include "designer/frm_designer.h"
 #include "startup/shared_state.h"
 
+#include <array>
 #include <utility>
 
 namespace {
 
-constexpr frmDesigner::Column columns[] = {frmDesigner::imagesColumn, frmDesigner::soundsColumn,
-                                           frmDesigner::dissolvesColumn, frmDesigner::commentsColumn};
+constexpr std::array columns = {frmDesigner::imagesColumn, frmDesigner::soundsColumn,
+                                frmDesigner::dissolvesColumn, frmDesigner::commentsColumn};
 
 /// The entry of a row.
 std::int16_t entryOf(std::int16_t row) { return static_cast<std::int16_t>(row - 1); }

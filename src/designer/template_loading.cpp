@@ -7,6 +7,7 @@
 #include "toolkit/failure_handling.h"
 
 #include <algorithm>
+#include <span>
 
 using toolkit::Application;
 
@@ -77,8 +78,9 @@ void frmDesigner::loadDissolve(const std::string& value, std::int16_t row) {
     if (row == 0) {
         return;
     }
-    const auto end = shared.DissolveNames.begin() + shared.DissolveLast + 1;
-    if (std::find(shared.DissolveNames.begin(), end, value) != end) {
+    const auto known =
+        std::span(shared.DissolveNames).first(static_cast<std::size_t>(shared.DissolveLast) + 1);
+    if (std::ranges::find(known, value) != known.end()) {
         ListView1.setText(row, dissolvesColumn, value);
     }
 }

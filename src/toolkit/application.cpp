@@ -89,10 +89,10 @@ void Application::formHides(const Form& form) {
 
 void Application::enableForms() {
     bool enabled = true;
-    for (auto form = shownForms_.rbegin(); form != shownForms_.rend(); ++form) {
-        (*form)->setEnabled(enabled);
-        enabled = enabled && !(*form)->modal_;
-    }
+    std::for_each(shownForms_.rbegin(), shownForms_.rend(), [&](Form* form) {
+        form->setEnabled(enabled);
+        enabled = enabled && !form->modal_;
+    });
 }
 
 void Application::markChanged(Canvas& canvas) {

@@ -8,6 +8,7 @@
 #include <span>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace toolkit {
 
@@ -50,7 +51,7 @@ public:
         std::size_t done = 0;
         while (done < block.size() && peek() != end) {
             const std::size_t count = std::min(block.size() - done, filled_ - next_);
-            std::copy_n(buffer_.get() + next_, count, block.begin() + static_cast<std::ptrdiff_t>(done));
+            std::copy_n(buffer_.data() + next_, count, block.begin() + static_cast<std::ptrdiff_t>(done));
             next_ += count;
             done += count;
         }
@@ -89,7 +90,7 @@ public:
     }
     void flush() {
         if (pending_ > 0) {
-            writeOut({buffer_.get(), std::exchange(pending_, 0)});
+            writeOut({buffer_.data(), std::exchange(pending_, 0)});
         }
     }
 
@@ -105,13 +106,9 @@ private:
             flush();
         }
         makeBuffer();
-        return buffer_.get() + pending_;
+        return buffer_.data() + pending_;
     }
-    void makeBuffer() {
-        if (!buffer_) {
-            buffer_ = std::make_unique_for_overwrite<char[]>(bufferSize);
-        }
-    }
+    void makeBuffer() { buffer_.resize(bufferSize); }
     /// What can't be written is lost all the same: a failure is met once.
     void writeOut(std::string_view text) {
         file_->seek(std::exchange(bufferStart_, bufferStart_ + static_cast<std::int64_t>(text.size())));
@@ -120,16 +117,16 @@ private:
     void refill() {
         flush();
         makeBuffer();
-        std::copy(buffer_.get() + next_, buffer_.get() + filled_, buffer_.get());
+        std::copy(buffer_.data() + next_, buffer_.data() + filled_, buffer_.data());
         bufferStart_ += static_cast<std::int64_t>(next_);
         filled_ -= next_;
         next_ = 0;
         file_->seek(bufferStart_ + static_cast<std::int64_t>(filled_));
-        filled_ += file_->read(buffer_.get() + filled_, bufferSize - filled_);
+        filled_ += file_->read(buffer_.data() + filled_, bufferSize - filled_);
     }
 
     std::unique_ptr<sys::File> file_;
-    std::unique_ptr<char[]> buffer_;
+    std::vector<char> buffer_;     // empty until it is needed
     std::int64_t bufferStart_ = 0; // the 0-based offset in the file of the buffer's first byte
     std::size_t next_ = 0;         // of what was read ahead: the next byte, and
     std::size_t filled_ = 0;       // where it ends

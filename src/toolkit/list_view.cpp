@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 namespace toolkit {
 
@@ -19,8 +20,8 @@ std::size_t checked(std::int16_t position, std::size_t count) {
 
 } // namespace
 
-ListView::ListView(Container& container, const Design& design, const std::vector<ColumnDesign>& columns)
-    : Control(container, design), columns_(columns) {}
+ListView::ListView(Container& container, const Design& design, std::vector<ColumnDesign> columns)
+    : Control(container, design), columns_(std::move(columns)) {}
 
 std::size_t ListView::indexOf(std::int16_t row) const { return checked(row, rows_.size()); }
 

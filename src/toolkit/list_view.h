@@ -21,7 +21,7 @@ struct ColumnDesign {
 /// one the row that took its place, or the last. What the user does selects another row or leaves it.
 class ListView : public Control {
 public:
-    ListView(Container& container, const Design& design, const std::vector<ColumnDesign>& columns);
+    ListView(Container& container, const Design& design, std::vector<ColumnDesign> columns);
 
     /// 16 bits wide: of more rows the first 32767 can be reached.
     std::int16_t rowCount() const;

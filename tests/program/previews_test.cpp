@@ -54,7 +54,7 @@ protected:
 class TemplatePicker : public Previews {
 protected:
     TemplatePicker() {
-        for (const char* path : {"C:\\t\\a.txt", "C:\\t\\b.TXT", "C:\\t\\c.text", "C:\\t\\in\\d.txt",
+        for (const char* path : {"C:\\t\\a.txt", "C:\\t\\b.TXT", "C:\\t\\c.text", R"(C:\t\in\d.txt)",
                                  "T:\\Tessellarium\\here.txt", "T:\\Tessellarium\\here.bmp"}) {
             program.machine.files().addFile(path, "");
         }

@@ -127,7 +127,7 @@ TEST_F(SettingsDialog, SyncPathsFromText_TakesTheTextApartByTheMode) {
          {Row{0, "C:\\templates\\show.txt", "C:\\templates\\", "show.txt"},
           Row{0, "show.txt", "\\", "show.txt"}, Row{0, "", "\\", ""},
           Row{1, "C:\\pictures\\", "C:\\pictures\\", ""}, Row{1, "C:\\pictures", "C:\\pictures\\", ""},
-          Row{1, "C:\\templates\\show.txt", "C:\\templates\\show.txt\\", ""}}) {
+          Row{1, "C:\\templates\\show.txt", R"(C:\templates\show.txt\)", ""}}) {
         shared.AllImages = row.mode;
         dialog.txtImageListFile.setText(row.text);
         dialog.SyncPathsFromText();

@@ -14,7 +14,6 @@
 namespace {
 
 using colors::red;
-using sys::black;
 
 constexpr std::array withPauses = {"Random Blocks",          "Top To Bottom",        "Bottom To Top",
                                    "Top/Bottom To Center",   "Random Horizontal",    "Left To Right",
