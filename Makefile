@@ -5,13 +5,17 @@ JOBS := $(shell nproc)
 # Two more: the end-to-end tests mostly wait.
 TEST_JOBS := $(shell expr $(JOBS) + 2)
 
-.PHONY: all show test bench fuzz format lint clean configure
+.PHONY: all release show test bench fuzz format lint clean configure
 
 # The product and the inspection tool.
 all:
 	tools/setup build
 	$(MAKE) --no-print-directory configure
 	cmake --build $(BUILD) --parallel $(JOBS) --target product
+
+# What users are given: the screen saver and its manual, in build/Tessellarium-VERSION.zip.
+release: all
+	cpack --config $(BUILD)/CPackConfig.cmake -B $(BUILD)
 
 show: all
 	tools/setup show

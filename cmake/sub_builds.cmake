@@ -38,7 +38,9 @@ if(MINGW_COMPILER)
     add_test(NAME product.package
         COMMAND "${PROJECT_SOURCE_DIR}/tests/product/package_test.py" "${PROJECT_BINARY_DIR}/Tessellarium.scr"
                 "$<TARGET_FILE:tessellarium-inspect>")
-    set_tests_properties(product.file product.package PROPERTIES LABELS product TIMEOUT 300)
+    add_test(NAME product.release
+        COMMAND "${PROJECT_SOURCE_DIR}/tests/product/release_test.py" "${PROJECT_BINARY_DIR}")
+    set_tests_properties(product.file product.package product.release PROPERTIES LABELS product TIMEOUT 300)
 
     add_test(NAME contract.under_wine
         COMMAND "${PROJECT_SOURCE_DIR}/tools/with-wine" --template "${PROJECT_BINARY_DIR}/wine_template"
