@@ -11,6 +11,7 @@
 
 using toolkit::Application;
 
+/// The rows go before the file is opened, so that one that can't be leaves none of them: meant so.
 void frmDesigner::PerformLoad() {
     toolkit::FileTable& files = toolkit::fileTable();
     toolkit::handlingFailures(

@@ -152,6 +152,9 @@ void frmEdit::cmdCancel_Click() {
     unload();
 }
 
+// A folder on a server has no drive to go back to, so that the assignment fails, and ends the program: meant
+// so. "Cancel" resets as well.
+
 void frmEdit::cmdResetImage_Click() {
     ImageChanged = False;
     Drive1.setDrive(OriginalImageFolder.substr(0, 1));

@@ -40,6 +40,7 @@ void MainForm::Pause(const std::int16_t& Divisor) {
     WriteLog("E: MainForm Pause");
 }
 
+/// Nothing in the show calls it: meant so.
 void MainForm::Pause2(const std::int16_t& Milliseconds) {
     WriteLog("S: MainForm Pause2");
     const std::int64_t start = toolkit::platform().getTickCount();

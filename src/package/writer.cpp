@@ -114,7 +114,7 @@ void frmDesigner::WritePackage(const std::string& target) {
             }
             sys::Files& system = toolkit::systemFiles();
             if (system.exists(target)) {
-                system.remove(target);
+                system.remove(target); // also when a picture turns out to be missing: meant so
             }
             fileTable().open(packageFile, ownFileName(), OpenMode::input);
             const std::int64_t programLength = fileTable().length(packageFile);

@@ -41,8 +41,8 @@ void frmConfig::cmdExit_Click() {
     unload();
 }
 
-/// Whether the template can be opened, or the user wants its name saved all the same. One that can't be
-/// opened at all ends the dialog.
+/// Whether the template can be opened, or the user wants its name saved all the same. They are asked only
+/// when its folder is missing; any other failure, that of a missing file included, ends the dialog: meant so.
 bool frmConfig::templateMayBeSaved() {
     bool goOn = true;
     toolkit::handlingFailures(

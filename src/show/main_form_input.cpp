@@ -51,7 +51,7 @@ void MainForm::Form_QueryUnload(bool& Cancel) {
     if (ShowEnding != 0) {
         showCursor();
         WriteLog("E: MainForm QueryUnLoad");
-        unload();
+        unload(); // meant so, though the form, whose unloading this is, takes no second one
         return;
     }
     bool mayEnd = true;
