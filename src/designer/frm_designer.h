@@ -80,6 +80,7 @@ public:
 
     /// Appends a blank row; gives the new number of rows.
     std::int16_t AddRow();
+    /// Leaves no row, and no path.
     void ClearRows();
     /// Reads `TemplateFile` into the rows; a failure is told in a message box.
     void PerformLoad();
@@ -94,6 +95,7 @@ public:
     void WritePackage(const std::string& target);
     /// Removes rows without picture and sound, from `ListView1` alone; whether there was one.
     std::int16_t RemoveBlankRows();
+    /// Shows `current` / `total` in the progress bar, which is drawn only when that changes it.
     void UpdateThinking(const std::int32_t& current, const std::int32_t& total);
 
 private:

@@ -25,7 +25,7 @@ void MainForm::RandomBlockPaint() {
     WriteLog("E: MainForm RandomBlockPaint");
 }
 
-/// Paints the block at a 1-based column and row. What the division by `Blocks` leaves at the far edges is
+/// What the division by `Blocks` leaves at the far edges is
 /// never drawn: meant so.
 void MainForm::DisplayBlock(std::int16_t Column, std::int16_t Row) {
     if (ShowEnding != 0) {

@@ -58,7 +58,6 @@ void MainForm::displayStrip(std::int16_t strip, std::int16_t Vertical) {
     }
 }
 
-/// Paints the strip with a 1-based number, `Column` or `Row` as `Vertical` tells.
 void MainForm::DisplayCurtain(std::int16_t Column, std::int16_t Row, std::int16_t Vertical) {
     if (ShowEnding != 0) {
         return;

@@ -28,7 +28,6 @@ std::int32_t wrap32(std::int64_t ticks) {
 
 } // namespace
 
-/// Waits `DissolveDelay` / `Divisor` milliseconds.
 void MainForm::Pause(const std::int16_t& Divisor) {
     WriteLog("S: MainForm Pause");
     if (observer != nullptr) {
@@ -40,7 +39,6 @@ void MainForm::Pause(const std::int16_t& Divisor) {
     WriteLog("E: MainForm Pause");
 }
 
-/// Nothing in the show calls it: meant so.
 void MainForm::Pause2(const std::int16_t& Milliseconds) {
     WriteLog("S: MainForm Pause2");
     const std::int64_t start = toolkit::platform().getTickCount();

@@ -103,6 +103,7 @@ public:
 
     /// Puts frames, guidance, mode boxes, enabled states and folder lists in line with the mode.
     void ArrangeMode();
+    /// What there is to do in the present mode, into `txtHelper`.
     void ShowHelperText();
     /// `ImagePath` and `ImageListFile` from the text of `txtImageListFile`.
     void SyncPathsFromText();

@@ -52,28 +52,51 @@ public:
     std::int16_t ShowEnding = 0; // a flag: `QueryUnload` has let the show end
     std::string ExtractedSound;  // the sound file last taken from the package, "" for none
 
+    // The transitions paint the picture of `Image1` on `Picture1`; the slides on the form, with `Picture1`
+    // hidden. All but the slides stop when the show ends.
+
+    /// All at once.
     void NormalDisplay();
+    /// Strip by strip, in columns if `Vertical`; from the right or from below if `Reverse`.
     void NormalCurtainPaint(const std::int16_t& Vertical, const std::int16_t& Reverse);
+    /// From both edges to the middle.
     void DeluxeCurtainPaint(const std::int16_t& Vertical);
     void RandomBlockPaint();
     void RandomCurtainPaint(const std::int16_t& Vertical);
+    /// Both 1-based.
     void DisplayBlock(std::int16_t Column, std::int16_t Row);
+    /// The strip `Column` if `Vertical`, else `Row`; 1-based.
     void DisplayCurtain(std::int16_t Column, std::int16_t Row, std::int16_t Vertical);
-    std::int16_t ReadSCR();
-    std::int16_t LoadImbeddedImage(const std::int16_t& index);
-    void LoadImbeddedSound(const std::int16_t& index);
-    void DisableTimers(std::int16_t& Timer1WasOn, std::int16_t& Timer2WasOn);
-    void EnableTimers(const std::int16_t& Timer1WasOn, const std::int16_t& Timer2WasOn);
-
-    void LoadImage();
-    void LoadFiles();
-    void Pause(const std::int16_t& Divisor);
-    void Pause2(const std::int16_t& Milliseconds);
     void SlideBottom2Center();
     void SlideTop2Center();
     void SlideLeft2Center();
     void SlideRight2Center();
+    /// Yields for `DissolveDelay` / `Divisor` milliseconds, once at least, or until the show ends.
+    void Pause(const std::int16_t& Divisor);
+    /// The same for so many milliseconds. Nothing in the show calls it: meant so.
+    void Pause2(const std::int16_t& Milliseconds);
+
+    /// Turn both timers off, and those on again that were on: `True`.
+    void DisableTimers(std::int16_t& Timer1WasOn, std::int16_t& Timer2WasOn);
+    void EnableTimers(const std::int16_t& Timer1WasOn, const std::int16_t& Timer2WasOn);
+
+    /// One step of the show. A failure is shown in place of a picture.
+    void LoadImage();
+    /// Fills the playlist by the settings. A failure empties it and becomes the first item's comment.
+    void LoadFiles();
+    /// The text with each "^" turned into CR LF.
     std::string FormatComment(const std::string& text);
+
+    /// Fills the playlist and the tables of positions from the program's own file; False when that is no
+    /// package. A failure (6, 9, or that of a file) leaves the rows that were read.
+    std::int16_t ReadSCR();
+    /// Takes the picture of a row, 0-based, out to `temporaryPicture()`; False when it has none. Fails with 9
+    /// for a row that the tables don't hold, with 62 for a segment behind the file's end, and as files do
+    /// (75); the timers stay off then.
+    std::int16_t LoadImbeddedImage(const std::int16_t& index);
+    /// Takes the sound of a row, 0-based, out to the file `ExtractedSound`. Fails as `LoadImbeddedImage`, and
+    /// with 75 for an extension that would lead to another file than a sound's.
+    void LoadImbeddedSound(const std::int16_t& index);
 
     /// Who watches the show; the product sets none.
     ShowObserver* observer = nullptr;
