@@ -96,7 +96,7 @@ public:
     /// Removes rows without picture and sound, from `ListView1` alone; whether there was one.
     std::int16_t RemoveBlankRows();
     /// Shows `current` / `total` in the progress bar, which is drawn only when that changes it.
-    void UpdateThinking(const std::int32_t& current, const std::int32_t& total);
+    void UpdateThinking(std::int32_t current, std::int32_t total);
 
 private:
     void bindHandlers();

@@ -8,7 +8,7 @@
 using toolkit::wrap16;
 
 /// The trace calls it by another name: meant so.
-void MainForm::NormalCurtainPaint(const std::int16_t& Vertical, const std::int16_t& Reverse) {
+void MainForm::NormalCurtainPaint(std::int16_t Vertical, std::int16_t Reverse) {
     WriteLog("S: MainForm NormalCurtainDisplay");
     Picture1.setVisible(true);
     for (std::int16_t count = 1; count <= shared.Blocks && ShowEnding == 0; ++count) {
@@ -17,7 +17,7 @@ void MainForm::NormalCurtainPaint(const std::int16_t& Vertical, const std::int16
     WriteLog("E: MainForm NormalCurtainDisplay");
 }
 
-void MainForm::DeluxeCurtainPaint(const std::int16_t& Vertical) {
+void MainForm::DeluxeCurtainPaint(std::int16_t Vertical) {
     WriteLog("S: MainForm DeluxeCurtainPaint");
     Picture1.setVisible(true);
     std::int16_t First = 1;
@@ -33,7 +33,7 @@ void MainForm::DeluxeCurtainPaint(const std::int16_t& Vertical) {
 }
 
 /// Doesn't make `Picture1` visible: after a slide the strips are painted out of sight. Meant so.
-void MainForm::RandomCurtainPaint(const std::int16_t& Vertical) {
+void MainForm::RandomCurtainPaint(std::int16_t Vertical) {
     WriteLog("S: MainForm RandomCurtainPaint");
     UsedCells used{};
     std::int16_t Remaining = shared.Blocks;

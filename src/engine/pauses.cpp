@@ -1,4 +1,4 @@
-// The pauses inside the transitions, and the guards that keep the show's timers off meanwhile.
+// The pauses inside the transitions, and the pair of calls that keeps the show's timers off meanwhile.
 #include "show/main_form.h"
 #include "startup/shared_state.h"
 #include "startup/trace.h"
@@ -10,10 +10,10 @@ using toolkit::Application;
 
 namespace {
 
-/// Yields until the tick count has reached `end`, at least once. The comparison is signed: a pause across
-/// the count's change of sign ends at once or runs long. Meant so: it keeps the processor busy, as a pause of
-/// a few milliseconds would come out too long with any sleep, and of `ShowEnding` only the value True ends
-/// it.
+/// Yields until the tick count has reached `end`, at least once. Meant so:
+/// - It keeps the processor busy, as with any sleep a pause of a few milliseconds would come out too long.
+/// - The comparison is signed: a pause across the count's change of sign ends at once or runs long.
+/// - Of `ShowEnding`, which handlers write meanwhile, only the value True ends it.
 void yieldUntil(std::int32_t end, const std::int16_t& ShowEnding) {
     Application& application = Application::current();
     do {
@@ -28,7 +28,7 @@ std::int32_t wrap32(std::int64_t ticks) {
 
 } // namespace
 
-void MainForm::Pause(const std::int16_t& Divisor) {
+void MainForm::Pause(std::int16_t Divisor) {
     WriteLog("S: MainForm Pause");
     if (observer != nullptr) {
         observer->paused(Divisor);
@@ -39,7 +39,7 @@ void MainForm::Pause(const std::int16_t& Divisor) {
     WriteLog("E: MainForm Pause");
 }
 
-void MainForm::Pause2(const std::int16_t& Milliseconds) {
+void MainForm::Pause2(std::int16_t Milliseconds) {
     WriteLog("S: MainForm Pause2");
     const std::int64_t start = toolkit::platform().getTickCount();
     yieldUntil(wrap32(start + Milliseconds), ShowEnding);
@@ -60,7 +60,7 @@ void MainForm::DisableTimers(std::int16_t& Timer1WasOn, std::int16_t& Timer2WasO
     }
 }
 
-void MainForm::EnableTimers(const std::int16_t& Timer1WasOn, const std::int16_t& Timer2WasOn) {
+void MainForm::EnableTimers(std::int16_t Timer1WasOn, std::int16_t Timer2WasOn) {
     WriteLog("Enable Timers");
     if (Timer1WasOn == True) {
         Timer1.setEnabled(true);

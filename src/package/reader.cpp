@@ -35,8 +35,8 @@ template <class Table> auto& entry(Table& table, std::int16_t row) {
     return table[static_cast<std::size_t>(row)];
 }
 
-/// Copies blocks, each written whole, until the position in `source` has reached `end` or the show ends.
-/// A block that gets nothing is failure 62.
+/// Copies blocks, each written whole, until the position in `source` has reached `end` or the show ends,
+/// which `ShowEnding` tells at each block. A block that gets nothing is failure 62.
 void copySegment(int source, int target, std::int32_t end, std::size_t blockSize,
                  const std::int16_t& ShowEnding) {
     while (fileTable().position(source) < end && ShowEnding == 0) {
@@ -102,7 +102,7 @@ std::int16_t MainForm::ReadSCR() {
     return True;
 }
 
-std::int16_t MainForm::LoadImbeddedImage(const std::int16_t& index) {
+std::int16_t MainForm::LoadImbeddedImage(std::int16_t index) {
     constexpr int own = 3;
     constexpr int picture = 4;
     WriteLog(ImageLoading != 0 ? "True" : "False");
@@ -133,7 +133,7 @@ std::int16_t MainForm::LoadImbeddedImage(const std::int16_t& index) {
 
 /// The timers, off meanwhile, count anew afterwards: a list of sounds all shorter than the show's interval
 /// keeps its first picture. Meant so.
-void MainForm::LoadImbeddedSound(const std::int16_t& index) {
+void MainForm::LoadImbeddedSound(std::int16_t index) {
     constexpr int own = 1;
     constexpr int sound = 2;
     ExtractedSound = "";

@@ -321,7 +321,7 @@ std::int16_t frmDesigner::RemoveBlankRows() {
     return removed;
 }
 
-void frmDesigner::UpdateThinking(const std::int32_t& current, const std::int32_t& total) {
+void frmDesigner::UpdateThinking(std::int32_t current, std::int32_t total) {
     const std::int32_t before = toolkit::round32(ProgressBar1.value());
     ProgressBar1.setValue(static_cast<float>(current) / static_cast<float>(total) * 100);
     if (ProgressBar1.value() != static_cast<float>(before)) {

@@ -58,11 +58,11 @@ public:
     /// All at once.
     void NormalDisplay();
     /// Strip by strip, in columns if `Vertical`; from the right or from below if `Reverse`.
-    void NormalCurtainPaint(const std::int16_t& Vertical, const std::int16_t& Reverse);
+    void NormalCurtainPaint(std::int16_t Vertical, std::int16_t Reverse);
     /// From both edges to the middle.
-    void DeluxeCurtainPaint(const std::int16_t& Vertical);
+    void DeluxeCurtainPaint(std::int16_t Vertical);
     void RandomBlockPaint();
-    void RandomCurtainPaint(const std::int16_t& Vertical);
+    void RandomCurtainPaint(std::int16_t Vertical);
     /// Both 1-based.
     void DisplayBlock(std::int16_t Column, std::int16_t Row);
     /// The strip `Column` if `Vertical`, else `Row`; 1-based.
@@ -72,13 +72,13 @@ public:
     void SlideLeft2Center();
     void SlideRight2Center();
     /// Yields for `DissolveDelay` / `Divisor` milliseconds, once at least, or until the show ends.
-    void Pause(const std::int16_t& Divisor);
+    void Pause(std::int16_t Divisor);
     /// The same for so many milliseconds. Nothing in the show calls it: meant so.
-    void Pause2(const std::int16_t& Milliseconds);
+    void Pause2(std::int16_t Milliseconds);
 
     /// Turn both timers off, and those on again that were on: `True`.
     void DisableTimers(std::int16_t& Timer1WasOn, std::int16_t& Timer2WasOn);
-    void EnableTimers(const std::int16_t& Timer1WasOn, const std::int16_t& Timer2WasOn);
+    void EnableTimers(std::int16_t Timer1WasOn, std::int16_t Timer2WasOn);
 
     /// One step of the show. A failure is shown in place of a picture.
     void LoadImage();
@@ -93,10 +93,10 @@ public:
     /// Takes the picture of a row, 0-based, out to `temporaryPicture()`; False when it has none. Fails with 9
     /// for a row that the tables don't hold, with 62 for a segment behind the file's end, and as files do
     /// (75); the timers stay off then.
-    std::int16_t LoadImbeddedImage(const std::int16_t& index);
+    std::int16_t LoadImbeddedImage(std::int16_t index);
     /// Takes the sound of a row, 0-based, out to the file `ExtractedSound`. Fails as `LoadImbeddedImage`, and
     /// with 75 for an extension that would lead to another file than a sound's.
-    void LoadImbeddedSound(const std::int16_t& index);
+    void LoadImbeddedSound(std::int16_t index);
 
     /// Who watches the show; the product sets none.
     ShowObserver* observer = nullptr;
