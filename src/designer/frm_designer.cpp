@@ -88,14 +88,6 @@ bool frmDesigner::isBlank(std::int16_t row) const {
            ListView1.text(row, commentsColumn).empty();
 }
 
-const std::string& frmDesigner::imagePath(std::int16_t row) const {
-    return lstImagePath.list(static_cast<std::int16_t>(row - 1));
-}
-
-const std::string& frmDesigner::soundPath(std::int16_t row) const {
-    return lstSoundPath.list(static_cast<std::int16_t>(row - 1));
-}
-
 void frmDesigner::takeSoundMode() {
     shared.SoundMode = noSound;
     if (optSync1.value()) {

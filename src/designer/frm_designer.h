@@ -15,9 +15,11 @@
 #include "toolkit/list_box.h"
 #include "toolkit/list_view.h"
 #include "toolkit/menu.h"
+#include "toolkit/numbers.h"
 #include "toolkit/option_button.h"
 #include "toolkit/progress_bar.h"
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -36,6 +38,7 @@ public:
         dissolvesColumn = 3, // a transition; "" for the general one
         commentsColumn = 4,  // one line, with "^" for each line break
     };
+    static constexpr std::array columns = {imagesColumn, soundsColumn, dissolvesColumn, commentsColumn};
 
     std::string TemplateFile;       // whole path; "" for a new template
     std::string TemplateFolder;     // what relative names in the template begin with
@@ -77,6 +80,11 @@ public:
     toolkit::CommonDialog  CommonDialog1{*this};
 
     // clang-format on
+
+    /// The entry of a row, 1-based, in `lstImagePath` and `lstSoundPath`.
+    static std::int16_t entryOf(std::int16_t row) { return toolkit::wrap16(row - 1); }
+    const std::string& imagePath(std::int16_t row) const { return lstImagePath.list(entryOf(row)); }
+    const std::string& soundPath(std::int16_t row) const { return lstSoundPath.list(entryOf(row)); }
 
     /// Appends a blank row; gives the new number of rows.
     std::int16_t AddRow();
@@ -129,8 +137,6 @@ private:
     bool isBlank(std::int16_t row) const;
     bool hasImage(std::int16_t row) const { return !ListView1.text(row, imagesColumn).empty(); }
     bool hasSound(std::int16_t row) const { return !ListView1.text(row, soundsColumn).empty(); }
-    const std::string& imagePath(std::int16_t row) const;
-    const std::string& soundPath(std::int16_t row) const;
 
     // The parts of `WritePackage`.
     std::string refusal(const std::string& target);

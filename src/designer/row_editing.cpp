@@ -48,15 +48,14 @@ void frmDesigner::ListView1_DblClick() {
 void frmDesigner::takeEdited(const frmEdit& editor) {
     const std::int16_t row = ListView1.selectedRow();
     const bool wasBlank = isBlank(row);
-    const auto entry = static_cast<std::int16_t>(row - 1);
     if (editor.ImageChanged != False) {
         ListView1.setText(row, imagesColumn, editor.ItemImageName);
-        lstImagePath.setList(entry, editor.ItemImagePath);
+        lstImagePath.setList(entryOf(row), editor.ItemImagePath);
         TemplateDirty = True;
     }
     if (editor.SoundChanged != False) {
         ListView1.setText(row, soundsColumn, editor.ItemSoundName);
-        lstSoundPath.setList(entry, editor.ItemSoundPath);
+        lstSoundPath.setList(entryOf(row), editor.ItemSoundPath);
         TemplateDirty = True;
     }
     if (editor.DissolveChanged != False) {

@@ -2,19 +2,9 @@
 // in all three stores; only the last row comes or goes.
 #include "designer/frm_designer.h"
 #include "startup/shared_state.h"
+#include "toolkit/numbers.h"
 
-#include <array>
-#include <utility>
-
-namespace {
-
-constexpr std::array columns = {frmDesigner::imagesColumn, frmDesigner::soundsColumn,
-                                frmDesigner::dissolvesColumn, frmDesigner::commentsColumn};
-
-/// The entry of a row.
-std::int16_t entryOf(std::int16_t row) { return static_cast<std::int16_t>(row - 1); }
-
-} // namespace
+using toolkit::wrap16;
 
 void frmDesigner::copyRow(std::int16_t from, std::int16_t to) {
     for (const Column column : columns) {
@@ -41,7 +31,7 @@ void frmDesigner::cmdInsert_Click() {
     AddRow();
     const std::int16_t inserted = ListView1.selectedRow();
     for (std::int16_t row = ListView1.rowCount(); row > inserted; --row) {
-        copyRow(static_cast<std::int16_t>(row - 1), row);
+        copyRow(wrap16(row - 1), row);
     }
     for (const Column column : columns) {
         ListView1.setText(inserted, column, "");
@@ -62,7 +52,7 @@ void frmDesigner::cmdDelete_Click() {
         return;
     }
     for (std::int16_t row = ListView1.selectedRow(); row < last; ++row) {
-        copyRow(static_cast<std::int16_t>(row + 1), row);
+        copyRow(wrap16(row + 1), row);
     }
     ListView1.removeRow(last);
     lstImagePath.removeItem(entryOf(lstImagePath.listCount()));
@@ -75,7 +65,7 @@ void frmDesigner::cmdMoveUp_Click() {
     if (row == 1) {
         return;
     }
-    const auto partner = static_cast<std::int16_t>(row - 1);
+    const std::int16_t partner = wrap16(row - 1);
     exchangeRows(row, partner);
     ListView1.selectRow(partner);
     TemplateDirty = True;
@@ -86,7 +76,7 @@ void frmDesigner::cmdMoveDown_Click() {
     if (row == ListView1.rowCount()) {
         return;
     }
-    const auto partner = static_cast<std::int16_t>(row + 1);
+    const std::int16_t partner = wrap16(row + 1);
     exchangeRows(row, partner);
     ListView1.selectRow(partner);
     TemplateDirty = True;

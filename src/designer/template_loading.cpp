@@ -70,7 +70,7 @@ std::int16_t frmDesigner::loadImage(const std::string& value) {
     const std::int16_t row = AddRow();
     Parser.setFileSpec(value);
     ListView1.setText(row, imagesColumn, Parser.FileName);
-    lstImagePath.setList(static_cast<std::int16_t>(row - 1), inTemplateFolder(value));
+    lstImagePath.setList(entryOf(row), inTemplateFolder(value));
     return row;
 }
 
@@ -94,7 +94,7 @@ std::int16_t frmDesigner::loadSound(const std::string& value, std::int16_t row) 
     }
     if (row != 0) {
         ListView1.setText(row, soundsColumn, Parser.FileName);
-        lstSoundPath.setList(static_cast<std::int16_t>(row - 1), inTemplateFolder(value));
+        lstSoundPath.setList(entryOf(row), inTemplateFolder(value));
     }
     return row;
 }

@@ -174,9 +174,7 @@ std::string frmDesigner::refusal(const std::string& target) {
         return present && system.length(path) == targetLength && system.same(target, path);
     };
     for (std::int16_t row = 1; row <= rows; ++row) {
-        const auto index = static_cast<std::int16_t>(row - 1);
-        if (isTarget(hasImage(row), lstImagePath.list(index)) ||
-            isTarget(hasSound(row), lstSoundPath.list(index))) {
+        if (isTarget(hasImage(row), imagePath(row)) || isTarget(hasSound(row), soundPath(row))) {
             return "This file belongs to the template, and would be lost. Choose another name.";
         }
     }
@@ -202,9 +200,8 @@ std::int64_t frmDesigner::packageLength() const {
         }
     };
     for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
-        const auto index = static_cast<std::int16_t>(row - 1);
-        addSegment(hasImage(row), lstImagePath.list(index));
-        addSegment(hasSound(row), lstSoundPath.list(index));
+        addSegment(hasImage(row), imagePath(row));
+        addSegment(hasSound(row), soundPath(row));
         directory += ListView1.text(row, dissolvesColumn).size() + 2;
         directory += ListView1.text(row, commentsColumn).size() + 2;
         directory += 3 + 2;
@@ -216,9 +213,8 @@ std::int64_t frmDesigner::packageLength() const {
 /// The path of the first picture that isn't there; nothing when all are. Sounds aren't looked for.
 std::optional<std::string> frmDesigner::missingImage() const {
     for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
-        const std::string& path = lstImagePath.list(static_cast<std::int16_t>(row - 1));
-        if (hasImage(row) && !toolkit::systemFiles().exists(path)) {
-            return path;
+        if (hasImage(row) && !toolkit::systemFiles().exists(imagePath(row))) {
+            return imagePath(row);
         }
     }
     return {};
@@ -238,7 +234,6 @@ void frmDesigner::copyProgram(const std::string& target) {
 
 /// Appends the picture and the sound of a row, and notes where they stand.
 void frmDesigner::appendMedia(std::int16_t row) {
-    const auto index = static_cast<std::int16_t>(row - 1);
     const auto append = [&](bool present, const std::string& path, const char* text, ItemPositions& starts,
                             ItemPositions& ends) {
         entry(starts, row) = 0;
@@ -258,11 +253,11 @@ void frmDesigner::appendMedia(std::int16_t row) {
     if (hasImage(row)) {
         WriteLog("Writing ", ListView1.text(row, imagesColumn));
     }
-    append(hasImage(row), lstImagePath.list(index), "Appending Images", shared.ImageStart, shared.ImageEnd);
+    append(hasImage(row), imagePath(row), "Appending Images", shared.ImageStart, shared.ImageEnd);
     if (hasSound(row)) {
         WriteLog("Writing ", ListView1.text(row, soundsColumn));
     }
-    append(hasSound(row), lstSoundPath.list(index), "Appending Sounds", shared.SoundStart, shared.SoundEnd);
+    append(hasSound(row), soundPath(row), "Appending Sounds", shared.SoundStart, shared.SoundEnd);
 }
 
 void frmDesigner::appendDirectory(const std::string& target, std::int32_t directory) {
@@ -279,7 +274,7 @@ void frmDesigner::appendDirectory(const std::string& target, std::int32_t direct
         write(numberLine(entry(shared.SoundEnd, row)));
         std::string extension;
         // By the path and not by the column: meant so.
-        if (const std::string& path = lstSoundPath.list(static_cast<std::int16_t>(row - 1)); !path.empty()) {
+        if (const std::string& path = soundPath(row); !path.empty()) {
             Parser.setFileSpec(path);
             extension = Parser.Extension.substr(0, 3);
         }
@@ -297,7 +292,7 @@ void frmDesigner::appendDirectory(const std::string& target, std::int32_t direct
 std::vector<std::string> frmDesigner::content() const {
     std::vector<std::string> texts;
     for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
-        for (const Column column : {imagesColumn, soundsColumn, dissolvesColumn, commentsColumn}) {
+        for (const Column column : columns) {
             texts.push_back(ListView1.text(row, column));
         }
         texts.push_back(imagePath(row));

@@ -24,13 +24,12 @@ int inspectTemplate(const std::vector<std::string>& words) {
         const auto column = [&](frmDesigner::Column name) {
             return jsonText(form.ListView1.text(row, name));
         };
-        const auto index = static_cast<std::int16_t>(row - 1);
         print({{"image", column(frmDesigner::imagesColumn)},
                {"sound", column(frmDesigner::soundsColumn)},
                {"dissolve", column(frmDesigner::dissolvesColumn)},
                {"comment", column(frmDesigner::commentsColumn)},
-               {"imagePath", jsonText(form.lstImagePath.list(index))},
-               {"soundPath", jsonText(form.lstSoundPath.list(index))}});
+               {"imagePath", jsonText(form.imagePath(row))},
+               {"soundPath", jsonText(form.soundPath(row))}});
     }
     if (arguments.has("--write")) {
         const std::string target = AddBackslash(run.machine().identity().folder) + "template.txt";

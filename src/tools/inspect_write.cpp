@@ -28,8 +28,8 @@ void requireNothingLost(const std::string& out, const std::string& program, cons
     };
     bool lost = same(out, program) || isOut(templatePath);
     const frmDesigner& form = run.form();
-    for (std::int16_t row = 0; row < form.ListView1.rowCount(); ++row) {
-        lost = lost || isOut(form.lstImagePath.list(row)) || isOut(form.lstSoundPath.list(row));
+    for (std::int16_t row = 1; row <= form.ListView1.rowCount(); ++row) {
+        lost = lost || isOut(form.imagePath(row)) || isOut(form.soundPath(row));
     }
     if (lost) {
         throw WrongCall("\"" + out + "\" is needed for the package, and would be lost");
@@ -58,8 +58,7 @@ void warnOfLosses(DesignerRun& run) {
             warn(item + "a comma or a double quote cuts its comment off, and the rest of the package may be "
                         "misread");
         }
-        if (!sound.empty() &&
-            !run.machine().files().exists(form.lstSoundPath.list(static_cast<std::int16_t>(row - 1)))) {
+        if (!sound.empty() && !run.machine().files().exists(form.soundPath(row))) {
             warn(item + "its sound is missing");
         }
     }

@@ -86,7 +86,7 @@ public:
     static void addRow(frmDesigner& form, const std::string& path) {
         const std::int16_t row = form.AddRow();
         form.ListView1.setText(row, frmDesigner::imagesColumn, "picture");
-        form.lstImagePath.setList(static_cast<std::int16_t>(row - 1), path);
+        form.lstImagePath.setList(frmDesigner::entryOf(row), path);
     }
 
     void copyBare(const std::string& target) {

@@ -83,10 +83,9 @@ public:
         std::vector<Row> rows;
         for (std::int16_t row = 1; row <= form_.ListView1.rowCount(); ++row) {
             const auto text = [&](frmDesigner::Column column) { return form_.ListView1.text(row, column); };
-            const auto index = static_cast<std::int16_t>(row - 1);
             rows.push_back({text(frmDesigner::imagesColumn), text(frmDesigner::soundsColumn),
                             text(frmDesigner::dissolvesColumn), text(frmDesigner::commentsColumn),
-                            form_.lstImagePath.list(index), form_.lstSoundPath.list(index)});
+                            form_.imagePath(row), form_.soundPath(row)});
         }
         return rows;
     }

@@ -88,10 +88,9 @@ protected:
     // The document
     /// A row's four columns and two paths.
     std::vector<std::string> row(std::int16_t number) {
-        const auto index = static_cast<std::int16_t>(number - 1);
         return {form().ListView1.text(number, 1), form().ListView1.text(number, 2),
                 form().ListView1.text(number, 3), form().ListView1.text(number, 4),
-                form().lstImagePath.list(index),  form().lstSoundPath.list(index)};
+                form().imagePath(number),         form().soundPath(number)};
     }
     std::vector<std::string> column(std::int16_t number) {
         std::vector<std::string> texts;

@@ -50,8 +50,8 @@ protected:
         form().ListView1.setText(row, 2, nameOf(sound));
         form().ListView1.setText(row, 3, dissolve);
         form().ListView1.setText(row, 4, comment);
-        form().lstImagePath.setList(static_cast<std::int16_t>(row - 1), image);
-        form().lstSoundPath.setList(static_cast<std::int16_t>(row - 1), sound);
+        form().lstImagePath.setList(frmDesigner::entryOf(row), image);
+        form().lstSoundPath.setList(frmDesigner::entryOf(row), sound);
     }
     void write() {
         form().takeSoundMode();
