@@ -84,9 +84,7 @@ void frmDesigner::cmdMoveDown_Click() {
 
 /// The template's name stays, so that a save writes the empty document over it: meant so.
 void frmDesigner::cmdClear_Click() {
-    lstImagePath.clear();
-    lstSoundPath.clear();
-    ListView1.clearRows();
+    ClearRows();
     AddRow();
     TemplateDirty = True;
 }
