@@ -71,9 +71,7 @@ void frmConfig::save() {
     const auto write = [&](const char* key, const std::string& value) {
         store.write(settings::application, settings::section, key, value);
     };
-    const auto writeNumber = [&](const char* key, std::int16_t value) {
-        write(key, toolkit::textOf(std::int32_t{value}));
-    };
+    const auto writeNumber = [&](const char* key, std::int16_t value) { write(key, toolkit::textOf(value)); };
     write("ImagePath", shared.ImagePath);
     writeNumber("ImageInterval", shared.ImageInterval);
     write("ImageListFile", shared.ImageListFile);

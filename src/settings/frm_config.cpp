@@ -11,12 +11,11 @@
 #include "toolkit/numbers.h"
 
 using toolkit::Application;
+using toolkit::textOf;
 
 namespace {
 
 constexpr std::int16_t folderMode = 1; // `AllImages`; all else is Template Mode
-
-std::string number(std::int16_t value) { return toolkit::textOf(std::int32_t{value}); }
 
 } // namespace
 
@@ -68,16 +67,16 @@ void frmConfig::bindHandlers() {
     chkOrderSequential.click = [] { shared.ImageOrderRandom = 0; };
 
     ScrollInterval.change = [this] {
-        lblDelayInterval.setCaption("Delay Interval: " + number(ScrollInterval.value()) + " Seconds");
+        lblDelayInterval.setCaption("Delay Interval: " + textOf(ScrollInterval.value()) + " Seconds");
     };
     ScrollDissolveSize.change = [this] {
-        lblDissolveSize.setCaption("Dissolve Size: " + number(ScrollDissolveSize.value()));
+        lblDissolveSize.setCaption("Dissolve Size: " + textOf(ScrollDissolveSize.value()));
     };
     ScrollDissolveDelay.change = [this] {
-        lblDissolveDelay.setCaption("Dissolve Delay: " + number(ScrollDissolveDelay.value()));
+        lblDissolveDelay.setCaption("Dissolve Delay: " + textOf(ScrollDissolveDelay.value()));
     };
     ScrollMouseSensitivity.change = [this] {
-        lblMouseSensitivity.setCaption("Mouse Sensitivity: " + number(ScrollMouseSensitivity.value()));
+        lblMouseSensitivity.setCaption("Mouse Sensitivity: " + textOf(ScrollMouseSensitivity.value()));
     };
 
     Drive1.change = [this] { Drive1_Change(); };

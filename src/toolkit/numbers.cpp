@@ -65,6 +65,7 @@ std::string textOf(float value) {
     return {buffer.data(), result.ptr};
 }
 
+std::string textOf(std::int16_t value) { return std::to_string(value); }
 std::string textOf(std::int32_t value) { return std::to_string(value); }
 
 std::string signedTextOf(std::int32_t value) { return (value < 0 ? "" : " ") + textOf(value); }

@@ -28,6 +28,7 @@ bool beginsWithNumber(std::string_view text);
 
 /// A number as plain text: "3", "442.5".
 std::string textOf(float value);
+std::string textOf(std::int16_t value);
 std::string textOf(std::int32_t value);
 /// The same with a blank in the place of a sign that isn't there: " 3", "-3".
 std::string signedTextOf(std::int32_t value);

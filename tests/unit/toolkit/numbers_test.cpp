@@ -70,6 +70,7 @@ TEST(Numbers, TextOf_Numbers_ArePlain) {
     EXPECT_EQ(textOf(442.5F), "442.5");
     EXPECT_EQ(textOf(28800.0F), "28800");
     EXPECT_EQ(textOf(7), "7");
+    EXPECT_EQ(textOf(std::int16_t{-7}), "-7");
 }
 
 } // namespace
