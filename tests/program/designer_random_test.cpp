@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <initializer_list>
 #include <random>
 
 namespace {
@@ -190,8 +191,10 @@ protected:
     }
 
     int draw(int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(random); }
-    template <std::size_t count> std::optional<std::string> maybe(const char* const (&choices)[count]) {
-        return draw(2) == 0 ? std::nullopt : std::optional<std::string>(choices[draw(count)]);
+    std::optional<std::string> maybe(std::initializer_list<const char*> choices) {
+        return draw(2) == 0
+                   ? std::nullopt
+                   : std::optional<std::string>(choices.begin()[draw(static_cast<int>(choices.size()))]);
     }
     Entry drawEntry() {
         return {.image = maybe({"C:\\p\\a.jpg", "C:\\p\\b.jpg", "C:\\p\\c.jpg", "C:\\p\\"}),
@@ -230,9 +233,9 @@ protected:
             return "down";
         case 6: return actRarely();
         case 7: {
-            toolkit::OptionButton* const options[] = {&form().optSync1, &form().optSync2, &form().optAsync};
+            const std::array options = {&form().optSync1, &form().optSync2, &form().optAsync};
             model.mode = draw(3) + 1;
-            click(*options[model.mode - 1]);
+            click(*options.at(static_cast<std::size_t>(model.mode) - 1));
             return "mode";
         }
         default: {

@@ -176,8 +176,9 @@ TEST_F(SettingsDialog, Load_TransitionsStandInTheListInTheOrderOfTheTable) {
 void expectNames(const sys::simulated::WindowNode& container) {
     const sys::simulated::WindowNode* before = nullptr;
     for (const sys::simulated::WindowNode* child : container.children()) {
+        const bool reached = child->takesKeyboard();
         const bool hasCaption = dynamic_cast<const sys::simulated::ButtonWindow*>(child) != nullptr;
-        if (child->takesKeyboard() && !hasCaption) {
+        if (reached && !hasCaption) {
             EXPECT_TRUE(before != nullptr && !before->takesKeyboard() && !before->text().empty())
                 << "control with \"" << child->text() << '"';
         }

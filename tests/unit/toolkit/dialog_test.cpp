@@ -407,7 +407,7 @@ TEST_F(Dialog, DriveList_TakesTheFirstCharacterOnly) {
     EXPECT_EQ(form.drives.drive(), "D:");
     EXPECT_EQ(failureOf([this] { form.drives.setDrive("Q:"); }), 68);
     EXPECT_EQ(failureOf([this] { form.drives.setDrive(""); }), 68);
-    EXPECT_EQ(failureOf([this] { form.drives.setDrive("\\\\server\\share"); }), 68);
+    EXPECT_EQ(failureOf([this] { form.drives.setDrive(R"(\\server\share)"); }), 68);
     EXPECT_EQ(form.drives.drive(), "D:");
 }
 
@@ -428,7 +428,7 @@ TEST_F(Dialog, FolderList_AssignedAnotherFolder_RaisesOnce) {
     form.load();
     form.folders.setPath("c:\\pics\\");
     EXPECT_THAT(take(), IsEmpty()) << "the same in other letters";
-    form.folders.setPath("C:\\pics\\old\\");
+    form.folders.setPath(R"(C:\pics\old\)");
     EXPECT_THAT(take(), ElementsAre("folders change"));
     EXPECT_EQ(form.folders.path(), "C:\\Pics\\Old");
     EXPECT_THAT(textsOf(form.folders), ElementsAre("C:\\", "Pics", "Old"));
@@ -472,8 +472,8 @@ TEST(FolderListLevels, BeginWithTheDriveOrWithTheShareOfANetwork) {
     using toolkit::levelsOf;
     EXPECT_THAT(levelsOf("C:\\"), ElementsAre("C:\\"));
     EXPECT_THAT(levelsOf("C:\\Pics\\Old"), ElementsAre("C:\\", "Pics", "Old"));
-    EXPECT_THAT(levelsOf("\\\\server\\share"), ElementsAre("\\\\server\\share"));
-    EXPECT_THAT(levelsOf("\\\\server\\share\\Pics\\Old"), ElementsAre("\\\\server\\share", "Pics", "Old"));
+    EXPECT_THAT(levelsOf(R"(\\server\share)"), ElementsAre(R"(\\server\share)"));
+    EXPECT_THAT(levelsOf(R"(\\server\share\Pics\Old)"), ElementsAre(R"(\\server\share)", "Pics", "Old"));
 }
 
 TEST_F(Dialog, FileList_AnotherFolder_ListsItAndSelectsNothing) {
@@ -508,7 +508,11 @@ TEST_F(Dialog, FileList_AnotherPattern_ListsTheFolderAnewUntilTheNextLoad) {
 
 TEST_F(Dialog, KeyPress_MayPutAnotherCharacterInPlaceOfTheTypedOne) {
     form.text.keyPress = [](std::int16_t& character) {
-        character = character == 'x' ? 'z' : character == 'y' ? 0 : character;
+        if (character == 'x') {
+            character = 'z';
+        } else if (character == 'y') {
+            character = 0;
+        }
     };
     form.show();
     press(tab);

@@ -90,10 +90,12 @@ TEST_F(ListViewTest, Rows_AreTextsByPositionsFromOne) {
 
 TEST_F(ListViewTest, PlacesThatAreNone_Fail) {
     addRows(2);
-    const auto outside = {std::pair<std::int16_t, std::int16_t>{0, 1}, {3, 1}, {1, 0}, {1, 3}};
-    for (const auto& [row, column] : outside) {
-        EXPECT_EQ(failureOf([&] { form.rows.text(row, column); }), 9);
-        EXPECT_EQ(failureOf([&] { form.rows.setText(row, column, "x"); }), 9);
+    struct Place {
+        std::int16_t row, column;
+    };
+    for (const Place& none : {Place{0, 1}, Place{3, 1}, Place{1, 0}, Place{1, 3}}) {
+        EXPECT_EQ(failureOf([&] { form.rows.text(none.row, none.column); }), 9);
+        EXPECT_EQ(failureOf([&] { form.rows.setText(none.row, none.column, "x"); }), 9);
     }
     EXPECT_EQ(failureOf([&] { form.rows.removeRow(3); }), 9);
     EXPECT_EQ(failureOf([&] { form.rows.selectRow(3); }), 9);

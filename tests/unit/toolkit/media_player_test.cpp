@@ -213,7 +213,7 @@ TEST_F(MediaPlayerControl, WhatCannotBePlayed_HasEnded) {
     machine.files().addFile("C:\\broken.wav", "RIFF");
     machine.files().failTransfers("C:\\b.wav");
     for (const char* name :
-         {"C:\\none.wav", "C:\\broken.wav", "C:\\b.wav", "Q:\\a.wav", "C:\\", "\\\\host\\a"}) {
+         {"C:\\none.wav", "C:\\broken.wav", "C:\\b.wav", "Q:\\a.wav", "C:\\", R"(\\host\a)"}) {
         player.setFileName(name);
         player.play();
         EXPECT_EQ(player.playState(), PlayState::stopped) << name;
