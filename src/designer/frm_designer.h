@@ -139,12 +139,17 @@ private:
     bool hasSound(std::int16_t row) const { return !ListView1.text(row, soundsColumn).empty(); }
 
     // The parts of `WritePackage`.
-    std::string refusal(const std::string& target);
-    std::int64_t packageLength() const;
+    /// The numbers of the files that it has open in its yields, in which other routines open theirs, and
+    /// another "Create" as well.
+    struct PackageFiles {
+        int package, source;
+        static PackageFiles unused();
+    };
+    std::string refusal(const std::string& target, std::int16_t mode) const;
+    std::int64_t packageLength(std::int16_t mode) const;
     std::optional<std::string> missingImage() const;
-    void copyProgram(const std::string& target);
-    void appendMedia(std::int16_t row);
-    void appendDirectory(const std::string& target, std::int32_t directory);
-    /// The rows in full, each as its texts and paths.
-    std::vector<std::string> content() const;
+    void copyProgram(const PackageFiles& files, const std::string& target);
+    void appendMedia(const PackageFiles& files, std::int16_t row);
+    void appendDirectory(int packageFile, const std::string& target, std::int16_t mode,
+                         std::int32_t directory);
 };

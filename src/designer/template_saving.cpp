@@ -40,10 +40,10 @@ void frmDesigner::WriteTemplate(const std::string& name) {
             write(UnModifyComment(comment));
         }
     }
+    files.close(templateFile); // which may fail as the writing of a line does
     Parser.setFileSpec(name);
     TemplateFile = name;
     TemplateFolder = Parser.Path;
-    files.close(templateFile);
 }
 
 /// Any failure, a cancelled dialog included, ends this without a word, and the document stays unsaved: meant

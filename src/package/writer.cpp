@@ -21,10 +21,6 @@ using toolkit::OpenMode;
 
 namespace {
 
-// File numbers
-constexpr int packageFile = 1;
-constexpr int sourceFile = 2;
-
 /// Copies whole blocks up to and including the one in which the source ends.
 template <class AfterBlock> void copyBlocks(int source, int target, const AfterBlock& afterBlock) {
     std::size_t count = 0;
@@ -92,8 +88,17 @@ void frmDesigner::cmdWriteSCR_Click() {
         [](const Failure&) {});
 }
 
+frmDesigner::PackageFiles frmDesigner::PackageFiles::unused() {
+    constexpr int othersUseLower = 3;
+    const int package = fileTable().freeNumber(othersUseLower);
+    return {package, fileTable().freeNumber(package + 1)};
+}
+
 void frmDesigner::WritePackage(const std::string& target) {
     const std::int16_t removed = RemoveBlankRows();
+    const PackageFiles files = PackageFiles::unused();
+    // "Save" or another "Create" in a yield may set another one.
+    const std::int16_t mode = shared.SoundMode;
     const auto finish = [&] {
         ListView1.setVisible(true);
         Frame2.setVisible(false);
@@ -107,7 +112,7 @@ void frmDesigner::WritePackage(const std::string& target) {
             Frame2.setVisible(true);
             Frame2.refresh();
             refresh();
-            if (const std::string reason = refusal(target); !reason.empty()) {
+            if (const std::string reason = refusal(target, mode); !reason.empty()) {
                 Application::current().showMessage(reason);
                 finish();
                 return;
@@ -116,29 +121,30 @@ void frmDesigner::WritePackage(const std::string& target) {
             if (system.exists(target)) {
                 system.remove(target); // also when a picture turns out to be missing: meant so
             }
-            fileTable().open(packageFile, ownFileName(), OpenMode::input);
-            const std::int64_t programLength = fileTable().length(packageFile);
-            fileTable().close(packageFile);
+            fileTable().open(files.source, ownFileName(), OpenMode::input);
+            const std::int64_t programLength = fileTable().length(files.source);
+            fileTable().close(files.source);
             if (const std::optional<std::string> missing = missingImage()) {
                 Application::current().showMessage("Unable to locate image: " + *missing);
                 ListView1.setVisible(true);
                 Frame2.setVisible(false);
                 return; // the blank rows don't come back: meant so
             }
-            copyProgram(target);
-            fileTable().open(packageFile, target, OpenMode::binary);
-            fileTable().seek(packageFile, programLength); // on its last byte
-            // A handler that runs in a yield may change the rows. The loop keeps their first number, so that
-            // a row that went fails instead of leaving a package that looks whole.
-            const std::vector<std::string> before = content();
+            copyProgram(files, target);
+            fileTable().open(files.package, target, OpenMode::binary);
+            fileTable().seek(files.package, programLength); // on its last byte
+            // A handler that runs in a yield may change the rows, and change them back when one has been
+            // copied twice. The loop keeps their first number, so that a row that went fails instead of
+            // leaving a package that looks whole.
+            const std::uint32_t revision = ListView1.revision();
             const std::int16_t rows = ListView1.rowCount();
             for (std::int16_t row = 1; row <= rows; ++row) {
-                appendMedia(row);
+                appendMedia(files, row);
                 UpdateThinking(row, ListView1.rowCount());
             }
-            const std::int32_t directory = position(packageFile);
-            fileTable().close(packageFile);
-            if (content() != before) {
+            const std::int32_t directory = position(files.package);
+            fileTable().close(files.package);
+            if (ListView1.revision() != revision) {
                 Application::current().showMessage(
                     "The items have changed while the screen saver was being written, so that it isn't "
                     "complete. Create it again.");
@@ -146,19 +152,20 @@ void frmDesigner::WritePackage(const std::string& target) {
                 return;
             }
             WriteLog("Writing Completed");
-            appendDirectory(target, directory);
+            appendDirectory(files.package, target, mode, directory);
             finish();
         },
         [&](const Failure& failure) {
             Application::current().showMessage("An Error Has Occurred: " + failure.description());
-            toolkit::handlingFailures([] { fileTable().close(packageFile); }, [](const Failure&) {});
-            toolkit::handlingFailures([] { fileTable().close(sourceFile); }, [](const Failure&) {});
+            for (const int file : {files.package, files.source}) {
+                toolkit::handlingFailures([file] { fileTable().close(file); }, [](const Failure&) {});
+            }
             finish();
         });
 }
 
 /// Why the document can't be packaged as `target`, in words for the user; "" when it can.
-std::string frmDesigner::refusal(const std::string& target) {
+std::string frmDesigner::refusal(const std::string& target, std::int16_t mode) const {
     const std::int16_t rows = ListView1.rowCount();
     if (rows > package::mostRows) {
         return "A screen saver holds at most " + std::to_string(package::mostRows) +
@@ -178,7 +185,7 @@ std::string frmDesigner::refusal(const std::string& target) {
             return "This file belongs to the template, and would be lost. Choose another name.";
         }
     }
-    const std::int64_t length = packageLength();
+    const std::int64_t length = packageLength(mode);
     if (length >= package::lengthLimit) {
         return "A screen saver stays below " + std::to_string(package::lengthLimit) +
                " bytes, and with this template it would have " + std::to_string(length) + ".";
@@ -187,11 +194,11 @@ std::string frmDesigner::refusal(const std::string& target) {
 }
 
 /// What a package of the rows would have, in bytes.
-std::int64_t frmDesigner::packageLength() const {
+std::int64_t frmDesigner::packageLength(std::int16_t mode) const {
     sys::Files& system = toolkit::systemFiles();
     const std::int64_t programLength = system.length(ownFileName());
     std::int64_t end = programLength; // of the media, and a 1-based position
-    std::size_t directory = numberLine(shared.SoundMode).size() + 2;
+    std::size_t directory = numberLine(mode).size() + 2;
     const auto addSegment = [&](bool present, const std::string& path) {
         const std::int64_t start = end;
         end += present ? segmentLength(system.length(path)) : 0;
@@ -220,20 +227,18 @@ std::optional<std::string> frmDesigner::missingImage() const {
     return {};
 }
 
-void frmDesigner::copyProgram(const std::string& target) {
-    constexpr int program = 1;
-    constexpr int copy = 2;
-    fileTable().open(program, ownFileName(), OpenMode::binaryRead);
-    fileTable().open(copy, target, OpenMode::binary);
+void frmDesigner::copyProgram(const PackageFiles& files, const std::string& target) {
+    fileTable().open(files.source, ownFileName(), OpenMode::binaryRead);
+    fileTable().open(files.package, target, OpenMode::binary);
     Label1.setCaption("Writing Executable File");
     Label1.refresh();
-    copyBlocks(program, copy, [] {});
-    fileTable().close(program);
-    fileTable().close(copy);
+    copyBlocks(files.source, files.package, [] {});
+    fileTable().close(files.source);
+    fileTable().close(files.package);
 }
 
 /// Appends the picture and the sound of a row, and notes where they stand.
-void frmDesigner::appendMedia(std::int16_t row) {
+void frmDesigner::appendMedia(const PackageFiles& files, std::int16_t row) {
     const auto append = [&](bool present, const std::string& path, const char* text, ItemPositions& starts,
                             ItemPositions& ends) {
         entry(starts, row) = 0;
@@ -241,14 +246,14 @@ void frmDesigner::appendMedia(std::int16_t row) {
         if (!present) {
             return;
         }
-        entry(starts, row) = position(packageFile);
+        entry(starts, row) = position(files.package);
         // A sound that isn't there becomes an empty file: meant so.
-        fileTable().open(sourceFile, path, OpenMode::binary);
+        fileTable().open(files.source, path, OpenMode::binary);
         Label1.setCaption(text);
         Label1.refresh();
-        copyBlocks(sourceFile, packageFile, [] { Application::current().yield(); });
-        entry(ends, row) = position(packageFile);
-        fileTable().close(sourceFile);
+        copyBlocks(files.source, files.package, [] { Application::current().yield(); });
+        entry(ends, row) = position(files.package);
+        fileTable().close(files.source);
     };
     if (hasImage(row)) {
         WriteLog("Writing ", ListView1.text(row, imagesColumn));
@@ -260,10 +265,11 @@ void frmDesigner::appendMedia(std::int16_t row) {
     append(hasSound(row), soundPath(row), "Appending Sounds", shared.SoundStart, shared.SoundEnd);
 }
 
-void frmDesigner::appendDirectory(const std::string& target, std::int32_t directory) {
+void frmDesigner::appendDirectory(int packageFile, const std::string& target, std::int16_t mode,
+                                  std::int32_t directory) {
     fileTable().open(packageFile, target, OpenMode::append);
-    const auto write = [](const std::string& text) { fileTable().writeLine(packageFile, text); };
-    write(numberLine(shared.SoundMode));
+    const auto write = [packageFile](const std::string& text) { fileTable().writeLine(packageFile, text); };
+    write(numberLine(mode));
     for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
         WriteLog("Writing Data");
         write(numberLine(entry(shared.ImageStart, row)));
@@ -287,18 +293,6 @@ void frmDesigner::appendDirectory(const std::string& target, std::int32_t direct
     write(eightDigits(ListView1.rowCount()));
     write(package::mark);
     fileTable().close(packageFile);
-}
-
-std::vector<std::string> frmDesigner::content() const {
-    std::vector<std::string> texts;
-    for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
-        for (const Column column : columns) {
-            texts.push_back(ListView1.text(row, column));
-        }
-        texts.push_back(imagePath(row));
-        texts.push_back(soundPath(row));
-    }
-    return texts;
 }
 
 std::int16_t frmDesigner::RemoveBlankRows() {

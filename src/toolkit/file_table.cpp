@@ -149,6 +149,13 @@ void FileTable::close(int number) {
     }
 }
 
+int FileTable::freeNumber(int first) const {
+    while (streams_.contains(first)) {
+        ++first;
+    }
+    return first;
+}
+
 void FileTable::abandon(int number) noexcept { streams_.erase(number); }
 
 FileTable::Stream& FileTable::stream(int number) {

@@ -35,6 +35,9 @@ public:
     /// Frees the number without writing out what is still in memory. A number that isn't open is left alone.
     void abandon(int number) noexcept;
 
+    /// The lowest number from `first` on that isn't open.
+    int freeNumber(int first) const;
+
     /// Whether the position has reached the end of the file.
     bool atEnd(int number);
     /// In bytes.

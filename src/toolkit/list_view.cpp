@@ -33,6 +33,7 @@ std::int16_t ListView::rowCount() const {
 
 void ListView::addRow() {
     rows_.emplace_back(columns_.size());
+    ++revision_;
     if (hasWindow()) {
         native().addRow();
     }
@@ -44,6 +45,7 @@ void ListView::addRow() {
 void ListView::removeRow(std::int16_t row) {
     const std::size_t index = indexOf(row);
     rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(index));
+    ++revision_;
     if (hasWindow()) {
         native().removeRow(static_cast<int>(index));
     }
@@ -55,6 +57,7 @@ void ListView::removeRow(std::int16_t row) {
 
 void ListView::clearRows() {
     rows_.clear();
+    ++revision_;
     selected_ = 0;
     if (hasWindow()) {
         native().setRows(rows_);
@@ -69,6 +72,7 @@ void ListView::setText(std::int16_t row, std::int16_t column, const std::string&
     const std::size_t rowIndex = indexOf(row);
     const std::size_t columnIndex = columnIndexOf(column);
     rows_[rowIndex][columnIndex] = text;
+    ++revision_;
     if (hasWindow()) {
         native().setCellText(static_cast<int>(rowIndex), static_cast<int>(columnIndex), text);
     }
@@ -109,6 +113,7 @@ void ListView::userActivated(int index) {
 void ListView::load() {
     Control::load();
     rows_.clear();
+    ++revision_;
     selected_ = 0;
 }
 

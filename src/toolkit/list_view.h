@@ -35,6 +35,9 @@ public:
     const std::string& text(std::int16_t row, std::int16_t column) const;
     void setText(std::int16_t row, std::int16_t column, const std::string& text);
 
+    /// Another number after each change of the rows, also after one that put a former state back.
+    std::uint32_t revision() const { return revision_; }
+
     /// Fails with 91 when there is none.
     std::int16_t selectedRow() const;
     /// Fails with 9 when there is no such row.
@@ -60,6 +63,7 @@ private:
     std::vector<ColumnDesign> columns_;
     std::vector<sys::RowTexts> rows_;
     std::int16_t selected_ = 0; // 0: none
+    std::uint32_t revision_ = 0;
 };
 
 } // namespace toolkit

@@ -96,9 +96,14 @@ TEST_F(DesignerFiles, Template_BecomesTheCurrentOne_AndTheCaptionStays) {
 }
 
 TEST_F(DesignerFiles, Template_ThatCanNotBeWritten_FailsAndClosesTheFile) {
+    form().TemplateFile = "C:\\t\\former.txt";
+    form().TemplateFolder = "C:\\t\\";
     EXPECT_EQ(failureOf([this] { form().WriteTemplate("C:\\none\\a.txt"); }), 76);
+    program.machine.files().addFolder("C:\\full");
     program.machine.files().setFreeSpace('C', 5);
-    EXPECT_EQ(failureOf([this] { form().WriteTemplate("C:\\t\\a.txt"); }), 61);
+    EXPECT_EQ(failureOf([this] { form().WriteTemplate("C:\\full\\a.txt"); }), 61);
+    EXPECT_EQ(form().TemplateFile, "C:\\t\\former.txt") << "which is whole";
+    EXPECT_EQ(form().TemplateFolder, "C:\\t\\");
     EXPECT_EQ(program.machine.files().openFiles(), 0);
 }
 
@@ -410,6 +415,10 @@ TEST_F(DesignerDuringCreate, ChangedRows_AreTold) {
         [this] { click(form().cmdDelete); },
         [this] { click(form().cmdMoveDown); },
         [this] { insert({.image = "C:\\large.jpg"}); },
+        [this] {
+            click(form().cmdMoveDown);
+            click(form().cmdMoveUp); // so that they are as before, but not what has been copied meanwhile
+        },
     };
     for (std::size_t change = 0; change < changes.size(); ++change) {
         open("C:\\t\\show.txt");
@@ -449,22 +458,34 @@ TEST_F(DesignerDuringCreate, OtherButtons_LeaveItWhole) {
         EXPECT_TRUE(isWhole("C:\\t\\out.scr")) << act;
         EXPECT_THAT(messages(), IsEmpty()) << act;
     }
+    EXPECT_THAT(content("C:\\t\\saved.txt"), testing::HasSubstr("IMAGE=C:\\large.jpg"));
 }
 
-TEST_F(DesignerDuringCreate, SecondCreate_FailsAndLetsTheFirstFail) {
+TEST_F(DesignerDuringCreate, ClosingWithChanges_SavesThem) {
+    form().TemplateDirty = True;
+    createAnd([this] {
+        program.machine.answerSaveDialog("C:\\t\\saved.txt");
+        program.machine.answerMessageBox(sys::MessageAnswer::yes);
+        program.machine.user().closeWindow(form().hWnd());
+    });
+    EXPECT_THAT(content("C:\\t\\saved.txt"), testing::HasSubstr("IMAGE=C:\\large.jpg"));
+    EXPECT_TRUE(isWhole("C:\\t\\out.scr"));
+}
+
+// It comes to the picture that the first one has open.
+TEST_F(DesignerDuringCreate, SecondCreate_FailsAndLeavesTheFirstWhole) {
     createAnd([this] {
         program.machine.answerSaveDialog("C:\\t\\other.scr");
         program.machine.user().clickOn(form().cmdWriteSCR.hWnd());
     });
-    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: File already open",
-                                        "An Error Has Occurred: Bad file name or number"));
-    EXPECT_FALSE(isWhole("C:\\t\\out.scr"));
+    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: Permission denied"));
+    EXPECT_TRUE(isWhole("C:\\t\\out.scr"));
     EXPECT_EQ(program.machine.files().openFiles(), 0);
     EXPECT_TRUE(form().ListView1.visible());
-    program.machine.answerSaveDialog("C:\\t\\out.scr");
+    program.machine.answerSaveDialog("C:\\t\\other.scr");
     click(form().cmdWriteSCR);
     program.advance(1000);
-    EXPECT_TRUE(isWhole("C:\\t\\out.scr")) << "afterwards it works";
+    EXPECT_TRUE(isWhole("C:\\t\\other.scr")) << "afterwards it works";
 }
 
 TEST_F(DesignerDuringCreate, SecondCreateOfTheSameFile_IsTold) {
@@ -472,7 +493,8 @@ TEST_F(DesignerDuringCreate, SecondCreateOfTheSameFile_IsTold) {
         program.machine.answerSaveDialog("C:\\t\\out.scr");
         program.machine.user().clickOn(form().cmdWriteSCR.hWnd());
     });
-    EXPECT_THAT(messages(), SizeIs(2));
+    EXPECT_THAT(messages(), SizeIs(1));
+    EXPECT_TRUE(isWhole("C:\\t\\out.scr"));
     EXPECT_EQ(program.machine.files().openFiles(), 0);
 }
 
@@ -494,9 +516,10 @@ TEST_F(DesignerDuringCreate, FormClosedAndOpenedAgain_IsTold) {
     EXPECT_FALSE(isWhole("C:\\t\\out.scr"));
 }
 
-TEST_F(DesignerDuringCreate, Load_FailsAndIsTold) {
+TEST_F(DesignerDuringCreate, Load_IsTold) {
     createAnd([this] { pick("C:\\t\\show.txt"); });
-    EXPECT_THAT(messages(), testing::Contains("An Error Has Occurred: File already open"));
+    EXPECT_THAT(messages(), ElementsAre(testing::StartsWith("The items have changed")));
+    EXPECT_EQ(form().ListView1.rowCount(), 3) << "those that were loaded, and the blank one that was removed";
     EXPECT_FALSE(isWhole("C:\\t\\out.scr"));
     EXPECT_EQ(program.machine.files().openFiles(), 0);
 }

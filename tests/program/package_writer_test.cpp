@@ -443,30 +443,41 @@ TEST_F(PackageWriter, RowThatComesDuringTheCopy_IsTold) {
     EXPECT_EQ(program.machine.files().openFiles(), 0);
 }
 
-// The inner write closes the files of both.
-TEST_F(PackageWriter, WriteDuringTheCopy_FailsAndLetsTheOuterFail) {
+// The inner write comes to the picture that the outer one has open.
+TEST_F(PackageWriter, WriteDuringTheCopy_FailsAndLeavesTheOuterWhole) {
     addFile("C:\\a.jpg", pattern(5000, 'a'));
     addRow("C:\\a.jpg", "");
     duringTheCopy([this] { form().WritePackage("C:\\out\\Another.scr"); });
     write();
-    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: File already open",
-                                        "An Error Has Occurred: Bad file name or number"));
+    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: Permission denied"));
+    EXPECT_THAT(package(), EndsWith("00000001\r\nTessellarium\r\n"));
     EXPECT_TRUE(form().ListView1.visible());
     EXPECT_FALSE(form().Frame2.visible());
     EXPECT_EQ(program.machine.files().openFiles(), 0);
 }
 
-TEST_F(PackageWriter, LoadDuringTheCopy_FailsAndIsTold) {
-    addFile("C:\\t.txt", "");
+TEST_F(PackageWriter, LoadDuringTheCopy_IsTold) {
+    addFile("C:\\t.txt", "IMAGE=C:\\b.jpg\r\n");
     addFile("C:\\a.jpg", pattern(5000, 'a'));
     addRow("C:\\a.jpg", "");
     form().TemplateFile = "C:\\t.txt";
     duringTheCopy([this] { form().PerformLoad(); });
     write();
-    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: File already open",
-                                        StartsWith("The items have changed")));
+    EXPECT_THAT(messages(), ElementsAre(StartsWith("The items have changed")));
     EXPECT_FALSE(package().ends_with("Tessellarium\r\n"));
     EXPECT_EQ(program.machine.files().openFiles(), 0);
+}
+
+TEST_F(PackageWriter, ModeThatChangesDuringTheCopy_IsNotThatOfThePackage) {
+    addFile("C:\\a.jpg", pattern(5000, 'a'));
+    addRow("C:\\a.jpg", "");
+    duringTheCopy([this] {
+        form().optAsync.setValue(true);
+        form().takeSoundMode();
+    });
+    write();
+    EXPECT_EQ(shared.SoundMode, 3);
+    EXPECT_EQ(at(mediaStart + 5 * block, 5), " 1 \r\n");
 }
 
 TEST_F(PackageWriter, Captions_TellWhatIsUnderWay) {
