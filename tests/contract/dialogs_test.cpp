@@ -267,9 +267,9 @@ TEST_F(Dialogs, Disabled_TakesNoClickAndNoTab) {
 TEST_F(Dialogs, ModalForm_TakesTheKeyboardAndBlocksTheOther) {
     auto& other = application.form<OtherDialog>();
     form.check.click = [&] {
-        form.events.push_back("check");
+        form.events.emplace_back("check");
         other.showModal();
-        form.events.push_back("back");
+        form.events.emplace_back("back");
     };
     driver->moveMouse(at(form, form.check, 10, 10));
     driver->pressButton(sys::leftButton);
@@ -278,7 +278,7 @@ TEST_F(Dialogs, ModalForm_TakesTheKeyboardAndBlocksTheOther) {
     ASSERT_TRUE(driver->waitUntil([&] { return form.events.size() == 2; }));
     EXPECT_THAT(form.take(), ElementsAre("check", "back"));
     EXPECT_FALSE(other.loaded());
-    form.check.click = [&] { form.events.push_back("check"); };
+    form.check.click = [&] { form.events.emplace_back("check"); };
     driver->settle();
     press(space);
     EXPECT_THAT(form.take(), ElementsAre("check")) << "the control has the keyboard again";

@@ -266,9 +266,9 @@ TEST_F(Surfaces, BlocksOfAStretchedPicture_LookLikeTheWhole) {
 
 TEST_F(Surfaces, BlocksOfATransparentPicture_LetTheGroundShowThrough) {
     // Four columns of 6 pixels, of which the first and the third are transparent, become 9 wide.
-    std::vector<int> indexes;
-    for (int pixel = 0; pixel < 24 * 12; ++pixel) {
-        indexes.push_back(pixel % 24 / 6 % 2 == 0 ? 0 : 3);
+    std::vector<int> indexes(std::size_t{24 * 12});
+    for (std::size_t pixel = 0; pixel < indexes.size(); ++pixel) {
+        indexes[pixel] = pixel % 24 / 6 % 2 == 0 ? 0 : 3;
     }
     const auto picture = system.decodePicture(gif({24, 12}, indexes, 0));
     for (int column = 0; column < 4; ++column) {

@@ -60,7 +60,7 @@ TEST_F(SettingsDuringCreate, New_OpensADesignerThatSaves_AndTheFirstPackageIsTol
             designer().lstImagePath.setList(0, "C:\\new.jpg");
             program.machine.answerSaveDialog("C:\\t\\new.txt");
             program.machine.user().clickOn(designer().cmdSave.hWnd());
-            prompter().when([this] { return !designer().TemplateFile.empty(); },
+            prompter().when([ticks = 0]() mutable { return ++ticks == 20; }, // once it has saved
                             [this] { program.machine.user().closeWindow(designer().hWnd()); });
         });
         program.machine.user().clickOn(form().cmdCreateTemplate.hWnd());
