@@ -1,4 +1,5 @@
 // `Main`, the program's only entry.
+#include "engine/transitions.h"
 #include "settings/frm_config.h"
 #include "show/control_form.h"
 #include "show/main_form.h"
@@ -11,7 +12,7 @@
 #include "toolkit/text.h"
 
 #include <algorithm>
-#include <array>
+#include <iterator>
 #include <string_view>
 
 using toolkit::Application;
@@ -39,23 +40,9 @@ void deleteLog(sys::System& system) {
 }
 
 void fillDissolveNames() {
-    const std::array names = {"Random",
-                              "Normal",
-                              "Random Blocks",
-                              "Top To Bottom",
-                              "Bottom To Top",
-                              "Top/Bottom To Center",
-                              "Random Horizontal",
-                              "Left To Right",
-                              "Right To Left",
-                              "Left/Right To Center",
-                              "Random Vertical",
-                              "Slide Bottom To Center",
-                              "Slide Top To Center",
-                              "Slide Right To Center",
-                              "Slide Left To Center"};
-    std::ranges::copy(names, shared.DissolveNames.begin());
-    shared.DissolveLast = static_cast<std::int16_t>(names.size() - 1);
+    shared.DissolveNames[0] = "Random";
+    std::ranges::transform(allTransitions(), shared.DissolveNames.begin() + 1, &Transition::name);
+    shared.DissolveLast = toolkit::wrap16(std::ssize(allTransitions()));
 }
 
 /// The number behind the switch. A colon stops it at once, so that "/p:1234" gives 0.

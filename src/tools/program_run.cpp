@@ -76,8 +76,8 @@ ProgramRun::~ProgramRun() { trace::sink = nullptr; }
 void ProgramRun::takeSettings(const std::vector<std::string>& words) {
     for (const std::string& word : words) {
         const auto [key, value] = pairFrom(word, "KEY=VALUE");
-        const bool known = std::ranges::any_of(settings::keys, [&key = key](const char* name) {
-            return toolkit::upperCase(name) == toolkit::upperCase(key);
+        const bool known = std::ranges::any_of(settings::entries, [&key = key](const settings::Entry& entry) {
+            return toolkit::upperCase(entry.key) == toolkit::upperCase(key);
         });
         if (!known) {
             throw WrongCall("there is no setting " + key);
