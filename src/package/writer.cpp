@@ -48,7 +48,9 @@ std::int64_t segmentLength(std::int64_t sourceLength) {
     return (sourceLength / block + 1) * block;
 }
 
-std::int32_t position(int number) { return static_cast<std::int32_t>(fileTable().position(number)); }
+std::int32_t position(int number) {
+    return toolkit::round32(static_cast<double>(fileTable().position(number)));
+}
 
 /// The entry of a row, counted from 1 here; more rows than the tables hold are failure 9.
 std::int32_t& entry(ItemPositions& positions, std::int16_t row) {
