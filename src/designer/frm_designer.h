@@ -121,6 +121,8 @@ private:
     void cmdLoad_Click();
     void cmdWriteSCR_Click();
 
+    /// Asks for the name of a file to write; a cancelled dialog is failure 32755.
+    std::string askForFile(const char* extension, const char* filter, const std::string& proposed);
     void takeEdited(const frmEdit& editor);
     void copyRow(std::int16_t from, std::int16_t to);
     void exchangeRows(std::int16_t row, std::int16_t partner);
@@ -139,6 +141,9 @@ private:
     bool hasSound(std::int16_t row) const { return !ListView1.text(row, soundsColumn).empty(); }
 
     // The parts of `WritePackage`.
+    void beginWriting();
+    void finishWriting(std::int16_t removed);
+    bool appendShow(const std::string& target, std::int64_t programLength);
     std::string refusal(const std::string& target);
     std::int64_t packageLength() const;
     std::optional<std::string> missingImage() const;

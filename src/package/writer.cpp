@@ -15,7 +15,6 @@
 #include <vector>
 
 using toolkit::Application;
-using toolkit::CommonDialog;
 using toolkit::fileTable;
 using toolkit::OpenMode;
 
@@ -52,6 +51,14 @@ std::int32_t position(int number) {
     return toolkit::round32(static_cast<double>(fileTable().position(number)));
 }
 
+/// Of the program's own file, in bytes. Fails when it can't be read.
+std::int64_t readProgramLength() {
+    fileTable().open(packageFile, ownFileName(), OpenMode::input);
+    const std::int64_t length = fileTable().length(packageFile);
+    fileTable().close(packageFile);
+    return length;
+}
+
 /// The entry of a row, counted from 1 here; more rows than the tables hold are failure 9.
 std::int32_t& entry(ItemPositions& positions, std::int16_t row) {
     if (row > lastItem) {
@@ -79,84 +86,61 @@ void frmDesigner::cmdWriteSCR_Click() {
     takeSoundMode();
     toolkit::handlingFailures(
         [this] {
-            CommonDialog1.CancelError = true;
-            const std::string name = proposedName(Parser, TemplateFile);
-            CommonDialog1.Flags = CommonDialog::overwritePrompt | CommonDialog::hideReadOnly;
-            CommonDialog1.DefaultExt = "scr";
-            CommonDialog1.FileName = name;
-            CommonDialog1.FilterIndex = 1;
-            CommonDialog1.Filter = "ScreenSaver Files (*.scr)|*.scr|All Files (*.*)|*.*";
-            CommonDialog1.ShowSave();
-            // A copy: while it writes, "Save" may ask for another name.
-            const std::string target = CommonDialog1.FileName;
-            WritePackage(target);
+            WritePackage(askForFile("scr", "ScreenSaver Files (*.scr)|*.scr|All Files (*.*)|*.*",
+                                    proposedName(Parser, TemplateFile)));
         },
         [](const Failure&) {});
 }
 
 void frmDesigner::WritePackage(const std::string& target) {
-    const std::int16_t removed = RemoveBlankRows();
-    const auto finish = [&] {
-        ListView1.setVisible(true);
-        Frame2.setVisible(false);
-        if (removed != False) {
-            AddRow();
-        }
-    };
+    std::int16_t removed = RemoveBlankRows();
     toolkit::handlingFailures(
         [&] {
-            ListView1.setVisible(false);
-            Frame2.setVisible(true);
-            Frame2.refresh();
-            refresh();
+            beginWriting();
             if (const std::string reason = refusal(target); !reason.empty()) {
                 Application::current().showMessage(reason);
-                finish();
                 return;
             }
             sys::Files& system = toolkit::systemFiles();
             if (system.exists(target)) {
                 system.remove(target); // also when a picture turns out to be missing: meant so
             }
-            fileTable().open(packageFile, ownFileName(), OpenMode::input);
-            const std::int64_t programLength = fileTable().length(packageFile);
-            fileTable().close(packageFile);
+            const std::int64_t programLength = readProgramLength();
             if (const std::optional<std::string> missing = missingImage()) {
                 Application::current().showMessage("Unable to locate image: " + *missing);
-                ListView1.setVisible(true);
-                Frame2.setVisible(false);
-                return; // the blank rows don't come back: meant so
+                removed = False; // the blank rows don't come back: meant so
+                return;
             }
             copyProgram(target);
-            fileTable().open(packageFile, target, OpenMode::binary);
-            fileTable().seek(packageFile, programLength); // on its last byte
-            // A handler that runs in a yield may change the rows. The loop keeps their first number, so that
-            // a row that went fails instead of leaving a package that looks whole.
-            const std::vector<std::string> before = content();
-            const std::int16_t rows = ListView1.rowCount();
-            for (std::int16_t row = 1; row <= rows; ++row) {
-                appendMedia(row);
-                UpdateThinking(row, ListView1.rowCount());
-            }
-            const std::int32_t directory = position(packageFile);
-            fileTable().close(packageFile);
-            if (content() != before) {
+            if (!appendShow(target, programLength)) {
                 Application::current().showMessage(
                     "The items have changed while the screen saver was being written, so that it isn't "
                     "complete. Create it again.");
-                finish();
-                return;
             }
-            WriteLog("Writing Completed");
-            appendDirectory(target, directory);
-            finish();
         },
         [&](const Failure& failure) {
             Application::current().showMessage("An Error Has Occurred: " + failure.description());
             toolkit::handlingFailures([] { fileTable().close(packageFile); }, [](const Failure&) {});
             toolkit::handlingFailures([] { fileTable().close(sourceFile); }, [](const Failure&) {});
-            finish();
         });
+    finishWriting(removed);
+}
+
+/// Shows the progress in place of the list.
+void frmDesigner::beginWriting() {
+    ListView1.setVisible(false);
+    Frame2.setVisible(true);
+    Frame2.refresh();
+    refresh();
+}
+
+/// Shows the list again, with the blank row for the next item if rows were removed.
+void frmDesigner::finishWriting(std::int16_t removed) {
+    ListView1.setVisible(true);
+    Frame2.setVisible(false);
+    if (removed != False) {
+        AddRow();
+    }
 }
 
 /// Why the document can't be packaged as `target`, in words for the user; "" when it can.
@@ -232,6 +216,29 @@ void frmDesigner::copyProgram(const std::string& target) {
     copyBlocks(program, copy, [] {});
     fileTable().close(program);
     fileTable().close(copy);
+}
+
+/// Appends the rows behind a program of this length; false when they changed meanwhile, so that nothing tells
+/// the file for a package.
+bool frmDesigner::appendShow(const std::string& target, std::int64_t programLength) {
+    fileTable().open(packageFile, target, OpenMode::binary);
+    fileTable().seek(packageFile, programLength); // on its last byte
+    // A handler that runs in a yield may change the rows. The loop keeps their first number, so that a row
+    // that went fails instead of leaving a package that looks whole.
+    const std::vector<std::string> before = content();
+    const std::int16_t rows = ListView1.rowCount();
+    for (std::int16_t row = 1; row <= rows; ++row) {
+        appendMedia(row);
+        UpdateThinking(row, ListView1.rowCount());
+    }
+    const std::int32_t directory = position(packageFile);
+    fileTable().close(packageFile);
+    if (content() != before) {
+        return false;
+    }
+    WriteLog("Writing Completed");
+    appendDirectory(target, directory);
+    return true;
 }
 
 /// Appends the picture and the sound of a row, and notes where they stand.
