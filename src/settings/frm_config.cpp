@@ -1,10 +1,12 @@
-// The settings dialog: how it comes up, its modes and its controls.
+// The settings dialog: how it comes up, its modes, its controls and its menu.
 #include "settings/frm_config.h"
 
 #include "resources/embedded.h"
 #include "settings/frm_about.h"
 #include "settings/guidance.h"
+#include "settings/help.h"
 #include "startup/marrowfieldry.h"
+#include "startup/product.h"
 #include "startup/shared_state.h"
 #include "toolkit/application.h"
 #include "toolkit/failure_handling.h"
@@ -200,4 +202,23 @@ void frmConfig::chkTemplateMode_Click() {
     shared.AllImages = 0;
     chkFolderMode.setValue(0);
     ArrangeMode();
+}
+
+void frmConfig::Contents_Click() { showHelp(*this); }
+
+void frmConfig::HomePage_Click() {
+    const sys::MessageAnswer answer = Application::current().ask(
+        {.text = "Open the Tessellarium page in your browser?", .buttons = sys::MessageButtons::yesNo});
+    if (answer == sys::MessageAnswer::yes) {
+        openHomePage();
+    }
+}
+
+/// The banner asks nothing, unlike the menu: meant so. Whether there is a browser is nobody's concern here.
+void frmConfig::openHomePage() {
+    constexpr int normalWindow = 1;
+    sys::System& system = Application::current().system();
+    system.platform().shellExecute(hWnd(), "Open",
+                                   std::string("http://") + product::webHost + product::homePath, "",
+                                   system.identity().folder, normalWindow);
 }
