@@ -1,7 +1,6 @@
 // The settings dialog: how it comes up, its modes, its controls and its menu.
 #include "settings/frm_config.h"
 
-#include "resources/embedded.h"
 #include "settings/frm_about.h"
 #include "settings/guidance.h"
 #include "settings/help.h"
@@ -20,12 +19,6 @@ namespace {
 constexpr std::int16_t folderMode = 1; // `AllImages`; all else is Template Mode
 
 } // namespace
-
-const frmConfig::Icons& frmConfig::icons() {
-    static const Icons drawn{resources::select_template, resources::new_template, resources::edit_template,
-                             resources::select_folder,   resources::done,         resources::cancel};
-    return drawn;
-}
 
 toolkit::LabelDesign frmConfig::centered(const toolkit::Design& control, const std::string& caption) {
     return {.control = control, .caption = caption, .alignment = sys::Alignment::center};
@@ -189,8 +182,8 @@ void frmConfig::ShowHelperText() {
     }
 }
 
-// The two boxes act as a pair of options. Each enters the other's handler, and the last one to write
-// `AllImages` is the one of the box that was clicked, whatever its own value has become: meant so.
+// The two boxes act as a pair of options, and each enters the other's handler. A click leaves `AllImages` as
+// the clicked box's handler writes it, even when the box was unticked by the click: meant so.
 
 void frmConfig::chkFolderMode_Click() {
     shared.AllImages = 1;
