@@ -34,6 +34,9 @@ std::int32_t randomPlace(double room) {
 
 void MainForm::Timer1_Timer() {
     WriteLog("S: MainForm Timer1");
+    if (observer != nullptr) {
+        observer->ticked();
+    }
     if (ImageLoading != 0 && ShowEnding == 0) {
         // A tick inside a running step: the steps are over, only input is served until the process ends.
         // Meant so; `DisableTimers` keeps such a tick from coming.

@@ -30,7 +30,8 @@ public:
     /// Runs to the next tick and prints what happened up to its end, or to the end of the program.
     void runStep() {
         try {
-            run_.runToNextTick();
+            ticked_ = false;
+            run_.runUntil([this] { return ticked_; });
         } catch (...) {
             print();
             throw;
@@ -83,6 +84,7 @@ public:
     void plainSoundPlayed(const std::string& file) override {
         add({{"op", "sound"}, {"player", "plain"}, {"file", jsonText(file)}});
     }
+    void ticked() override { ticked_ = true; }
     void held() override { add({{"op", "held"}}); }
     void stepBegun() override {
         begun_ = true;
@@ -135,6 +137,7 @@ private:
     ProgramRun& run_;
     MainForm& form_;
     std::vector<Json> lines_;
+    bool ticked_ = false;
     bool begun_ = false;
     std::size_t stepPosition_ = 0;
     std::string transition_;
