@@ -5,7 +5,6 @@
 #include "tools/json.h"
 #include "tools/program_run.h"
 
-#include <iostream>
 #include <vector>
 
 namespace tools {
@@ -119,7 +118,7 @@ private:
                                {"transition", jsonText(transition_)}});
         }
         for (const Json& line : lines_) {
-            std::cout << line.dump() << '\n';
+            printLine(line);
         }
         lines_.clear();
         begun_ = false;
@@ -194,7 +193,7 @@ int inspectShow(const std::vector<std::string>& words) {
         }
     }
     if (!run.clockRuns()) {
-        std::cout << Json{{"op", "stopped"}}.dump() << '\n';
+        printLine({{"op", "stopped"}});
     }
     return 0;
 }
