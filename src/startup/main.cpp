@@ -65,22 +65,22 @@ void Main() {
     shared.RunMode = DetermineRunMode();
 
     const std::string commandLine = system.identity().commandLine;
-    std::string road = toolkit::upperCase(commandLine.substr(0, 2));
-    if (road.empty()) {
-        road = "/C";
+    std::string commandSwitch = toolkit::upperCase(commandLine.substr(0, 2));
+    if (commandSwitch.empty()) {
+        commandSwitch = "/C";
     }
-    if (road == "/C") {
+    if (commandSwitch == "/C") {
         application.showFailures();
         application.form<frmConfig>().show();
-    } else if (road == "/S") {
+    } else if (commandSwitch == "/S") {
         if (!CheckUnique(showCaption)) {
             return;
         }
         application.form<MainForm>().show();
-    } else if (road == "/P") {
+    } else if (commandSwitch == "/P") {
         parseHostWindow(commandLine);
         application.form<ControlForm>().load();
-    } else if (road == "/A") {
+    } else if (commandSwitch == "/A") {
         parseHostWindow(commandLine);
         shared.ApiResult = system.platform().pwdChangePassword("SCRSAVE", sys::handleOf(shared.HostWindow));
     }
