@@ -47,9 +47,7 @@ std::int16_t DetermineRunMode() {
             }
             WriteLog("E: DetermineRunMode");
         },
-        []([[maybe_unused]] const Failure& failure) {
-            WriteLog("E: DetermineRunMode With Error ", failure);
-        });
+        [](const Failure& failure) { WriteLog("E: DetermineRunMode With Error ", failure); });
     toolkit::fileTable().close(ownFile);
     return mode;
 }
