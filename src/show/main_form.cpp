@@ -14,7 +14,7 @@ using toolkit::Application;
 
 namespace {
 
-// Read from across a room.
+// Large enough to be read from across a room.
 const sys::Font commentFont{"Tahoma", 24, true};
 
 constexpr std::uint32_t currentUser = 0x80000001; // the predefined key HKEY_CURRENT_USER
