@@ -121,6 +121,8 @@ private:
     void cmdLoad_Click();
     void cmdWriteSCR_Click();
 
+    /// Asks for the name of a file to write; a cancelled dialog is failure 32755.
+    std::string askForFile(const char* extension, const char* filter, const std::string& proposed);
     void takeEdited(const frmEdit& editor);
     void copyRow(std::int16_t from, std::int16_t to);
     void exchangeRows(std::int16_t row, std::int16_t partner);
@@ -139,17 +141,20 @@ private:
     bool hasSound(std::int16_t row) const { return !ListView1.text(row, soundsColumn).empty(); }
 
     // The parts of `WritePackage`.
-    /// The numbers of the files that it has open in its yields, in which other routines open theirs, and
-    /// another "Create" as well.
-    struct PackageFiles {
-        int package, source;
-        static PackageFiles unused();
+    /// What a writing keeps through its yields, in which other routines run, and another writing as well.
+    struct Writing {
+        std::string target;
+        std::int16_t soundMode;
+        int package, source; // file numbers
     };
-    std::string refusal(const std::string& target, std::int16_t mode) const;
-    std::int64_t packageLength(std::int16_t mode) const;
+    static Writing newWriting(const std::string& target);
+    void beginWriting();
+    void finishWriting(std::int16_t removed);
+    std::string refusal(const Writing& writing) const;
+    std::int64_t packageLength(std::int16_t soundMode) const;
     std::optional<std::string> missingImage() const;
-    void copyProgram(const PackageFiles& files, const std::string& target);
-    void appendMedia(const PackageFiles& files, std::int16_t row);
-    void appendDirectory(int packageFile, const std::string& target, std::int16_t mode,
-                         std::int32_t directory);
+    void copyProgram(const Writing& writing);
+    bool appendShow(const Writing& writing, std::int64_t programLength);
+    void appendMedia(const Writing& writing, std::int16_t row);
+    void appendDirectory(const Writing& writing, std::int32_t directory);
 };

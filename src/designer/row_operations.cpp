@@ -45,7 +45,7 @@ void frmDesigner::cmdInsert_Click() {
 }
 
 /// The last row that is left stays, whatever it holds. Of lists that are longer than the rows the last
-/// entries go, whosever they are: meant so.
+/// entries go, even if they are another row's: meant so.
 void frmDesigner::cmdDelete_Click() {
     const std::int16_t last = ListView1.rowCount();
     if (last == 1) {

@@ -8,7 +8,6 @@
 #include "toolkit/failure_handling.h"
 
 using toolkit::Application;
-using toolkit::CommonDialog;
 
 /// Paths are written whole. A row without a picture has no line that starts it, so that its lines are those
 /// of the item above: meant so.
@@ -46,19 +45,23 @@ void frmDesigner::WriteTemplate(const std::string& name) {
     TemplateFolder = Parser.Path;
 }
 
+std::string frmDesigner::askForFile(const char* extension, const char* filter, const std::string& proposed) {
+    CommonDialog1.CancelError = true;
+    CommonDialog1.Flags = toolkit::CommonDialog::overwritePrompt | toolkit::CommonDialog::hideReadOnly;
+    CommonDialog1.DefaultExt = extension;
+    CommonDialog1.FileName = proposed;
+    CommonDialog1.FilterIndex = 1;
+    CommonDialog1.Filter = filter;
+    CommonDialog1.ShowSave();
+    return CommonDialog1.FileName;
+}
+
 /// Any failure, a cancelled dialog included, ends this without a word, and the document stays unsaved: meant
 /// so.
 void frmDesigner::cmdSave_Click() {
     toolkit::handlingFailures(
         [this] {
-            CommonDialog1.CancelError = true;
-            CommonDialog1.Flags = CommonDialog::overwritePrompt | CommonDialog::hideReadOnly;
-            CommonDialog1.DefaultExt = "txt";
-            CommonDialog1.FileName = TemplateFile;
-            CommonDialog1.FilterIndex = 1;
-            CommonDialog1.Filter = "Text Files (*.txt)|*.txt|All Files (*.*)|*.*";
-            CommonDialog1.ShowSave();
-            WriteTemplate(CommonDialog1.FileName);
+            WriteTemplate(askForFile("txt", "Text Files (*.txt)|*.txt|All Files (*.*)|*.*", TemplateFile));
             TemplateDirty = False;
         },
         [](const Failure&) {});

@@ -196,7 +196,7 @@ void frmEdit::cmdPlay_Click() {
         auto& sounds = Application::current().form<frmPlay>();
         sounds.load();
         sounds.MediaPlayer1.setFileName(AddBackslash(Dir2.path()) + File2.fileName());
-        sounds.MediaPlayer1.setAutoStart(true);
+        sounds.MediaPlayer1.setAutoStart(true); // as it is from the load on, which has started the sound
         sounds.showModal();
     });
 }

@@ -6,18 +6,21 @@
 
 class Failure;
 
+/// Hears of what it overrides.
 class ShowObserver {
 public:
     virtual ~ShowObserver() = default;
+    /// `Timer1` has ticked; the step that comes of it follows.
+    virtual void ticked() {}
     /// A tick found the sound of the last picture still playing.
-    virtual void held() = 0;
-    virtual void stepBegun() = 0;
-    virtual void transitionChosen(const std::string& name) = 0;
+    virtual void held() {}
+    virtual void stepBegun() {}
+    virtual void transitionChosen(const std::string& /*name*/) {}
     /// A transition drew a block's column or row or a strip, which may be painted already.
     virtual void stripDrawn() {}
-    virtual void paused(std::int16_t divisor) = 0;
+    virtual void paused(std::int16_t /*divisor*/) {}
     /// The handler of the step has a failure.
-    virtual void failed(const Failure& failure) = 0;
+    virtual void failed(const Failure& /*failure*/) {}
     /// A sound file was given to the system's plain player.
-    virtual void plainSoundPlayed(const std::string& file) = 0;
+    virtual void plainSoundPlayed(const std::string& /*file*/) {}
 };

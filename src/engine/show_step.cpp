@@ -1,4 +1,5 @@
 // `LoadImage`: one beat of the show, from the next item to its picture, transition, comment and sound.
+#include "engine/transitions.h"
 #include "package/comment.h"
 #include "show/main_form.h"
 #include "show/show_system.h"
@@ -10,8 +11,6 @@
 #include "toolkit/pictures.h"
 
 #include <algorithm>
-#include <array>
-#include <string_view>
 
 using toolkit::Application;
 using toolkit::floor16;
@@ -35,6 +34,9 @@ std::int32_t randomPlace(double room) {
 
 void MainForm::Timer1_Timer() {
     WriteLog("S: MainForm Timer1");
+    if (observer != nullptr) {
+        observer->ticked();
+    }
     if (ImageLoading != 0 && ShowEnding == 0) {
         // A tick inside a running step: the steps are over, only input is served until the process ends.
         // Meant so; `DisableTimers` keeps such a tick from coming.
@@ -188,32 +190,13 @@ void MainForm::layOut(const std::string& TransitionName) {
 }
 
 void MainForm::runTransition(const std::string& TransitionName) {
-    struct Transition {
-        std::string_view name;
-        void (*run)(MainForm& form);
-    };
-    static constexpr std::array transitions = {
-        Transition{"Random Blocks", [](MainForm& form) { form.RandomBlockPaint(); }},
-        Transition{"Top To Bottom", [](MainForm& form) { form.NormalCurtainPaint(False, False); }},
-        Transition{"Bottom To Top", [](MainForm& form) { form.NormalCurtainPaint(False, True); }},
-        Transition{"Top/Bottom To Center", [](MainForm& form) { form.DeluxeCurtainPaint(False); }},
-        Transition{"Random Horizontal", [](MainForm& form) { form.RandomCurtainPaint(False); }},
-        Transition{"Left To Right", [](MainForm& form) { form.NormalCurtainPaint(True, False); }},
-        Transition{"Right To Left", [](MainForm& form) { form.NormalCurtainPaint(True, True); }},
-        Transition{"Left/Right To Center", [](MainForm& form) { form.DeluxeCurtainPaint(True); }},
-        Transition{"Random Vertical", [](MainForm& form) { form.RandomCurtainPaint(True); }},
-        Transition{"Slide Bottom To Center", [](MainForm& form) { form.SlideBottom2Center(); }},
-        Transition{"Slide Top To Center", [](MainForm& form) { form.SlideTop2Center(); }},
-        Transition{"Slide Right To Center", [](MainForm& form) { form.SlideRight2Center(); }},
-        Transition{"Slide Left To Center", [](MainForm& form) { form.SlideLeft2Center(); }},
-    };
-    for (const Transition& transition : transitions) {
+    for (const Transition& transition : allTransitions()) {
         if (transition.name == TransitionName) {
             transition.run(*this);
             return;
         }
     }
-    NormalDisplay(); // "Normal", and every name that isn't known
+    NormalDisplay(); // a name that isn't known
 }
 
 void MainForm::NormalDisplay() {

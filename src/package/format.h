@@ -44,7 +44,7 @@ namespace package {
 
 inline constexpr const char* mark = "Tessellarium";
 
-/// Of rows; the tables that they are read into have no room for more.
+/// Of rows; the writer numbers the entries of its tables from 1 to this.
 inline constexpr int mostRows = 500;
 /// From so many bytes on a position needs a ninth digit, and the trailer can't be read.
 inline constexpr std::int64_t lengthLimit = 100'000'000;

@@ -84,7 +84,7 @@ std::int16_t MainForm::ReadSCR() {
     shared.SoundLast = trailer.count;
     fileTable().seek(own, trailer.directory);
     shared.SoundMode = read16(own);
-    WriteLog("X: ", toolkit::signedTextOf(shared.SoundMode));
+    WriteLog("X: ", shared.SoundMode);
     for (std::int16_t row = 0; row < trailer.count; ++row) {
         entry(shared.ImageStart, row) = read32(own);
         entry(shared.ImageEnd, row) = read32(own);
@@ -94,8 +94,8 @@ std::int16_t MainForm::ReadSCR() {
         entry(shared.SoundEnd, row) = read32(own);
         entry(shared.SoundExt, row) = fileTable().readField(own);
         lstImageNames.addItem("Imbedded Image");
-        WriteLog(toolkit::signedTextOf(entry(shared.ImageStart, row)), ":", entry(shared.ImageDissolves, row),
-                 "*", entry(shared.SoundExt, row), "*");
+        WriteLog(entry(shared.ImageStart, row), ":", entry(shared.ImageDissolves, row), "*",
+                 entry(shared.SoundExt, row), "*");
     }
     fileTable().close(own);
     WriteLog("E: MainForm ReadSCR");
@@ -107,7 +107,7 @@ std::int16_t MainForm::LoadImbeddedImage(std::int16_t index) {
     constexpr int picture = 4;
     WriteLog(ImageLoading != 0 ? "True" : "False");
     ImageLoading = True;
-    WriteLog("S: MainForm LoadImbeddedImage from ", ownFileName());
+    WriteLog("S: MainForm LoadImbeddedImage from ", ownFileName);
     if (entry(shared.ImageStart, index) == 0) {
         ImageLoading = False;
         return False;
@@ -137,7 +137,7 @@ void MainForm::LoadImbeddedSound(std::int16_t index) {
     constexpr int own = 1;
     constexpr int sound = 2;
     ExtractedSound = "";
-    WriteLog("S: MainForm LoadImbeddedSound ", toolkit::signedTextOf(index), " from ", ownFileName());
+    WriteLog("S: MainForm LoadImbeddedSound ", index, " from ", ownFileName);
     if (entry(shared.SoundStart, index) != 0) {
         // The player lets the former sound go, so that a file of the same name can be written again.
         MediaPlayer1.setVisible(false);

@@ -12,10 +12,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <vector>
 
 using toolkit::Application;
-using toolkit::CommonDialog;
 using toolkit::fileTable;
 using toolkit::OpenMode;
 
@@ -44,7 +42,17 @@ std::int64_t segmentLength(std::int64_t sourceLength) {
     return (sourceLength / block + 1) * block;
 }
 
-std::int32_t position(int number) { return static_cast<std::int32_t>(fileTable().position(number)); }
+std::int32_t position(int number) {
+    return toolkit::round32(static_cast<double>(fileTable().position(number)));
+}
+
+/// Of the program's own file, in bytes. Fails when it can't be read.
+std::int64_t readProgramLength(int number) {
+    fileTable().open(number, ownFileName(), OpenMode::input);
+    const std::int64_t length = fileTable().length(number);
+    fileTable().close(number);
+    return length;
+}
 
 /// The entry of a row, counted from 1 here; more rows than the tables hold are failure 9.
 std::int32_t& entry(ItemPositions& positions, std::int16_t row) {
@@ -73,119 +81,94 @@ void frmDesigner::cmdWriteSCR_Click() {
     takeSoundMode();
     toolkit::handlingFailures(
         [this] {
-            CommonDialog1.CancelError = true;
-            const std::string name = proposedName(Parser, TemplateFile);
-            CommonDialog1.Flags = CommonDialog::overwritePrompt | CommonDialog::hideReadOnly;
-            CommonDialog1.DefaultExt = "scr";
-            CommonDialog1.FileName = name;
-            CommonDialog1.FilterIndex = 1;
-            CommonDialog1.Filter = "ScreenSaver Files (*.scr)|*.scr|All Files (*.*)|*.*";
-            CommonDialog1.ShowSave();
-            // A copy: while it writes, "Save" may ask for another name.
-            const std::string target = CommonDialog1.FileName;
-            WritePackage(target);
+            WritePackage(askForFile("scr", "ScreenSaver Files (*.scr)|*.scr|All Files (*.*)|*.*",
+                                    proposedName(Parser, TemplateFile)));
         },
         [](const Failure&) {});
 }
 
-frmDesigner::PackageFiles frmDesigner::PackageFiles::unused() {
+/// With numbers that no other routine opens.
+frmDesigner::Writing frmDesigner::newWriting(const std::string& target) {
     constexpr int othersUseLower = 3;
     const int package = fileTable().freeNumber(othersUseLower);
-    return {package, fileTable().freeNumber(package + 1)};
+    return {target, shared.SoundMode, package, fileTable().freeNumber(package + 1)};
 }
 
 void frmDesigner::WritePackage(const std::string& target) {
-    const std::int16_t removed = RemoveBlankRows();
-    const PackageFiles files = PackageFiles::unused();
-    // "Save" or another "Create" in a yield may set another one.
-    const std::int16_t mode = shared.SoundMode;
-    const auto finish = [&] {
-        ListView1.setVisible(true);
-        Frame2.setVisible(false);
-        if (removed != False) {
-            AddRow();
-        }
-    };
+    std::int16_t removed = RemoveBlankRows();
+    const Writing writing = newWriting(target);
     toolkit::handlingFailures(
         [&] {
-            ListView1.setVisible(false);
-            Frame2.setVisible(true);
-            Frame2.refresh();
-            refresh();
-            if (const std::string reason = refusal(target, mode); !reason.empty()) {
+            beginWriting();
+            if (const std::string reason = refusal(writing); !reason.empty()) {
                 Application::current().showMessage(reason);
-                finish();
                 return;
             }
             sys::Files& system = toolkit::systemFiles();
             if (system.exists(target)) {
                 system.remove(target); // also when a picture turns out to be missing: meant so
             }
-            fileTable().open(files.source, ownFileName(), OpenMode::input);
-            const std::int64_t programLength = fileTable().length(files.source);
-            fileTable().close(files.source);
+            const std::int64_t programLength = readProgramLength(writing.source);
             if (const std::optional<std::string> missing = missingImage()) {
                 Application::current().showMessage("Unable to locate image: " + *missing);
-                ListView1.setVisible(true);
-                Frame2.setVisible(false);
-                return; // the blank rows don't come back: meant so
+                removed = False; // the blank rows don't come back: meant so
+                return;
             }
-            copyProgram(files, target);
-            fileTable().open(files.package, target, OpenMode::binary);
-            fileTable().seek(files.package, programLength); // on its last byte
-            // A handler that runs in a yield may change the rows, and change them back when one has been
-            // copied twice. The loop keeps their first number, so that a row that went fails instead of
-            // leaving a package that looks whole.
-            const std::uint32_t revision = ListView1.revision();
-            const std::int16_t rows = ListView1.rowCount();
-            for (std::int16_t row = 1; row <= rows; ++row) {
-                appendMedia(files, row);
-                UpdateThinking(row, ListView1.rowCount());
-            }
-            const std::int32_t directory = position(files.package);
-            fileTable().close(files.package);
-            if (ListView1.revision() != revision) {
+            copyProgram(writing);
+            if (!appendShow(writing, programLength)) {
                 Application::current().showMessage(
                     "The items have changed while the screen saver was being written, so that it isn't "
                     "complete. Create it again.");
-                finish();
-                return;
             }
-            WriteLog("Writing Completed");
-            appendDirectory(files.package, target, mode, directory);
-            finish();
         },
         [&](const Failure& failure) {
             Application::current().showMessage("An Error Has Occurred: " + failure.description());
-            for (const int file : {files.package, files.source}) {
+            for (const int file : {writing.package, writing.source}) {
                 toolkit::handlingFailures([file] { fileTable().close(file); }, [](const Failure&) {});
             }
-            finish();
         });
+    finishWriting(removed);
 }
 
-/// Why the document can't be packaged as `target`, in words for the user; "" when it can.
-std::string frmDesigner::refusal(const std::string& target, std::int16_t mode) const {
+/// Shows the progress in place of the list.
+void frmDesigner::beginWriting() {
+    ListView1.setVisible(false);
+    Frame2.setVisible(true);
+    Frame2.refresh();
+    refresh();
+}
+
+/// Shows the list again, with the blank row for the next item if rows were removed.
+void frmDesigner::finishWriting(std::int16_t removed) {
+    ListView1.setVisible(true);
+    Frame2.setVisible(false);
+    if (removed != False) {
+        AddRow();
+    }
+}
+
+/// Why the document can't be packaged so, in words for the user; "" when it can.
+std::string frmDesigner::refusal(const Writing& writing) const {
     const std::int16_t rows = ListView1.rowCount();
     if (rows > package::mostRows) {
         return "A screen saver holds at most " + std::to_string(package::mostRows) +
                " items, and this template has " + std::to_string(rows) + ".";
     }
     sys::Files& system = toolkit::systemFiles();
-    if (system.same(target, ownFileName())) {
+    if (system.same(writing.target, ownFileName())) {
         return "This is the running program itself. Choose another name.";
     }
     // Only files of one length can be the same one, which takes longer to find out.
-    const std::int64_t targetLength = system.length(target);
+    const std::int64_t targetLength = system.length(writing.target);
     const auto isTarget = [&](bool present, const std::string& path) {
-        return present && system.length(path) == targetLength && system.same(target, path);
+        return present && system.length(path) == targetLength && system.same(writing.target, path);
     };
     for (std::int16_t row = 1; row <= rows; ++row) {
         if (isTarget(hasImage(row), imagePath(row)) || isTarget(hasSound(row), soundPath(row))) {
             return "This file belongs to the template, and would be lost. Choose another name.";
         }
     }
-    const std::int64_t length = packageLength(mode);
+    const std::int64_t length = packageLength(writing.soundMode);
     if (length >= package::lengthLimit) {
         return "A screen saver stays below " + std::to_string(package::lengthLimit) +
                " bytes, and with this template it would have " + std::to_string(length) + ".";
@@ -194,11 +177,11 @@ std::string frmDesigner::refusal(const std::string& target, std::int16_t mode) c
 }
 
 /// What a package of the rows would have, in bytes.
-std::int64_t frmDesigner::packageLength(std::int16_t mode) const {
+std::int64_t frmDesigner::packageLength(std::int16_t soundMode) const {
     sys::Files& system = toolkit::systemFiles();
     const std::int64_t programLength = system.length(ownFileName());
     std::int64_t end = programLength; // of the media, and a 1-based position
-    std::size_t directory = numberLine(mode).size() + 2;
+    std::size_t directory = numberLine(soundMode).size() + 2;
     const auto addSegment = [&](bool present, const std::string& path) {
         const std::int64_t start = end;
         end += present ? segmentLength(system.length(path)) : 0;
@@ -227,18 +210,42 @@ std::optional<std::string> frmDesigner::missingImage() const {
     return {};
 }
 
-void frmDesigner::copyProgram(const PackageFiles& files, const std::string& target) {
-    fileTable().open(files.source, ownFileName(), OpenMode::binaryRead);
-    fileTable().open(files.package, target, OpenMode::binary);
+void frmDesigner::copyProgram(const Writing& writing) {
+    fileTable().open(writing.source, ownFileName(), OpenMode::binaryRead);
+    fileTable().open(writing.package, writing.target, OpenMode::binary);
     Label1.setCaption("Writing Executable File");
     Label1.refresh();
-    copyBlocks(files.source, files.package, [] {});
-    fileTable().close(files.source);
-    fileTable().close(files.package);
+    copyBlocks(writing.source, writing.package, [] {});
+    fileTable().close(writing.source);
+    fileTable().close(writing.package);
+}
+
+/// Appends the rows behind a program of this length; false when they changed meanwhile, so that nothing tells
+/// the file for a package.
+bool frmDesigner::appendShow(const Writing& writing, std::int64_t programLength) {
+    fileTable().open(writing.package, writing.target, OpenMode::binary);
+    fileTable().seek(writing.package, programLength); // on its last byte
+    // A handler that runs in a yield may change the rows, and back again when one has been copied twice. The
+    // loop keeps their first number, so that a row that went fails instead of leaving a package that looks
+    // whole.
+    const std::uint32_t revision = ListView1.revision();
+    const std::int16_t rows = ListView1.rowCount();
+    for (std::int16_t row = 1; row <= rows; ++row) {
+        appendMedia(writing, row);
+        UpdateThinking(row, ListView1.rowCount());
+    }
+    const std::int32_t directory = position(writing.package);
+    fileTable().close(writing.package);
+    if (ListView1.revision() != revision) {
+        return false;
+    }
+    WriteLog("Writing Completed");
+    appendDirectory(writing, directory);
+    return true;
 }
 
 /// Appends the picture and the sound of a row, and notes where they stand.
-void frmDesigner::appendMedia(const PackageFiles& files, std::int16_t row) {
+void frmDesigner::appendMedia(const Writing& writing, std::int16_t row) {
     const auto append = [&](bool present, const std::string& path, const char* text, ItemPositions& starts,
                             ItemPositions& ends) {
         entry(starts, row) = 0;
@@ -246,14 +253,14 @@ void frmDesigner::appendMedia(const PackageFiles& files, std::int16_t row) {
         if (!present) {
             return;
         }
-        entry(starts, row) = position(files.package);
+        entry(starts, row) = position(writing.package);
         // A sound that isn't there becomes an empty file: meant so.
-        fileTable().open(files.source, path, OpenMode::binary);
+        fileTable().open(writing.source, path, OpenMode::binary);
         Label1.setCaption(text);
         Label1.refresh();
-        copyBlocks(files.source, files.package, [] { Application::current().yield(); });
-        entry(ends, row) = position(files.package);
-        fileTable().close(files.source);
+        copyBlocks(writing.source, writing.package, [] { Application::current().yield(); });
+        entry(ends, row) = position(writing.package);
+        fileTable().close(writing.source);
     };
     if (hasImage(row)) {
         WriteLog("Writing ", ListView1.text(row, imagesColumn));
@@ -265,11 +272,10 @@ void frmDesigner::appendMedia(const PackageFiles& files, std::int16_t row) {
     append(hasSound(row), soundPath(row), "Appending Sounds", shared.SoundStart, shared.SoundEnd);
 }
 
-void frmDesigner::appendDirectory(int packageFile, const std::string& target, std::int16_t mode,
-                                  std::int32_t directory) {
-    fileTable().open(packageFile, target, OpenMode::append);
-    const auto write = [packageFile](const std::string& text) { fileTable().writeLine(packageFile, text); };
-    write(numberLine(mode));
+void frmDesigner::appendDirectory(const Writing& writing, std::int32_t directory) {
+    fileTable().open(writing.package, writing.target, OpenMode::append);
+    const auto write = [&](const std::string& text) { fileTable().writeLine(writing.package, text); };
+    write(numberLine(writing.soundMode));
     for (std::int16_t row = 1; row <= ListView1.rowCount(); ++row) {
         WriteLog("Writing Data");
         write(numberLine(entry(shared.ImageStart, row)));
@@ -287,12 +293,12 @@ void frmDesigner::appendDirectory(int packageFile, const std::string& target, st
         extension.resize(3, ' ');
         write(extension);
     }
-    fileTable().close(packageFile);
-    fileTable().open(packageFile, target, OpenMode::append);
+    fileTable().close(writing.package);
+    fileTable().open(writing.package, writing.target, OpenMode::append);
     write(eightDigits(directory));
     write(eightDigits(ListView1.rowCount()));
     write(package::mark);
-    fileTable().close(packageFile);
+    fileTable().close(writing.package);
 }
 
 std::int16_t frmDesigner::RemoveBlankRows() {

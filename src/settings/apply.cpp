@@ -7,7 +7,6 @@
 #include "startup/shared_state.h"
 #include "toolkit/application.h"
 #include "toolkit/failure_handling.h"
-#include "toolkit/numbers.h"
 
 using toolkit::Application;
 
@@ -65,25 +64,12 @@ bool frmConfig::templateMayBeSaved() {
     return goOn;
 }
 
-/// The order is the one in which a start reads.
+/// Two settings go from their controls straight to the store; their variables stay as they were.
 void frmConfig::save() {
-    sys::SettingsStore& store = Application::current().system().settings();
-    const auto write = [&](const char* key, const std::string& value) {
-        store.write(settings::application, settings::section, key, value);
-    };
-    const auto writeNumber = [&](const char* key, std::int16_t value) { write(key, toolkit::textOf(value)); };
-    write("ImagePath", shared.ImagePath);
-    writeNumber("ImageInterval", shared.ImageInterval);
-    write("ImageListFile", shared.ImageListFile);
-    writeNumber("FullScreen", shared.FullScreen);
-    writeNumber("ImagePositionRandom", shared.ImagePositionRandom);
-    writeNumber("ImageOrderRandom", shared.ImageOrderRandom);
-    writeNumber("AllImages", shared.AllImages);
-    writeNumber("Blocks", shared.Blocks);
-    write("DissolveType", Combo1.text());
-    writeNumber("DissolveDelay", shared.DissolveDelay);
-    writeNumber("MouseSensitivity", shared.MouseSensitivity);
-    writeNumber("IgnoreMouse", chkIgnoreMouse.value());
+    Settings values = shared;
+    values.DissolveType = Combo1.text();
+    values.IgnoreMouse = chkIgnoreMouse.value();
+    writeSettings(Application::current().system().settings(), values);
 }
 
 void frmConfig::cmdSelectFolder_Click() {

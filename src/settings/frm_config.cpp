@@ -1,10 +1,11 @@
-// The settings dialog: how it comes up, its modes and its controls.
+// The settings dialog: how it comes up, its modes, its controls and its menu.
 #include "settings/frm_config.h"
 
-#include "resources/embedded.h"
 #include "settings/frm_about.h"
 #include "settings/guidance.h"
+#include "settings/help.h"
 #include "startup/marrowfieldry.h"
+#include "startup/product.h"
 #include "startup/shared_state.h"
 #include "toolkit/application.h"
 #include "toolkit/failure_handling.h"
@@ -18,12 +19,6 @@ namespace {
 constexpr std::int16_t folderMode = 1; // `AllImages`; all else is Template Mode
 
 } // namespace
-
-const frmConfig::Icons& frmConfig::icons() {
-    static const Icons drawn{resources::select_template, resources::new_template, resources::edit_template,
-                             resources::select_folder,   resources::done,         resources::cancel};
-    return drawn;
-}
 
 toolkit::LabelDesign frmConfig::centered(const toolkit::Design& control, const std::string& caption) {
     return {.control = control, .caption = caption, .alignment = sys::Alignment::center};
@@ -187,8 +182,8 @@ void frmConfig::ShowHelperText() {
     }
 }
 
-// The two boxes act as a pair of options. Each enters the other's handler, and the last one to write
-// `AllImages` is the one of the box that was clicked, whatever its own value has become: meant so.
+// The two boxes act as a pair of options, and each enters the other's handler. A click leaves `AllImages` as
+// the clicked box's handler writes it, even when the box was unticked by the click: meant so.
 
 void frmConfig::chkFolderMode_Click() {
     shared.AllImages = 1;
@@ -200,4 +195,23 @@ void frmConfig::chkTemplateMode_Click() {
     shared.AllImages = 0;
     chkFolderMode.setValue(0);
     ArrangeMode();
+}
+
+void frmConfig::Contents_Click() { showHelp(*this); }
+
+void frmConfig::HomePage_Click() {
+    const sys::MessageAnswer answer = Application::current().ask(
+        {.text = "Open the Tessellarium page in your browser?", .buttons = sys::MessageButtons::yesNo});
+    if (answer == sys::MessageAnswer::yes) {
+        openHomePage();
+    }
+}
+
+/// The banner asks nothing, unlike the menu: meant so. Whether there is a browser is nobody's concern here.
+void frmConfig::openHomePage() {
+    constexpr int normalWindow = 1;
+    sys::System& system = Application::current().system();
+    system.platform().shellExecute(hWnd(), "Open",
+                                   std::string("http://") + product::webHost + product::homePath, "",
+                                   system.identity().folder, normalWindow);
 }

@@ -1,6 +1,7 @@
 // The settings dialog. It works on the shared settings themselves; "Done" alone writes them to the store.
 #pragma once
 
+#include "resources/embedded.h"
 #include "startup/path_parser.h"
 #include "toolkit/check_box.h"
 #include "toolkit/command_button.h"
@@ -36,15 +37,15 @@ public:
 
     // The left column
     toolkit::CheckBox      chkTemplateMode       {*this, {"chkTemplateMode",           60,   60, 1455,  195}, "Template Mode"};
-    toolkit::CommandButton cmdSelectTemplate     {*this, {"cmdSelectTemplate",         60,  360,  780,  780}, {"Select", icons().selectTemplate}};
-    toolkit::CommandButton cmdCreateTemplate     {*this, {"cmdCreateTemplate",        900,  360,  780,  780}, {"New", icons().newTemplate}};
-    toolkit::CommandButton cmdEditTemplate       {*this, {"cmdEditTemplate",         1740,  360,  780,  780}, {"Edit", icons().editTemplate}};
+    toolkit::CommandButton cmdSelectTemplate     {*this, {"cmdSelectTemplate",         60,  360,  780,  780}, {"Select", resources::select_template}};
+    toolkit::CommandButton cmdCreateTemplate     {*this, {"cmdCreateTemplate",        900,  360,  780,  780}, {"New", resources::new_template}};
+    toolkit::CommandButton cmdEditTemplate       {*this, {"cmdEditTemplate",         1740,  360,  780,  780}, {"Edit", resources::edit_template}};
     toolkit::Line          Line3                 {*this, {"Line3",                      0, 1200, 3120,   15}, ruleColor};
     toolkit::ControlName   contentName           {*this, "Template or folder"};
     toolkit::TextBox       txtImageListFile      {*this, {"txtImageListFile",          60, 1320, 2955,  285}, {"(no template or folder selected)"}};
     toolkit::Line          Line1                 {*this, {"Line1",                      0, 1680, 3120,   15}, ruleColor};
     toolkit::CheckBox      chkFolderMode         {*this, {"chkFolderMode",             60, 1800, 1515,  195}, "Folder Mode"};
-    toolkit::CommandButton cmdSelectFolder       {*this, {"cmdSelectFolder",           60, 2100,  780,  780}, {"Select", icons().selectFolder}};
+    toolkit::CommandButton cmdSelectFolder       {*this, {"cmdSelectFolder",           60, 2100,  780,  780}, {"Select", resources::select_folder}};
     toolkit::Line          Line2                 {*this, {"Line2",                      0, 2940, 3120,   15}, ruleColor};
     toolkit::Label         lblDelayInterval      {*this, centered({"lblDelayInterval", 60, 3000, 2900,  200}, "Delay Interval (seconds):")};
     toolkit::ScrollBar     ScrollInterval        {*this, {"ScrollInterval",            60, 3240, 2990,  285}, {.min =  1, .max = 120, .smallChange = 1, .largeChange =  1, .value =  5}};
@@ -96,8 +97,8 @@ public:
     toolkit::OptionButton  chkOrderSequential    {OrderFrame, {"chkOrderSequential",    0,  600, 1215,  195}, {"Sequential"}};
 
     toolkit::PictureBox    Picture1              {*this, banner({"Picture1",         3150, 4260, 4170,  495})};
-    toolkit::CommandButton cmdExit               {*this, {"cmdExit",                 7440, 3480,  780,  780}, {"Done", icons().done}};
-    toolkit::CommandButton cmdCancel             {*this, {"cmdCancel",               7440, 4380,  780,  780}, {"Cancel", icons().cancel}};
+    toolkit::CommandButton cmdExit               {*this, {"cmdExit",                 7440, 3480,  780,  780}, {"Done", resources::done}};
+    toolkit::CommandButton cmdCancel             {*this, {"cmdCancel",               7440, 4380,  780,  780}, {"Cancel", resources::cancel}};
 
     // clang-format on
 
@@ -109,10 +110,6 @@ public:
     void SyncPathsFromText();
 
 private:
-    struct Icons {
-        std::span<const std::uint8_t> selectTemplate, newTemplate, editTemplate, selectFolder, done, cancel;
-    };
-    static const Icons& icons();
     static constexpr sys::Color ruleColor{160, 160, 160};
     static toolkit::LabelDesign centered(const toolkit::Design& control, const std::string& caption);
     static toolkit::PictureBoxDesign banner(const toolkit::Design& control);

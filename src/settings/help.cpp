@@ -1,7 +1,5 @@
-// The settings dialog's menu and banner.
 #include "settings/help.h"
 
-#include "settings/frm_config.h"
 #include "startup/product.h"
 #include "toolkit/application.h"
 #include "toolkit/failure_handling.h"
@@ -11,8 +9,9 @@
 using toolkit::Application;
 
 void showHelp(toolkit::Form& form) {
-    constexpr std::uint32_t contentsPage = 3;
+    constexpr std::uint32_t contentsPage = 3; // HELP_CONTENTS
     Application& application = Application::current();
+    // Never taken as long as there is a help file.
     if (std::string_view(product::helpFile).empty()) {
         application.ask(
             {.text = "Unable to display Help Contents. There is no Help associated with this project.",
@@ -23,23 +22,4 @@ void showHelp(toolkit::Form& form) {
     toolkit::handlingFailures(
         [&] { toolkit::platform().winHelp(form.hWnd(), product::helpFile, contentsPage); },
         [&](const Failure& failure) { application.showMessage(failure.description()); });
-}
-
-void frmConfig::Contents_Click() { showHelp(*this); }
-
-void frmConfig::HomePage_Click() {
-    const sys::MessageAnswer answer = Application::current().ask(
-        {.text = "Open the Tessellarium page in your browser?", .buttons = sys::MessageButtons::yesNo});
-    if (answer == sys::MessageAnswer::yes) {
-        openHomePage();
-    }
-}
-
-/// The banner asks nothing, unlike the menu: meant so. Whether there is a browser is nobody's concern here.
-void frmConfig::openHomePage() {
-    constexpr int normalWindow = 1;
-    sys::System& system = Application::current().system();
-    system.platform().shellExecute(hWnd(), "Open",
-                                   std::string("http://") + product::webHost + product::homePath, "",
-                                   system.identity().folder, normalWindow);
 }

@@ -14,7 +14,7 @@ using toolkit::Application;
 
 namespace {
 
-// Read from across a room.
+// Large enough to be read from across a room.
 const sys::Font commentFont{"Tahoma", 24, true};
 
 constexpr std::uint32_t currentUser = 0x80000001; // the predefined key HKEY_CURRENT_USER
@@ -78,9 +78,8 @@ void MainForm::bindHandlers() {
 void MainForm::Form_Load() {
     WriteLog("S: MainForm Form_Load");
     // The form comes up whatever fails: a failure shows as nothing but an unset value.
-    const auto step = toolkit::resumingNext([]([[maybe_unused]] const Failure& failure) {
-        WriteLog("E: MainForm Form_Load With Errors ", failure);
-    });
+    const auto step = toolkit::resumingNext(
+        [](const Failure& failure) { WriteLog("E: MainForm Form_Load With Errors ", failure); });
     step([&] { shared.SoundMode = noSound; });
     step([&] { SoundListPending = True; });
     // Meant so: from 33 seconds on the product wraps around 16 bits. What comes out negative the timer

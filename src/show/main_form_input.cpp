@@ -43,7 +43,7 @@ void MainForm::MediaPlayer1_KeyPress(std::int16_t character) {
     if (character < '0' || character > '9') {
         throw Failure(FailureCode::typeMismatch);
     }
-    Form_KeyPress(static_cast<std::int16_t>(character - '0'));
+    Form_KeyPress(toolkit::wrap16(character - '0'));
 }
 
 void MainForm::Form_QueryUnload(bool& Cancel) {

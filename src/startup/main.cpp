@@ -1,4 +1,5 @@
 // `Main`, the program's only entry.
+#include "engine/transitions.h"
 #include "settings/frm_config.h"
 #include "show/control_form.h"
 #include "show/main_form.h"
@@ -11,7 +12,7 @@
 #include "toolkit/text.h"
 
 #include <algorithm>
-#include <array>
+#include <iterator>
 #include <string_view>
 
 using toolkit::Application;
@@ -39,23 +40,9 @@ void deleteLog(sys::System& system) {
 }
 
 void fillDissolveNames() {
-    const std::array names = {"Random",
-                              "Normal",
-                              "Random Blocks",
-                              "Top To Bottom",
-                              "Bottom To Top",
-                              "Top/Bottom To Center",
-                              "Random Horizontal",
-                              "Left To Right",
-                              "Right To Left",
-                              "Left/Right To Center",
-                              "Random Vertical",
-                              "Slide Bottom To Center",
-                              "Slide Top To Center",
-                              "Slide Right To Center",
-                              "Slide Left To Center"};
-    std::ranges::copy(names, shared.DissolveNames.begin());
-    shared.DissolveLast = static_cast<std::int16_t>(names.size() - 1);
+    shared.DissolveNames[0] = "Random";
+    std::ranges::transform(allTransitions(), shared.DissolveNames.begin() + 1, &Transition::name);
+    shared.DissolveLast = toolkit::wrap16(std::ssize(allTransitions()));
 }
 
 /// The number behind the switch. A colon stops it at once, so that "/p:1234" gives 0.
@@ -78,22 +65,22 @@ void Main() {
     shared.RunMode = DetermineRunMode();
 
     const std::string commandLine = system.identity().commandLine;
-    std::string road = toolkit::upperCase(commandLine.substr(0, 2));
-    if (road.empty()) {
-        road = "/C";
+    std::string commandSwitch = toolkit::upperCase(commandLine.substr(0, 2));
+    if (commandSwitch.empty()) {
+        commandSwitch = "/C";
     }
-    if (road == "/C") {
+    if (commandSwitch == "/C") {
         application.showFailures();
         application.form<frmConfig>().show();
-    } else if (road == "/S") {
+    } else if (commandSwitch == "/S") {
         if (!CheckUnique(showCaption)) {
             return;
         }
         application.form<MainForm>().show();
-    } else if (road == "/P") {
+    } else if (commandSwitch == "/P") {
         parseHostWindow(commandLine);
         application.form<ControlForm>().load();
-    } else if (road == "/A") {
+    } else if (commandSwitch == "/A") {
         parseHostWindow(commandLine);
         shared.ApiResult = system.platform().pwdChangePassword("SCRSAVE", sys::handleOf(shared.HostWindow));
     }

@@ -47,9 +47,7 @@ std::int16_t DetermineRunMode() {
             }
             WriteLog("E: DetermineRunMode");
         },
-        []([[maybe_unused]] const Failure& failure) {
-            WriteLog("E: DetermineRunMode With Error ", failure);
-        });
+        [](const Failure& failure) { WriteLog("E: DetermineRunMode With Error ", failure); });
     toolkit::fileTable().close(ownFile);
     return mode;
 }
@@ -80,6 +78,18 @@ void formatNumber(std::array<char, bufferLength>& buffer) {
     std::snprintf(buffer.data(), buffer.size(), "%03u", static_cast<unsigned>(number));
 }
 
+/// Closes a key of the registry at its end.
+class OpenKey {
+public:
+    explicit OpenKey(sys::RegistryKey key) : key_(key) {}
+    ~OpenKey() { toolkit::platform().regCloseKey(key_); }
+    OpenKey(const OpenKey&) = delete;
+    OpenKey& operator=(const OpenKey&) = delete;
+
+private:
+    sys::RegistryKey key_;
+};
+
 } // namespace
 
 std::string RegGetValue(std::uint32_t hKey, const std::string& subKey, const std::string& valueName) {
@@ -91,6 +101,7 @@ std::string RegGetValue(std::uint32_t hKey, const std::string& subKey, const std
     if (platform.regOpenKeyEx(hKey, subKey, readAccess, key) != 0) {
         return "";
     }
+    const OpenKey open(key);
     std::array<char, bufferLength> buffer{};
     buffer.fill(' ');
     std::uint32_t length = bufferLength;
@@ -104,7 +115,6 @@ std::string RegGetValue(std::uint32_t hKey, const std::string& subKey, const std
         // three digits survive: meant so.
         value.assign(buffer.data(), std::clamp<std::size_t>(length, 1, bufferLength) - 1);
     }
-    platform.regCloseKey(key);
     return value;
 }
 

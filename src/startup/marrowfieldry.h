@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-/// The program's only entry: prepares the run, then takes the road of the command line's switch.
+/// The program's only entry: prepares the run, then does what the command line's switch asks for.
 void Main();
 
 /// True when no top-level window has that caption.

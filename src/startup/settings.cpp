@@ -7,45 +7,38 @@
 
 namespace {
 
-class Section {
-public:
-    explicit Section(sys::SettingsStore& store) : store_(store) {}
+void take(std::string& value, const std::string& text) { value = text; }
+void take(std::int16_t& value, const std::string& text) { value = toolkit::round16(toolkit::val(text)); }
 
-    std::string text(const char* key, const char* byDefault) const {
-        return store_.read(settings::application, settings::section, key).value_or(byDefault);
-    }
-    std::int16_t number(const char* key, const char* byDefault) const {
-        return toolkit::round16(toolkit::val(text(key, byDefault)));
-    }
-
-private:
-    sys::SettingsStore& store_;
-};
+std::string stored(const std::string& value) { return value; }
+std::string stored(std::int16_t value) { return toolkit::textOf(value); }
 
 } // namespace
 
 void readSettings(sys::SettingsStore& store) {
-    const Section section(store);
-    shared.ImagePath = section.text("ImagePath", "C:\\");
-    shared.ImageInterval = section.number("ImageInterval", "10");
-    shared.ImageListFile = section.text("ImageListFile", "");
-    shared.FullScreen = section.number("FullScreen", "0");
-    shared.ImagePositionRandom = section.number("ImagePositionRandom", "0");
-    shared.ImageOrderRandom = section.number("ImageOrderRandom", "0");
-    shared.AllImages = section.number("AllImages", "0");
-    shared.Blocks = section.number("Blocks", "10");
-    shared.DissolveType = section.text("DissolveType", "Normal");
-    shared.DissolveDelay = section.number("DissolveDelay", "0");
-    shared.MouseSensitivity = section.number("MouseSensitivity", "100");
-    shared.IgnoreMouse = section.number("IgnoreMouse", "0");
+    static_cast<Settings&>(shared) = {};
+    for (const settings::Entry& entry : settings::entries) {
+        if (const auto text = store.read(settings::application, settings::section, entry.key)) {
+            std::visit([&](auto variable) { take(shared.*variable, *text); }, entry.variable);
+        }
+    }
 }
 
 void clampSettings() {
-    const auto clamp = [](std::int16_t& value, int low, int high) {
-        value = static_cast<std::int16_t>(std::clamp<int>(value, low, high));
-    };
-    clamp(shared.ImageInterval, 1, 120);
-    clamp(shared.Blocks, 10, 50);
-    clamp(shared.DissolveDelay, 0, 200);
-    clamp(shared.MouseSensitivity, 10, 500);
+    for (const settings::Entry& entry : settings::entries) {
+        if (const auto* number = std::get_if<std::int16_t Settings::*>(&entry.variable)) {
+            std::int16_t& value = shared.**number;
+            value = std::clamp(value, entry.least, entry.most);
+        }
+    }
+}
+
+void writeSettings(sys::SettingsStore& store, const Settings& values) {
+    for (const settings::Entry& entry : settings::entries) {
+        std::visit(
+            [&](auto variable) {
+                store.write(settings::application, settings::section, entry.key, stored(values.*variable));
+            },
+            entry.variable);
+    }
 }

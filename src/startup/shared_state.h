@@ -2,9 +2,11 @@
 // process.
 #pragma once
 
+#include "startup/settings.h"
 #include "system/platform.h"
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -34,21 +36,10 @@ inline const std::string& itemText(const ItemTexts& texts, std::int16_t item) {
     return item >= 0 && item <= lastItem ? texts[static_cast<std::size_t>(item)] : none;
 }
 
-struct SharedState {
-    // The settings, in the order in which the store is read and written.
-    std::string ImagePath;
-    std::int16_t ImageInterval = 0; // seconds
-    std::string ImageListFile;
-    std::int16_t FullScreen = 0;
-    std::int16_t ImagePositionRandom = 0;
-    std::int16_t ImageOrderRandom = 0;
-    std::int16_t AllImages = 0;
-    std::int16_t Blocks = 0;
-    std::string DissolveType;
-    std::int16_t DissolveDelay = 0; // milliseconds
-    std::int16_t MouseSensitivity = 0;
-    std::int16_t IgnoreMouse = 0;
+/// The table of the transitions' names has room for so many.
+inline constexpr std::size_t mostDissolveNames = 21;
 
+struct SharedState : Settings {
     std::int32_t ApiResult = 0; // results of platform calls that nobody looks at
     std::int16_t UsePassword = 0;
     std::int16_t MouseMoveCount = 0;
@@ -74,8 +65,8 @@ struct SharedState {
     ItemPositions SoundEnd{};
     ItemTexts SoundExt; // the extension that a sound is extracted under
 
-    std::array<std::string, 21> DissolveNames;
-    std::int16_t DissolveLast = 0;
+    std::array<std::string, mostDissolveNames> DissolveNames; // "Random", then those of the transitions
+    std::int16_t DissolveLast = 0;                            // the highest used index
     // Where the item editor's last picking ended, each with a backslash at its end; "" before the first.
     std::string LastImageFolder;
     std::string LastSoundFolder;

@@ -1,4 +1,4 @@
-// The conversions of the program: used wherever a number changes its kind, never a bare cast.
+// The conversions of the program, for numbers that may not fit where they go, and for texts.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,7 @@
 #include "tools/host_files.h"
 
+#include <cerrno>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -19,8 +21,27 @@ std::string contentOf(const std::string& file) {
     return {std::istreambuf_iterator<char>(in), {}};
 }
 
+namespace {
+
+/// A new empty file beside this one; none that is there is touched. When none can be made, the writing fails.
+std::string makePart(const std::string& file) {
+    std::string part = file + ".part";
+    for (int number = 2;; ++number) {
+        if (std::FILE* made = std::fopen(part.c_str(), "wx")) {
+            std::fclose(made);
+            return part;
+        }
+        if (errno != EEXIST) {
+            return part;
+        }
+        part = file + ".part" + std::to_string(number);
+    }
+}
+
+} // namespace
+
 void store(const std::string& file, std::string_view content) {
-    const fs::path part = file + ".part";
+    const fs::path part = makePart(file);
     std::ofstream out(part, std::ios::binary);
     out << content;
     out.close();

@@ -5,12 +5,14 @@
 #include "system/failure.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdio>
 #include <exception>
 #include <iostream>
 #include <new>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -34,6 +36,17 @@ constexpr const char* usage =
     "Files that the program reads are Windows paths on the drives given; KEY=VALUE are settings as they\n"
     "are stored, for example AllImages=1 ImagePath='C:\\Pictures'.\n";
 
+struct Command {
+    std::string_view name;
+    int (*run)(const std::vector<std::string>& words);
+};
+
+constexpr std::array commands = {
+    Command{"path", tools::inspectPath},   Command{"playlist", tools::inspectPlaylist},
+    Command{"show", tools::inspectShow},   Command{"template", tools::inspectTemplate},
+    Command{"write", tools::inspectWrite}, Command{"package", tools::inspectPackage},
+};
+
 /// Where the command stands: behind any options, each of which has a value.
 std::size_t commandIn(const std::vector<std::string>& words) {
     std::size_t index = 0;
@@ -54,23 +67,10 @@ int run(std::vector<std::string> words) {
     }
     const std::string command = words[index];
     words.erase(words.begin() + static_cast<std::ptrdiff_t>(index));
-    if (command == "path") {
-        return tools::inspectPath(words);
-    }
-    if (command == "playlist") {
-        return tools::inspectPlaylist(words);
-    }
-    if (command == "show") {
-        return tools::inspectShow(words);
-    }
-    if (command == "template") {
-        return tools::inspectTemplate(words);
-    }
-    if (command == "write") {
-        return tools::inspectWrite(words);
-    }
-    if (command == "package") {
-        return tools::inspectPackage(words);
+    for (const Command& each : commands) {
+        if (each.name == command) {
+            return each.run(words);
+        }
     }
     throw tools::WrongCall("unknown command " + command + "; --help lists them");
 }

@@ -10,7 +10,6 @@
 #include "tools/program_run.h"
 
 #include <cstddef>
-#include <iostream>
 
 namespace tools {
 
@@ -63,25 +62,23 @@ private:
     ProgramRun run_;
 };
 
-void print(const Json& object) { std::cout << object.dump() << '\n'; }
-
 void printRow(std::int16_t row) {
     const auto index = static_cast<std::size_t>(row);
-    print({{"imageStart", shared.ImageStart[index]},
-           {"imageEnd", shared.ImageEnd[index]},
-           {"dissolve", jsonText(shared.ImageDissolves[index])},
-           {"comment", jsonText(shared.ImageComments[index])},
-           {"soundStart", shared.SoundStart[index]},
-           {"soundEnd", shared.SoundEnd[index]},
-           {"soundExt", jsonText(shared.SoundExt[index])}});
+    printLine({{"imageStart", shared.ImageStart[index]},
+               {"imageEnd", shared.ImageEnd[index]},
+               {"dissolve", jsonText(shared.ImageDissolves[index])},
+               {"comment", jsonText(shared.ImageComments[index])},
+               {"soundStart", shared.SoundStart[index]},
+               {"soundEnd", shared.SoundEnd[index]},
+               {"soundExt", jsonText(shared.SoundExt[index])}});
 }
 
 void printAll(PackageRun& run, const package::Trailer& trailer, std::size_t length) {
-    print({{"runMode", shared.RunMode},
-           {"soundMode", shared.SoundMode},
-           {"count", trailer.count},
-           {"directory", trailer.directory},
-           {"length", length}});
+    printLine({{"runMode", shared.RunMode},
+               {"soundMode", shared.SoundMode},
+               {"count", trailer.count},
+               {"directory", trailer.directory},
+               {"length", length}});
     for (std::int16_t row = 0; row < run.rows(); ++row) {
         printRow(row);
     }

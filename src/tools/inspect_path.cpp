@@ -3,8 +3,6 @@
 #include "tools/commands.h"
 #include "tools/json.h"
 
-#include <iostream>
-
 namespace tools {
 
 int inspectPath(const std::vector<std::string>& words) {
@@ -14,13 +12,11 @@ int inspectPath(const std::vector<std::string>& words) {
     }
     PathParser parser;
     parser.setFileSpec(words[0]);
-    std::cout << Json{{"Path", jsonText(parser.Path)},
-                      {"FileName", jsonText(parser.FileName)},
-                      {"Extension", jsonText(parser.Extension)},
-                      {"UrlPath", jsonText(parser.UrlPath)},
-                      {"BaseName", jsonText(parser.ParseBaseName())}}
-                     .dump()
-              << '\n';
+    printLine({{"Path", jsonText(parser.Path)},
+               {"FileName", jsonText(parser.FileName)},
+               {"Extension", jsonText(parser.Extension)},
+               {"UrlPath", jsonText(parser.UrlPath)},
+               {"BaseName", jsonText(parser.ParseBaseName())}});
     return 0;
 }
 

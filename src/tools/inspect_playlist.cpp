@@ -4,15 +4,11 @@
 #include "tools/json.h"
 #include "tools/program_run.h"
 
-#include <iostream>
-
 namespace tools {
 
 namespace {
 
 std::string entry(const ItemTexts& texts, std::int16_t item) { return jsonText(itemText(texts, item)); }
-
-void print(const Json& object) { std::cout << object.dump() << '\n'; }
 
 } // namespace
 
@@ -23,10 +19,10 @@ int inspectPlaylist(const std::vector<std::string>& words) {
     run.startShow();
 
     const toolkit::ListBox& names = run.form().lstImageNames;
-    print({{"SoundMode", shared.SoundMode},
-           {"SoundLast", shared.SoundLast},
-           {"ImagePath", jsonText(shared.ImagePath)},
-           {"count", names.listCount()}});
+    printLine({{"SoundMode", shared.SoundMode},
+               {"SoundLast", shared.SoundLast},
+               {"ImagePath", jsonText(shared.ImagePath)},
+               {"count", names.listCount()}});
     for (std::int16_t item = 0; item < names.listCount(); ++item) {
         Json object{{"name", jsonText(names.list(item))},
                     {"comment", entry(shared.ImageComments, item)},
@@ -34,18 +30,18 @@ int inspectPlaylist(const std::vector<std::string>& words) {
         if (shared.SoundMode != soundList) {
             object["sound"] = entry(shared.ImageSounds, item);
         }
-        print(object);
+        printLine(object);
     }
     // Without an item, only a failure leaves a text.
     if (names.listCount() == 0 && !shared.ImageComments[0].empty()) {
-        print({{"comment", jsonText(shared.ImageComments[0])}});
+        printLine({{"comment", jsonText(shared.ImageComments[0])}});
     }
     if (shared.SoundMode == soundList) {
         Json sounds = Json::array();
         for (std::int16_t index = 0; index <= shared.SoundLast; ++index) {
             sounds.push_back(entry(shared.ImageSounds, index));
         }
-        print({{"soundlist", sounds}});
+        printLine({{"soundlist", sounds}});
     }
     return 0;
 }

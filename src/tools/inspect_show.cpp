@@ -5,7 +5,6 @@
 #include "tools/json.h"
 #include "tools/program_run.h"
 
-#include <iostream>
 #include <vector>
 
 namespace tools {
@@ -30,7 +29,8 @@ public:
     /// Runs to the next tick and prints what happened up to its end, or to the end of the program.
     void runStep() {
         try {
-            run_.runToNextTick();
+            ticked_ = false;
+            run_.runUntil([this] { return ticked_; });
         } catch (...) {
             print();
             throw;
@@ -83,6 +83,7 @@ public:
     void plainSoundPlayed(const std::string& file) override {
         add({{"op", "sound"}, {"player", "plain"}, {"file", jsonText(file)}});
     }
+    void ticked() override { ticked_ = true; }
     void held() override { add({{"op", "held"}}); }
     void stepBegun() override {
         begun_ = true;
@@ -117,7 +118,7 @@ private:
                                {"transition", jsonText(transition_)}});
         }
         for (const Json& line : lines_) {
-            std::cout << line.dump() << '\n';
+            printLine(line);
         }
         lines_.clear();
         begun_ = false;
@@ -135,6 +136,7 @@ private:
     ProgramRun& run_;
     MainForm& form_;
     std::vector<Json> lines_;
+    bool ticked_ = false;
     bool begun_ = false;
     std::size_t stepPosition_ = 0;
     std::string transition_;
@@ -191,7 +193,7 @@ int inspectShow(const std::vector<std::string>& words) {
         }
     }
     if (!run.clockRuns()) {
-        std::cout << Json{{"op", "stopped"}}.dump() << '\n';
+        printLine({{"op", "stopped"}});
     }
     return 0;
 }

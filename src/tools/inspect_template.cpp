@@ -5,8 +5,6 @@
 #include "tools/host_files.h"
 #include "tools/json.h"
 
-#include <iostream>
-
 namespace tools {
 
 int inspectTemplate(const std::vector<std::string>& words) {
@@ -18,18 +16,17 @@ int inspectTemplate(const std::vector<std::string>& words) {
     run.load(arguments.plain().front());
 
     const frmDesigner& form = run.form();
-    const auto print = [](const Json& object) { std::cout << object.dump() << '\n'; };
-    print({{"mode", form.optAsync.value() ? 3 : form.optSync2.value() ? 2 : 1}});
+    printLine({{"mode", form.optAsync.value() ? 3 : form.optSync2.value() ? 2 : 1}});
     for (std::int16_t row = 1; row <= form.ListView1.rowCount(); ++row) {
         const auto column = [&](frmDesigner::Column name) {
             return jsonText(form.ListView1.text(row, name));
         };
-        print({{"image", column(frmDesigner::imagesColumn)},
-               {"sound", column(frmDesigner::soundsColumn)},
-               {"dissolve", column(frmDesigner::dissolvesColumn)},
-               {"comment", column(frmDesigner::commentsColumn)},
-               {"imagePath", jsonText(form.imagePath(row))},
-               {"soundPath", jsonText(form.soundPath(row))}});
+        printLine({{"image", column(frmDesigner::imagesColumn)},
+                   {"sound", column(frmDesigner::soundsColumn)},
+                   {"dissolve", column(frmDesigner::dissolvesColumn)},
+                   {"comment", column(frmDesigner::commentsColumn)},
+                   {"imagePath", jsonText(form.imagePath(row))},
+                   {"soundPath", jsonText(form.soundPath(row))}});
     }
     if (arguments.has("--write")) {
         const std::string target = AddBackslash(run.machine().identity().folder) + "template.txt";

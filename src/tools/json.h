@@ -4,12 +4,15 @@
 #include <nlohmann/json.hpp>
 
 #include <cmath>
+#include <iostream>
 #include <optional>
 #include <string>
 
 namespace tools {
 
 using Json = nlohmann::ordered_json;
+
+inline void printLine(const Json& object) { std::cout << object.dump() << '\n'; }
 
 /// A text of bytes as one code point per byte.
 inline std::string jsonText(const std::string& bytes) {

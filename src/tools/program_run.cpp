@@ -4,7 +4,6 @@
 #include "startup/product.h"
 #include "startup/settings.h"
 #include "startup/shared_state.h"
-#include "startup/trace.h"
 #include "toolkit/text.h"
 #include "tools/arguments.h"
 
@@ -64,20 +63,13 @@ ProgramRun::ProgramRun(sys::Size screen, sys::TwipsPerPixel scale, const DriveFo
     shared = {};
     // The report of a failure that no one caught then says what it was.
     application_.showFailures();
-    trace::sink = [this](const std::string& line) {
-        if (line == "S: MainForm Timer1") {
-            ++ticks_;
-        }
-    };
 }
-
-ProgramRun::~ProgramRun() { trace::sink = nullptr; }
 
 void ProgramRun::takeSettings(const std::vector<std::string>& words) {
     for (const std::string& word : words) {
         const auto [key, value] = pairFrom(word, "KEY=VALUE");
-        const bool known = std::ranges::any_of(settings::keys, [&key = key](const char* name) {
-            return toolkit::upperCase(name) == toolkit::upperCase(key);
+        const bool known = std::ranges::any_of(settings::entries, [&key = key](const settings::Entry& entry) {
+            return toolkit::upperCase(entry.key) == toolkit::upperCase(key);
         });
         if (!known) {
             throw WrongCall("there is no setting " + key);
@@ -93,10 +85,9 @@ void ProgramRun::startNothing() {
 
 void ProgramRun::startShow() { Main(); }
 
-void ProgramRun::runToNextTick() {
-    const int before = ticks_;
+void ProgramRun::runUntil(const std::function<bool()>& reached) {
     try {
-        while (ticks_ == before) {
+        while (!reached()) {
             application_.pass();
         }
         application_.presentChanged();

@@ -5,6 +5,7 @@
 #include "system/simulated/machine.h"
 #include "toolkit/application.h"
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -20,9 +21,6 @@ DriveFolders drivesFrom(const std::vector<std::string>& words);
 class ProgramRun {
 public:
     ProgramRun(sys::Size screen, sys::TwipsPerPixel scale, const DriveFolders& drives);
-    ~ProgramRun();
-    ProgramRun(const ProgramRun&) = delete;
-    ProgramRun& operator=(const ProgramRun&) = delete;
 
     /// Each "KEY=VALUE": a setting as the store holds it. Fails with `WrongCall`.
     void takeSettings(const std::vector<std::string>& words);
@@ -31,9 +29,9 @@ public:
     void startNothing();
     /// Runs the program's start up to the show's form; what ends the program there comes out as `Failure`.
     void startShow();
-    /// Runs until the show's clock has ticked once more and the screen shows what came of it. What ends the
-    /// program meanwhile comes out as an exception with the failure's description.
-    void runToNextTick();
+    /// Runs until that is reached and the screen shows what came of it. What ends the program meanwhile comes
+    /// out as an exception with the failure's description.
+    void runUntil(const std::function<bool()>& reached);
     /// Whether the show's clock runs.
     bool clockRuns() { return form().Timer1.enabled(); }
 
@@ -44,7 +42,6 @@ public:
 private:
     sys::simulated::Machine machine_;
     toolkit::Application application_;
-    int ticks_ = 0;
 };
 
 } // namespace tools

@@ -44,9 +44,6 @@ public:
     void stepBegun() override { begun = measure::now(); }
     void transitionChosen(const std::string& /*name*/) override { decoded = measure::now(); }
     void failed(const Failure& failure) override { throw std::runtime_error(failure.description()); }
-    void held() override {}
-    void paused(std::int16_t /*divisor*/) override {}
-    void plainSoundPlayed(const std::string& /*file*/) override {}
 
     double begun = 0;
     double decoded = 0;

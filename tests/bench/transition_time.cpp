@@ -77,9 +77,6 @@ public:
                                  common(sys::toPixels(source, scale), whole), sys::toPixels(target, scale)});
     }
     void failed(const Failure& failure) override { throw std::runtime_error(failure.description()); }
-    void held() override {}
-    void stepBegun() override {}
-    void plainSoundPlayed(const std::string& /*file*/) override {}
     void moved(const toolkit::Element& /*element*/) override {}
     void visibleAssigned(const toolkit::Element& /*element*/, bool /*changed*/) override {}
     void mediaPlayed(const std::string& /*fileName*/) override {}

@@ -23,11 +23,11 @@ struct Entry {
     std::optional<std::string> comment{};
 };
 
-/// A program that is started for its settings and shows the designer, for a new template.
+/// A program that shows nothing but the designer, for a new template.
 class DesignerDialog : public testing::Test {
 protected:
     DesignerDialog() {
-        program.start("/p 0");
+        program.startNothing();
         program.machine.files().addFolder("C:\\t");
         open("");
     }

@@ -13,11 +13,11 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// A program that is started for its settings, with the designer made but not loaded.
+/// A program without a form: the designer is made, and not loaded.
 class Designer : public testing::Test {
 protected:
     Designer() {
-        program.start("/p 0");
+        program.startNothing();
         program.trace.clear();
     }
 

@@ -24,7 +24,7 @@ protected:
         for (const char* name : {"b.mp3", "c.mpeg", "d.mp2", "e.mpg", "f.txt", "g.wma"}) {
             program.machine.files().addFile(std::string("C:\\snd\\") + name, "no sound");
         }
-        program.start("/p 0");
+        program.startNothing();
     }
 
     /// Opens it on a row, as the designer does; paths that are "" leave the lists where they are.

@@ -36,7 +36,7 @@ std::string pattern(std::size_t length, char first) {
 class PackageWriter : public testing::Test {
 protected:
     PackageWriter() {
-        program.start("/p 0");
+        program.startNothing();
         program.trace.clear();
         program.machine.files().addFile(ownFileName(), executable);
         program.machine.files().addFolder("C:\\out");

@@ -21,7 +21,7 @@ using namespace keys;
 
 class Previews : public testing::Test {
 protected:
-    Previews() { program.start("/p 0"); }
+    Previews() { program.startNothing(); }
 
     using Row = std::tuple<std::string, float, float, float, float>;
     /// The controls that are seen, in the order of the tab key.

@@ -37,6 +37,8 @@ protected:
     std::string content(const std::string& path) { return program.machine.files().content(path); }
     frmDesigner& designer() { return program.application().form<frmDesigner>(); }
     Prompter& prompter() { return program.application().form<Prompter>(); }
+
+    int ticks = 0;
 };
 
 TEST_F(SettingsDuringCreate, Done_KeepsThemAndLeavesThePackageWhole) {
@@ -60,7 +62,7 @@ TEST_F(SettingsDuringCreate, New_OpensADesignerThatSaves_AndTheFirstPackageIsTol
             designer().lstImagePath.setList(0, "C:\\new.jpg");
             program.machine.answerSaveDialog("C:\\t\\new.txt");
             program.machine.user().clickOn(designer().cmdSave.hWnd());
-            prompter().when([ticks = 0]() mutable { return ++ticks == 20; }, // once it has saved
+            prompter().when([this] { return ++ticks == 20; }, // once it has saved
                             [this] { program.machine.user().closeWindow(designer().hWnd()); });
         });
         program.machine.user().clickOn(form().cmdCreateTemplate.hWnd());

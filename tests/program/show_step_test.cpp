@@ -43,12 +43,7 @@ protected:
 /// Does something in the midst of a step, before its transition.
 struct AtTransition : ShowObserver {
     explicit AtTransition(std::function<void()> action) : act(std::move(action)) {}
-    void held() override {}
-    void stepBegun() override {}
     void transitionChosen(const std::string& /*name*/) override { act(); }
-    void paused(std::int16_t /*divisor*/) override {}
-    void failed(const Failure& /*failure*/) override {}
-    void plainSoundPlayed(const std::string& /*file*/) override {}
     std::function<void()> act;
 };
 

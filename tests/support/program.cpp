@@ -59,6 +59,8 @@ void Program::start(const std::string& commandLine) {
     guarded([&] { application_->start(Main); });
 }
 
+void Program::startNothing() { start("/?"); }
+
 void Program::advance(std::int64_t milliseconds) {
     const std::int64_t end = machine.now() + milliseconds;
     guarded([&] {

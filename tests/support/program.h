@@ -32,6 +32,8 @@ public:
 
     /// Runs `Main` with a command line; returns when it has, or when the process has ended.
     void start(const std::string& commandLine);
+    /// `Main` with a switch that asks for nothing: its tables are there then, and no form.
+    void startNothing();
     /// Lets virtual time pass; stops when the process ends.
     void advance(std::int64_t milliseconds);
     /// Lets the next tick of `Timer1` come, with all that comes before.

@@ -45,9 +45,6 @@ public:
         }
     }
     void mediaPlayed(const std::string& /*fileName*/) override {}
-    void held() override {}
-    void stepBegun() override {}
-    void transitionChosen(const std::string& /*name*/) override {}
     void stripDrawn() override { ++draws; }
     void paused(std::int16_t divisor) override {
         pauses.push_back(divisor);
@@ -55,8 +52,6 @@ public:
             atPause();
         }
     }
-    void failed(const Failure& /*failure*/) override {}
-    void plainSoundPlayed(const std::string& /*file*/) override {}
 
     std::vector<RecordedPaint> paints;
     std::vector<int> pauses; // the divisors

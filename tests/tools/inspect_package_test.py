@@ -186,6 +186,14 @@ class PackageTest(InspectTest):
         self.write("IMAGE=a.gif", "IMAGE=a.gif")
         self.assertEqual(self.package()[0][2], ["count", 2])
 
+    def test_Write_FilesBesideTheTarget_AreLeftAlone(self):
+        self.add("t/a.gif", b"a")
+        for name in "out.scr.part", "out.scr.part2":
+            self.add(name, b"mine")
+        self.write("IMAGE=a.gif")
+        self.assertEqual(sorted(os.listdir(self.root)), ["out.scr", "out.scr.part", "out.scr.part2", "program.scr", "t"])
+        self.assertEqual(self.content("out.scr.part") + self.content("out.scr.part2"), b"minemine")
+
     def test_Write_WithoutAnOption_IsAWrongCall(self):
         for option in "--exe", "--template", "--out":
             words = self.write_words()
