@@ -90,7 +90,11 @@ void frmEdit::InitEdit(const std::string& image, const std::string& sound, const
             break;
         }
     }
-    cmboDissolve.setListIndex(selected);
+    // After a load that failed there are no names; all else still has to be this row's, and not the last
+    // one's.
+    if (cmboDissolve.listCount() > 0) {
+        cmboDissolve.setListIndex(selected);
+    }
     OriginalImageFolder = Dir1.path();
     OriginalSoundFolder = Dir2.path();
     lblOriginalImage.setCaption("Image File: " + AddBackslash(Dir1.path()) + OriginalImage);

@@ -196,4 +196,29 @@ TEST_F(DesignerEditing, CommentWithAQuoteAndCommas_ComesApartInTheShowAndSpoilsT
     EXPECT_NE(shared.ImageComments[1], "kept") << "all fields behind have slid";
 }
 
+// The editor comes up half-made then. The row before, whose picture was picked, is nothing to this one.
+TEST_F(DesignerEditing, FolderOfTheLastPickingGone_LeavesTheRowAsItIs) {
+    program.machine.files().addFile("C:\\other\\c.jpg", "");
+    const std::vector<std::function<void()>> ends = {
+        [this] { click(editor().cmdOk); },
+        [this] { click(editor().cmdCancel); },
+        [this] { closeEditor(); },
+    };
+    for (std::size_t end = 0; end < ends.size(); ++end) {
+        openRow("one\r\nIMAGE=C:\\other\\c.jpg\r\nDISSOLVE=Normal\r\ntwo\r\nlines\r\n");
+        edit(1, [this] {
+            select(editor().File1, 1);
+            click(editor().cmdOk);
+        });
+        EXPECT_EQ(row(1)[0], "b.jpg");
+        shared.LastImageFolder = "C:\\gone\\";
+        selectRow(2);
+        edit(2, ends[end]);
+        EXPECT_THAT(row(2), ElementsAre("c.jpg", "", "Normal", "two^lines", "C:\\other\\c.jpg", "")) << end;
+        EXPECT_FALSE(program.over());
+        form().TemplateDirty = False;
+        shared.LastImageFolder = "";
+    }
+}
+
 } // namespace
