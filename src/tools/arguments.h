@@ -1,4 +1,5 @@
-// The arguments of the inspection tool: options and plain words in any order, taken as bytes.
+// The arguments of the inspection tool: options and plain words in any order, taken as bytes. Paths of
+// Windows among them become texts of the code page where they are used.
 #pragma once
 
 #include <map>

@@ -1,6 +1,7 @@
 #include "tools/designer_run.h"
 
 #include "startup/path_parser.h"
+#include "system/simulated/code_page.h"
 
 #include <stdexcept>
 
@@ -19,7 +20,7 @@ void DesignerRun::load(const std::string& templatePath) {
 
 void DesignerRun::requireSuccess() {
     if (!machine().messageBoxes().empty()) {
-        throw std::runtime_error(machine().messageBoxes().back().text);
+        throw std::runtime_error(sys::simulated::fromCodePage(machine().messageBoxes().back().text));
     }
 }
 

@@ -1,4 +1,5 @@
 #include "startup/marrowfieldry.h"
+#include "system/simulated/code_page.h"
 #include "tools/arguments.h"
 #include "tools/commands.h"
 #include "tools/designer_run.h"
@@ -13,7 +14,7 @@ int inspectTemplate(const std::vector<std::string>& words) {
         throw WrongCall("template takes one path");
     }
     DesignerRun run(drivesFrom(arguments.all("--drive")));
-    run.load(arguments.plain().front());
+    run.load(sys::simulated::toCodePage(arguments.plain().front()));
 
     const frmDesigner& form = run.form();
     printLine({{"mode", form.optAsync.value() ? 3 : form.optSync2.value() ? 2 : 1}});

@@ -1,4 +1,5 @@
 #include "startup/marrowfieldry.h"
+#include "system/simulated/code_page.h"
 #include "tools/arguments.h"
 #include "tools/commands.h"
 #include "tools/designer_run.h"
@@ -42,7 +43,9 @@ bool isKept(const std::string& comment) {
                                     : comment.find(',') == std::string::npos;
 }
 
-void warn(const std::string& text) { std::cerr << "tessellarium-inspect: warning: " << text << '\n'; }
+void warn(const std::string& text) {
+    std::cerr << "tessellarium-inspect: warning: " << sys::simulated::fromCodePage(text) << '\n';
+}
 
 /// Tells of what the package won't show, which the program itself leaves to the user to see.
 void warnOfLosses(DesignerRun& run) {
@@ -76,7 +79,7 @@ int inspectWrite(const std::vector<std::string>& words) {
     }
     const std::string& out = arguments.one("--out");
     const std::string& program = arguments.one("--exe");
-    const std::string& templatePath = arguments.one("--template");
+    const std::string templatePath = sys::simulated::toCodePage(arguments.one("--template"));
 
     DesignerRun run(drivesFrom(arguments.all("--drive")));
     run.machine().files().addFile(ownFileName(), contentOf(program));

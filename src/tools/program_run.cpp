@@ -4,6 +4,7 @@
 #include "startup/product.h"
 #include "startup/settings.h"
 #include "startup/shared_state.h"
+#include "system/simulated/code_page.h"
 #include "toolkit/text.h"
 #include "tools/arguments.h"
 
@@ -74,7 +75,8 @@ void ProgramRun::takeSettings(const std::vector<std::string>& words) {
         if (!known) {
             throw WrongCall("there is no setting " + key);
         }
-        machine_.settings().write(settings::application, settings::section, key, value);
+        machine_.settings().write(settings::application, settings::section, key,
+                                  sys::simulated::toCodePage(value));
     }
 }
 

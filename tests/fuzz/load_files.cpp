@@ -1,4 +1,5 @@
 // A template of any bytes gives a playlist that keeps its rules, and never ends the program.
+#include "fuzz/require.h"
 #include "show/main_form.h"
 #include "startup/product.h"
 #include "startup/shared_state.h"
@@ -8,8 +9,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <span>
 #include <string>
 #include <string_view>
@@ -18,13 +17,6 @@ namespace {
 
 constexpr std::string_view folder = "C:\\t\\";
 constexpr std::string_view lineBreak = "\r\n";
-
-void require(bool kept, const char* rule) {
-    if (!kept) {
-        std::fprintf(stderr, "broken rule: %s\n", rule);
-        std::abort();
-    }
-}
 
 bool contains(const std::string& text, std::string_view part) { return text.find(part) != std::string::npos; }
 

@@ -1,5 +1,6 @@
 // A program file of any bytes is read as a package or as the plain program: nothing but known failures comes
 // out, the tables hold, and no file is written but the picture and the sound.
+#include "fuzz/require.h"
 #include "show/main_form.h"
 #include "startup/marrowfieldry.h"
 #include "startup/product.h"
@@ -10,8 +11,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,13 +19,6 @@ namespace {
 
 constexpr std::string_view markLine = "Tessellarium\r\n";
 constexpr std::int16_t extractedRows = 8; // of each file; more would only take time
-
-void require(bool kept, const char* rule) {
-    if (!kept) {
-        std::fprintf(stderr, "broken rule: %s\n", rule);
-        std::abort();
-    }
-}
 
 /// Runs a routine of the reader, which may fail only as a damaged file makes it fail.
 template <class Routine> void read(const Routine& routine) {

@@ -1,6 +1,7 @@
 // A template of any bytes is loaded into the designer and written again: what was written loads, and gives
 // the same rows wherever the format can hold them.
 #include "designer/frm_designer.h"
+#include "fuzz/require.h"
 #include "package/comment.h"
 #include "package/template_line.h"
 #include "startup/marrowfieldry.h"
@@ -12,20 +13,11 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <span>
 #include <string>
 #include <vector>
 
 namespace {
-
-void require(bool kept, const char* rule) {
-    if (!kept) {
-        std::fprintf(stderr, "broken rule: %s\n", rule);
-        std::abort();
-    }
-}
 
 struct Row {
     std::string image, sound, dissolve, comment, imagePath, soundPath;

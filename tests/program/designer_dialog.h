@@ -4,11 +4,9 @@
 #include "designer/frm_designer.h"
 #include "editor/frm_edit.h"
 #include "editor/frm_load.h"
+#include "program/dialog_user.h"
 #include "startup/shared_state.h"
-#include "support/program.h"
 #include "support/prompter.h"
-
-#include <gmock/gmock.h>
 
 #include <functional>
 #include <optional>
@@ -24,9 +22,9 @@ struct Entry {
 };
 
 /// A program that shows nothing but the designer, for a new template.
-class DesignerDialog : public testing::Test {
+class DesignerDialog : public DialogUser {
 protected:
-    DesignerDialog() {
+    DesignerDialog() : DialogUser({1024, 768}) {
         program.startNothing();
         program.machine.files().addFolder("C:\\t");
         open("");
@@ -40,8 +38,9 @@ protected:
     }
 
     // The user
+    /// And what the prompter does then.
     void click(toolkit::Element& control) {
-        program.machine.user().clickOn(control.hWnd());
+        DialogUser::click(control);
         program.advance(20);
     }
     void press(int key, int shift = 0) {
@@ -108,19 +107,10 @@ protected:
     }
     std::int16_t selected() { return form().ListView1.selectedRow(); }
     std::string content(const std::string& path) { return program.machine.files().content(path); }
-    std::vector<std::string> messages() {
-        std::vector<std::string> texts;
-        for (const auto& box : program.machine.messageBoxes()) {
-            texts.push_back(box.text);
-        }
-        return texts;
-    }
 
     frmDesigner& form() { return program.application().form<frmDesigner>(); }
     frmEdit& editor() { return program.application().form<frmEdit>(); }
     Prompter& prompter() { return program.application().form<Prompter>(); }
-
-    Program program{{1024, 768}, {15, 15}};
 
 private:
     static std::string nameOf(const std::string& path) { return path.substr(path.rfind('\\') + 1); }

@@ -31,20 +31,8 @@ protected:
         program.advance(100);
         EXPECT_FALSE(editor().loaded());
     }
-    void select(toolkit::ItemList& list, int index) {
-        program.machine.user().selectItem(list.hWnd(), index);
-        program.advance(0);
-    }
-    void enterFolder(toolkit::FolderList& list, int index) {
-        program.machine.user().activateItem(list.hWnd(), index);
-        program.advance(0);
-    }
     void enterComment(const std::string& text) {
         program.machine.user().enterText(editor().txtComment.hWnd(), text);
-        program.advance(0);
-    }
-    void closeEditor() {
-        program.machine.user().closeWindow(editor().hWnd());
         program.advance(0);
     }
 };
@@ -128,7 +116,7 @@ TEST_F(DesignerEditing, ClickAndAMoveToAnotherFolder_ClearTheRowsPicture) {
     openRow("DISSOLVE=Normal\r\n");
     edit(1, [this] {
         select(editor().File1, 1);
-        enterFolder(editor().Dir1, 2);
+        activate(editor().Dir1, 2);
         click(editor().cmdOk);
     });
     EXPECT_THAT(row(1), ElementsAre("", "a.wav", "Normal", "", "C:\\pics\\inner\\", "C:\\snd\\a.wav"));
@@ -157,7 +145,7 @@ TEST_F(DesignerEditing, CloseBoxAfterAClick_WritesTheFieldsOfTheEarlierRun) {
     });
     edit(2, [this] {
         select(editor().File1, 0);
-        closeEditor();
+        close(editor());
     });
     EXPECT_THAT(row(2), ElementsAre("b.jpg", "", "Normal", "", "C:\\pics\\b.jpg", ""))
         << "and not the \"a.jpg\" of the click";

@@ -121,7 +121,7 @@ TEST_F(DesignerFiles, WrittenTemplate_LoadsAgainAsItWas) {
     EXPECT_EQ(form().ListView1.rowCount(), 3);
     EXPECT_EQ(row(1), first);
     EXPECT_EQ(row(2), second);
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.messageTexts(), IsEmpty());
 }
 
 TEST_F(DesignerFiles, WrittenSoundList_ComesBackWithTheSoundsInRowsOfTheirOwn) {
@@ -156,7 +156,7 @@ TEST_F(DesignerFiles, Save_AlwaysAsksForTheName) {
     saveAs("C:\\t\\second.txt");
     EXPECT_EQ(dialogs()[1].fileName, "C:\\t\\first.txt");
     EXPECT_EQ(form().TemplateFile, "C:\\t\\second.txt");
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.messageTexts(), IsEmpty());
 }
 
 TEST_F(DesignerFiles, Save_Cancelled_LeavesTheChangesUnsaved) {
@@ -165,7 +165,7 @@ TEST_F(DesignerFiles, Save_Cancelled_LeavesTheChangesUnsaved) {
     click(form().cmdSave);
     EXPECT_EQ(form().TemplateDirty, True);
     EXPECT_EQ(form().TemplateFile, "");
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.messageTexts(), IsEmpty());
 }
 
 TEST_F(DesignerFiles, Save_ThatFails_EndsWithoutAWord) {
@@ -175,7 +175,7 @@ TEST_F(DesignerFiles, Save_ThatFails_EndsWithoutAWord) {
     saveAs("C:\\t\\locked.txt");
     EXPECT_EQ(form().TemplateDirty, True);
     EXPECT_EQ(form().TemplateFile, "");
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.messageTexts(), IsEmpty());
     EXPECT_EQ(program.machine.files().openFiles(), 0);
     EXPECT_FALSE(program.ended());
 }
@@ -185,7 +185,7 @@ TEST_F(DesignerFiles, Save_ThatFails_EndsWithoutAWord) {
 TEST_F(DesignerFiles, Close_WithoutAChange_AsksNothing) {
     click(form().cmdOk);
     EXPECT_FALSE(form().loaded());
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.messageTexts(), IsEmpty());
 }
 
 TEST_F(DesignerFiles, Close_WithAChange_AsksAndSavesOnYes) {
@@ -194,7 +194,7 @@ TEST_F(DesignerFiles, Close_WithAChange_AsksAndSavesOnYes) {
     program.machine.answerSaveDialog("C:\\t\\saved.txt");
     click(form().cmdOk);
     EXPECT_FALSE(form().loaded());
-    ASSERT_THAT(messages(), ElementsAre(question));
+    ASSERT_THAT(program.messageTexts(), ElementsAre(question));
     EXPECT_EQ(program.machine.messageBoxes()[0].buttons, sys::MessageButtons::yesNo);
     EXPECT_EQ(content("C:\\t\\saved.txt"), "SOUNDSYNC=1\r\n\r\nIMAGE=C:\\a.jpg\r\n");
     EXPECT_EQ(program.application().form<frmConfig>().txtImageListFile.text(), "C:\\t\\saved.txt")
@@ -211,14 +211,14 @@ TEST_F(DesignerFiles, Close_WithAChange_NoLosesIt_AndSoDoesACancelledSave) {
     open("");
     EXPECT_EQ(form().TemplateDirty, False) << "of the earlier opening";
     click(form().cmdOk);
-    EXPECT_THAT(messages(), SizeIs(1));
+    EXPECT_THAT(program.messageTexts(), SizeIs(1));
     open("");
     add({.image = "C:\\a.jpg"});
     program.machine.answerMessageBox(MessageAnswer::yes);
     program.machine.answerSaveDialog(std::nullopt);
     click(form().cmdOk);
     EXPECT_FALSE(form().loaded());
-    EXPECT_THAT(messages(), ElementsAre(question, question));
+    EXPECT_THAT(program.messageTexts(), ElementsAre(question, question));
 }
 
 // "Load"
@@ -264,7 +264,7 @@ TEST_F(DesignerFiles, Load_WithoutAPick_LeavesAll) {
     pick("");
     EXPECT_THAT(column(1), ElementsAre("a.jpg", ""));
     EXPECT_EQ(form().TemplateDirty, True);
-    EXPECT_THAT(messages(), ElementsAre(question));
+    EXPECT_THAT(program.messageTexts(), ElementsAre(question));
 }
 
 TEST_F(DesignerFiles, Load_WithAChange_AsksAndSavesOnYes) {
@@ -297,7 +297,7 @@ TEST_F(DesignerFiles, Load_OfAFileThatIsGone_TellsAndLeavesABlankRow) {
     add({.image = "C:\\a.jpg"});
     form().TemplateDirty = False;
     pick("C:\\t\\none.txt");
-    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: File not found"));
+    EXPECT_THAT(program.messageTexts(), ElementsAre("An Error Has Occurred: File not found"));
     EXPECT_THAT(column(1), ElementsAre(""));
     EXPECT_EQ(form().TemplateFile, "C:\\t\\none.txt");
     EXPECT_EQ(form().caption(), "Template Designer");
@@ -320,7 +320,7 @@ TEST_F(DesignerFiles, Create_ProposesTheTemplatesNameAndWritesThePackage) {
     EXPECT_EQ(dialogs()[1].kind, 1);
     EXPECT_TRUE(dialogs()[1].asksBeforeOverwriting);
     EXPECT_TRUE(dialogs()[1].hidesReadOnlyBox);
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.messageTexts(), IsEmpty());
     const std::string package = content("C:\\t\\My show.scr");
     EXPECT_THAT(package, HasSubstr(" 2 \r\n"));
     EXPECT_THAT(package, HasSubstr("Normal\r\none^two\r\n"));
@@ -339,7 +339,7 @@ TEST_F(DesignerFiles, Create_ProposesWhatStandsBeforeTheExtensionsLetters) {
         click(form().cmdWriteSCR);
         EXPECT_EQ(dialogs().back().fileName, proposed) << name;
     }
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.messageTexts(), IsEmpty());
 }
 
 TEST_F(DesignerFiles, Create_WithoutATemplateOrItsExtension_EndsWithoutAWord) {
@@ -349,7 +349,7 @@ TEST_F(DesignerFiles, Create_WithoutATemplateOrItsExtension_EndsWithoutAWord) {
         EXPECT_THAT(dialogs(), IsEmpty()) << name;
         EXPECT_EQ(shared.SoundMode, soundWithImage) << "it is set by then";
     }
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.messageTexts(), IsEmpty());
     EXPECT_FALSE(program.ended());
 }
 
@@ -357,7 +357,7 @@ TEST_F(DesignerFiles, Create_Cancelled_WritesNothing) {
     form().TemplateFile = "C:\\t\\show.txt";
     program.machine.answerSaveDialog(std::nullopt);
     click(form().cmdWriteSCR);
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.messageTexts(), IsEmpty());
     EXPECT_THAT(column(1), ElementsAre("")) << "no row was taken away";
 }
 
@@ -395,7 +395,7 @@ TEST_F(DesignerDuringCreate, FrameTakesTheListsPlaceMeanwhile) {
     EXPECT_TRUE(form().ListView1.visible());
     EXPECT_EQ(form().ProgressBar1.value(), 100);
     EXPECT_TRUE(isWhole("C:\\t\\out.scr"));
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.messageTexts(), IsEmpty());
 }
 
 TEST_F(DesignerDuringCreate, Bar_IsRefreshedWhereItMoves) {
@@ -427,7 +427,7 @@ TEST_F(DesignerDuringCreate, ChangedRows_AreTold) {
             program.machine.answerSaveDialog("C:\\t\\out.scr");
         }
         createAnd(changes[change]);
-        EXPECT_THAT(messages(), SizeIs(change + 1)) << change;
+        EXPECT_THAT(program.messageTexts(), SizeIs(change + 1)) << change;
         EXPECT_FALSE(isWhole("C:\\t\\out.scr")) << change;
         EXPECT_TRUE(form().ListView1.visible());
         EXPECT_FALSE(form().Frame2.visible());
@@ -456,7 +456,7 @@ TEST_F(DesignerDuringCreate, OtherButtons_LeaveItWhole) {
         }
         createAnd(acts[act]);
         EXPECT_TRUE(isWhole("C:\\t\\out.scr")) << act;
-        EXPECT_THAT(messages(), IsEmpty()) << act;
+        EXPECT_THAT(program.messageTexts(), IsEmpty()) << act;
     }
     EXPECT_THAT(content("C:\\t\\saved.txt"), testing::HasSubstr("IMAGE=C:\\large.jpg"));
 }
@@ -478,7 +478,7 @@ TEST_F(DesignerDuringCreate, SecondCreate_FailsAndLeavesTheFirstWhole) {
         program.machine.answerSaveDialog("C:\\t\\other.scr");
         program.machine.user().clickOn(form().cmdWriteSCR.hWnd());
     });
-    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: Permission denied"));
+    EXPECT_THAT(program.messageTexts(), ElementsAre("An Error Has Occurred: Permission denied"));
     EXPECT_TRUE(isWhole("C:\\t\\out.scr"));
     EXPECT_EQ(program.machine.files().openFiles(), 0);
     EXPECT_TRUE(form().ListView1.visible());
@@ -493,7 +493,7 @@ TEST_F(DesignerDuringCreate, SecondCreateOfTheSameFile_IsTold) {
         program.machine.answerSaveDialog("C:\\t\\out.scr");
         program.machine.user().clickOn(form().cmdWriteSCR.hWnd());
     });
-    EXPECT_THAT(messages(), SizeIs(1));
+    EXPECT_THAT(program.messageTexts(), SizeIs(1));
     EXPECT_TRUE(isWhole("C:\\t\\out.scr"));
     EXPECT_EQ(program.machine.files().openFiles(), 0);
 }
@@ -502,7 +502,7 @@ TEST_F(DesignerDuringCreate, ClosedForm_LetsItGoOnToItsEnd) {
     createAnd([this] { program.machine.user().closeWindow(form().hWnd()); });
     EXPECT_FALSE(form().loaded());
     EXPECT_TRUE(isWhole("C:\\t\\out.scr"));
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.messageTexts(), IsEmpty());
     open("");
     EXPECT_THAT(column(1), ElementsAre(""));
     EXPECT_TRUE(form().ListView1.visible());
@@ -510,7 +510,7 @@ TEST_F(DesignerDuringCreate, ClosedForm_LetsItGoOnToItsEnd) {
 
 TEST_F(DesignerDuringCreate, FormClosedAndOpenedAgain_IsTold) {
     createAnd([this] { open(""); });
-    EXPECT_THAT(messages(), SizeIs(1));
+    EXPECT_THAT(program.messageTexts(), SizeIs(1));
     EXPECT_TRUE(form().shown());
     EXPECT_EQ(program.machine.files().openFiles(), 0);
     EXPECT_FALSE(isWhole("C:\\t\\out.scr"));
@@ -518,7 +518,7 @@ TEST_F(DesignerDuringCreate, FormClosedAndOpenedAgain_IsTold) {
 
 TEST_F(DesignerDuringCreate, Load_IsTold) {
     createAnd([this] { pick("C:\\t\\show.txt"); });
-    EXPECT_THAT(messages(), ElementsAre(testing::StartsWith("The items have changed")));
+    EXPECT_THAT(program.messageTexts(), ElementsAre(testing::StartsWith("The items have changed")));
     EXPECT_EQ(form().ListView1.rowCount(), 3) << "those that were loaded, and the blank one that was removed";
     EXPECT_FALSE(isWhole("C:\\t\\out.scr"));
     EXPECT_EQ(program.machine.files().openFiles(), 0);

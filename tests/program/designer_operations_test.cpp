@@ -146,14 +146,14 @@ TEST_F(DesignerOperations, Template_HasABlankRowBehindItsRowsAndTheFirstSelected
 
 TEST_F(DesignerOperations, TemplateThatIsMissing_HasTwoBlankRows) {
     open("C:\\t\\none.txt");
-    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: File not found"));
+    EXPECT_THAT(program.messageTexts(), ElementsAre("An Error Has Occurred: File not found"));
     EXPECT_EQ(letters(), "--") << "one of the failed load and one of the form";
     EXPECT_EQ(form().caption(), "Template Designer");
 }
 
 TEST_F(DesignerOperations, FolderForATemplate_IsANewTemplate) {
     open("C:\\t\\");
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.messageTexts(), IsEmpty());
     EXPECT_EQ(letters(), "-");
     EXPECT_EQ(form().TemplateFile, "C:\\t\\");
 }
@@ -165,7 +165,7 @@ TEST_F(DesignerOperations, Options_ChangeNothingToSave) {
     click(form().optSync2);
     click(form().cmdOk);
     EXPECT_FALSE(form().loaded());
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.messageTexts(), IsEmpty());
 }
 
 // Insert
@@ -210,7 +210,7 @@ TEST_F(DesignerOperations, Delete_MovesTheRowsBelowUp) {
     EXPECT_TRUE(paired());
     EXPECT_EQ(selected(), 2) << "what took its place";
     EXPECT_EQ(form().TemplateDirty, True);
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.messageTexts(), IsEmpty());
 }
 
 TEST_F(DesignerOperations, Delete_OfTheLastRow_SelectsTheOneBefore) {
@@ -306,7 +306,7 @@ TEST_F(DesignerOperations, Clear_LeavesABlankRowTheNameAndTheMode) {
     EXPECT_EQ(form().TemplateFile, "C:\\t\\show.txt");
     EXPECT_TRUE(form().optAsync.value());
     EXPECT_EQ(form().TemplateDirty, True);
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.messageTexts(), IsEmpty());
 }
 
 TEST_F(DesignerOperations, Clear_OfABlankDocument_IsAChange) {
@@ -454,7 +454,7 @@ TEST_F(DesignerOperations, Edit_EditorThatFailsToLoad_ComesUpAllTheSame) {
     shared.LastImageFolder = shared.LastSoundFolder = "C:\\gone\\";
     doubleClick(1, {.comment = "written"});
     EXPECT_EQ(row(1)[3], "written");
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.messageTexts(), IsEmpty());
     EXPECT_FALSE(program.ended());
 }
 

@@ -38,13 +38,6 @@ protected:
                 form().ListView1.text(number, 3), form().ListView1.text(number, 4),
                 form().lstImagePath.list(index),  form().lstSoundPath.list(index)};
     }
-    std::vector<std::string> messages() {
-        std::vector<std::string> texts;
-        for (const auto& box : program.machine.messageBoxes()) {
-            texts.push_back(box.text);
-        }
-        return texts;
-    }
     std::string content(const std::string& path) { return program.machine.files().content(path); }
     frmDesigner& form() { return program.application().form<frmDesigner>(); }
 
@@ -74,7 +67,7 @@ TEST_F(Designer, Load_PutsEachItemIntoARow) {
     EXPECT_FALSE(form().optSync1.value());
     EXPECT_EQ(form().caption(), "Template Designer - C:\\t\\show.txt");
     EXPECT_EQ(form().TemplateDirty, 0);
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.messageTexts(), IsEmpty());
 }
 
 TEST_F(Designer, Load_WithoutModeLine_LeavesTheOptions) {
@@ -145,7 +138,7 @@ TEST_F(Designer, Load_MissingFile_TellsAndLeavesABlankRow) {
     form().AddRow();
     form().TemplateFile = "C:\\none.txt";
     form().PerformLoad();
-    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: File not found"));
+    EXPECT_THAT(program.messageTexts(), ElementsAre("An Error Has Occurred: File not found"));
     EXPECT_EQ(program.machine.messageBoxes().front().title, "Tessellarium");
     EXPECT_EQ(form().caption(), "Template Designer");
     EXPECT_EQ(form().ListView1.rowCount(), 1);
@@ -158,7 +151,7 @@ TEST_F(Designer, Load_ThatFailsHalfway_KeepsTheRowsReadSoFar) {
     form().setCaption("Template Designer - former");
     program.machine.files().failTransfers("C:\\t\\show.txt", readable);
     load({"IMAGE=a.jpg", "one", std::string(readable, 'c'), "IMAGE=b.jpg"});
-    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: Device I/O error"));
+    EXPECT_THAT(program.messageTexts(), ElementsAre("An Error Has Occurred: Device I/O error"));
     EXPECT_EQ(form().ListView1.rowCount(), 2);
     EXPECT_THAT(row(1), ElementsAre("a.jpg", "", "", "one", "C:\\t\\a.jpg", ""));
     EXPECT_THAT(row(2), ElementsAre("", "", "", "", "", ""));

@@ -2,17 +2,15 @@
 #pragma once
 
 #include "editor/frm_edit.h"
+#include "program/dialog_user.h"
 #include "startup/path_parser.h"
 #include "startup/shared_state.h"
-#include "support/program.h"
 #include "support/wav_file.h"
-
-#include <gmock/gmock.h>
 
 #include <string>
 #include <vector>
 
-class ItemEditor : public testing::Test {
+class ItemEditor : public DialogUser {
 protected:
     ItemEditor() {
         program.addPicture("C:\\pics\\a.bmp", {4, 2});
@@ -51,22 +49,6 @@ protected:
         return open("C:\\pics\\a.bmp", "C:\\snd\\a.wav", dissolve, comment);
     }
 
-    void click(toolkit::Element& control) {
-        program.machine.user().clickOn(control.hWnd());
-        program.advance(0);
-    }
-    void select(toolkit::ItemList& list, int index) {
-        program.machine.user().selectItem(list.hWnd(), index);
-        program.advance(0);
-    }
-    void enterFolder(toolkit::FolderList& list, int index) {
-        program.machine.user().activateItem(list.hWnd(), index);
-        program.advance(0);
-    }
-    void press(int key) {
-        program.machine.user().press(key);
-        program.advance(0);
-    }
     void type(const std::string& text) {
         program.machine.user().giveFocus(edit.txtComment.hWnd());
         for (const char character : text) {
@@ -85,8 +67,6 @@ protected:
         }
         return all;
     }
-    const std::vector<sys::simulated::ShownMessage>& messages() { return program.machine.messageBoxes(); }
 
-    Program program;
     frmEdit& edit = program.application().form<frmEdit>();
 };

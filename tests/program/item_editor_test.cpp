@@ -134,7 +134,7 @@ TEST_F(ItemEditor, InitEdit_WithoutFiles_ShowsTheFoldersOfTheLists) {
 
 TEST_F(ItemEditor, Labels_StayWhereTheRowStood) {
     open();
-    enterFolder(edit.Dir1, 2);
+    activate(edit.Dir1, 2);
     select(edit.File2, 1);
     EXPECT_EQ(edit.lblOriginalImage.caption(), "Image File: C:\\pics\\a.bmp");
     EXPECT_EQ(edit.lblOriginalSound.caption(), "Sound File: C:\\snd\\a.wav");
@@ -181,8 +181,8 @@ TEST_F(ItemEditor, ClickOnAFile_RaisesItsFlagAlone) {
 TEST_F(ItemEditor, MovesThroughDrivesAndFolders_RaiseNothing) {
     program.machine.files().addFile("D:\\p\\z.gif", "");
     open();
-    enterFolder(edit.Dir1, 0);
-    enterFolder(edit.Dir2, 0);
+    activate(edit.Dir1, 0);
+    activate(edit.Dir2, 0);
     EXPECT_EQ(edit.File1.path(), "C:\\");
     EXPECT_EQ(edit.File2.path(), "C:\\");
     select(edit.Drive1, 1);
@@ -273,7 +273,7 @@ TEST_F(ItemEditor, Ok_HandsBackWhatWasPicked) {
 TEST_F(ItemEditor, Ok_InARootFolder_DoublesNoBackslash) {
     program.machine.files().addFile("C:\\root.gif", "");
     open();
-    enterFolder(edit.Dir1, 0);
+    activate(edit.Dir1, 0);
     select(edit.File1, 0);
     click(edit.cmdOk);
     EXPECT_EQ(edit.ItemImagePath, "C:\\root.gif");
@@ -283,9 +283,9 @@ TEST_F(ItemEditor, Ok_InARootFolder_DoublesNoBackslash) {
 TEST_F(ItemEditor, Ok_AfterAClickAndAMoveToAnotherFolder_ClearsTheFile) {
     open();
     select(edit.File1, 0);
-    enterFolder(edit.Dir1, 2);
+    activate(edit.Dir1, 2);
     select(edit.File2, 0);
-    enterFolder(edit.Dir2, 0);
+    activate(edit.Dir2, 0);
     click(edit.cmdOk);
     EXPECT_THAT(flags(), ElementsAre(-1, -1, 0, 0));
     EXPECT_EQ(edit.ItemImageName, "");
@@ -301,7 +301,7 @@ TEST_F(ItemEditor, ResetImage_TakesTheClickBackAndTheListsHome) {
     program.machine.files().addFile("D:\\p\\z.gif", "");
     open();
     select(edit.Drive1, 1);
-    enterFolder(edit.Dir1, 1);
+    activate(edit.Dir1, 1);
     select(edit.File1, 0);
     select(edit.File2, 0);
     EXPECT_EQ(edit.File1.fileName(), "z.gif");
@@ -319,7 +319,7 @@ TEST_F(ItemEditor, ResetSound_TakesTheClickBackAndTheListsHome) {
     program.machine.files().addFile("D:\\p\\z.wav", "");
     open();
     select(edit.Drive2, 1);
-    enterFolder(edit.Dir2, 1);
+    activate(edit.Dir2, 1);
     select(edit.File2, 0);
     select(edit.File1, 0);
     click(edit.cmdResetSound);
@@ -365,8 +365,8 @@ TEST_F(ItemEditor, Cancel_ClearsAllFlagsAndRemembersNoFolder) {
     select(edit.cmboDissolve, 3);
     type("!");
     EXPECT_THAT(flags(), ElementsAre(-1, -1, -1, -1));
-    enterFolder(edit.Dir1, 2);
-    enterFolder(edit.Dir2, 0);
+    activate(edit.Dir1, 2);
+    activate(edit.Dir2, 0);
     click(edit.cmdCancel);
     EXPECT_FALSE(edit.loaded());
     EXPECT_THAT(flags(), ElementsAre(0, 0, 0, 0));

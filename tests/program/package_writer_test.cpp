@@ -66,13 +66,6 @@ protected:
         return package().substr(position - 1, length);
     }
     bool exists(const std::string& path) { return program.machine.files().exists(path); }
-    std::vector<std::string> messages() {
-        std::vector<std::string> texts;
-        for (const auto& box : program.machine.messageBoxes()) {
-            texts.push_back(box.text);
-        }
-        return texts;
-    }
     /// Something that the user does while the first blocks of media are copied.
     void duringTheCopy(const std::function<void()>& action) {
         MainForm& other = program.form();
@@ -100,7 +93,7 @@ TEST_F(PackageWriter, Bytes_AreThoseOfTheFormat) {
     shared.SoundStart[2] = shared.SoundEnd[2] = 7; // of a former write
     write();
 
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.messageTexts(), IsEmpty());
     EXPECT_EQ(at(1, mediaStart - 1), executable.substr(0, mediaStart - 1));
     EXPECT_EQ(at(mediaStart, 1500), pattern(1500, 'a'));
     const std::size_t sound = mediaStart + 2 * block;
@@ -177,7 +170,7 @@ TEST_F(PackageWriter, SoundPathOfARowWithoutASound_GivesItsExtensionAlone) {
     addRow("C:\\a.jpg", "");
     form().lstSoundPath.setList(0, target); // which is no sound of the document, and not lost for it
     write();
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.messageTexts(), IsEmpty());
     EXPECT_THAT(package(), HasSubstr(" 0 \r\n 0 \r\nscr\r\n"));
 }
 
@@ -211,7 +204,7 @@ TEST_F(PackageWriter, BlankRowInTheMiddle_MakesThePathsBelowSlide) {
     addRow("", "");
     addRow("C:\\b.jpg", "");
     write();
-    EXPECT_THAT(messages(), ElementsAre("Unable to locate image: "));
+    EXPECT_THAT(program.messageTexts(), ElementsAre("Unable to locate image: "));
     EXPECT_FALSE(exists(target));
     EXPECT_EQ(form().ListView1.rowCount(), 2) << "on this road no blank row comes back";
     EXPECT_TRUE(form().ListView1.visible());
@@ -237,7 +230,7 @@ TEST_F(PackageWriter, MissingImage_IsTold_AndTheFormerTargetIsGone) {
     addRow("C:\\none.jpg", "");
     addRow("", "");
     write();
-    EXPECT_THAT(messages(), ElementsAre("Unable to locate image: C:\\none.jpg"));
+    EXPECT_THAT(program.messageTexts(), ElementsAre("Unable to locate image: C:\\none.jpg"));
     EXPECT_FALSE(exists(target));
     EXPECT_EQ(form().ListView1.rowCount(), 2);
     EXPECT_TRUE(form().ListView1.visible());
@@ -250,19 +243,20 @@ TEST_F(PackageWriter, ImageThatCannotBeRead_IsMetWhereItIsCopied) {
     program.machine.files().failOpening("C:\\a.jpg", FailureCode::permissionDenied);
     addRow("C:\\a.jpg", "");
     write();
-    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: Permission denied"));
+    EXPECT_THAT(program.messageTexts(), ElementsAre("An Error Has Occurred: Permission denied"));
     EXPECT_EQ(form().Label1.caption(), "Writing Executable File");
     EXPECT_EQ(package().size(), 3 * block) << "the program's copy stays";
     EXPECT_THAT(package(), StartsWith(executable));
     addRow("C:\\none.jpg", "");
     write();
-    EXPECT_EQ(messages().back(), "Unable to locate image: C:\\none.jpg") << "it is looked for before";
+    EXPECT_EQ(program.messageTexts().back(), "Unable to locate image: C:\\none.jpg")
+        << "it is looked for before";
 }
 
 TEST_F(PackageWriter, MissingSound_BecomesAnEmptyFile) {
     addRow("", "C:\\none.wav");
     write();
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.messageTexts(), IsEmpty());
     EXPECT_EQ(program.machine.files().content("C:\\none.wav"), "");
     EXPECT_THAT(package(), HasSubstr(" 3000 \r\n 4025 \r\nwav\r\n"));
 }
@@ -282,7 +276,7 @@ TEST_F(PackageWriter, FullDisk_IsToldAndThePartStays) {
     addRow("", "");
     program.machine.files().setFreeSpace('C', 150'000);
     write();
-    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: Disk full"));
+    EXPECT_THAT(program.messageTexts(), ElementsAre("An Error Has Occurred: Disk full"));
     EXPECT_TRUE(exists(target));
     EXPECT_EQ(program.machine.files().openFiles(), 0);
     EXPECT_TRUE(form().ListView1.visible());
@@ -295,7 +289,8 @@ TEST_F(PackageWriter, MissingProgram_IsTold) {
     addFile(target, "former");
     addRow("C:\\none.jpg", "");
     write();
-    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: File not found")) << "of the program's";
+    EXPECT_THAT(program.messageTexts(), ElementsAre("An Error Has Occurred: File not found"))
+        << "of the program's";
     EXPECT_FALSE(exists(target));
     EXPECT_EQ(program.machine.files().openFiles(), 0);
 }
@@ -308,7 +303,7 @@ TEST_F(PackageWriter, MoreThan500Rows_AreRefusedBeforeAnythingIsLost) {
     }
     addRow("", "");
     write();
-    EXPECT_THAT(messages(), ElementsAre(AllOf(HasSubstr("500"), HasSubstr("501"))));
+    EXPECT_THAT(program.messageTexts(), ElementsAre(AllOf(HasSubstr("500"), HasSubstr("501"))));
     EXPECT_EQ(package(), "former");
     EXPECT_TRUE(form().ListView1.visible());
     EXPECT_FALSE(form().Frame2.visible());
@@ -321,7 +316,7 @@ TEST_F(PackageWriter, FiveHundredRows_AreWritten) {
         addRow("C:\\a.jpg", "");
     }
     write();
-    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.messageTexts(), IsEmpty());
     EXPECT_THAT(package(), EndsWith("00000500\r\nTessellarium\r\n"));
     EXPECT_EQ(form().ProgressBar1.value(), 100);
 }
@@ -339,17 +334,17 @@ TEST_F(PackageWriter, FileOf100MillionBytes_IsTheShortestThatIsRefused) {
     write();
     const std::string told =
         "A screen saver stays below 100000000 bytes, and with this template it would have ";
-    ASSERT_THAT(messages(), ElementsAre(StartsWith(told)));
+    ASSERT_THAT(program.messageTexts(), ElementsAre(StartsWith(told)));
     EXPECT_EQ(package(), "former");
 
-    const std::size_t tooMany = std::stoul(messages().front().substr(told.size())) - 100'000'000;
+    const std::size_t tooMany = std::stoul(program.messageTexts().front().substr(told.size())) - 100'000'000;
     form().ListView1.setText(98, 4, std::string(longComment - tooMany, 'c'));
     write();
-    EXPECT_EQ(messages().back(), told + "100000000.");
+    EXPECT_EQ(program.messageTexts().back(), told + "100000000.");
     EXPECT_EQ(package(), "former");
     form().ListView1.setText(98, 4, std::string(longComment - tooMany - 1, 'c'));
     write();
-    EXPECT_EQ(messages().size(), 2U);
+    EXPECT_EQ(program.messageTexts().size(), 2U);
     EXPECT_EQ(program.machine.files().length(target), 99'999'999);
 }
 
@@ -359,7 +354,7 @@ TEST_F(PackageWriter, ProgramWhoseCopyReaches100MillionBytes_IsRefused) {
     addFile(ownFileName(), wholeBlocks);
     addRow("", "");
     write();
-    EXPECT_THAT(messages(), ElementsAre(EndsWith(" it would have 100000064.")));
+    EXPECT_THAT(program.messageTexts(), ElementsAre(EndsWith(" it would have 100000064.")));
     EXPECT_FALSE(exists(target));
 }
 
@@ -376,8 +371,8 @@ TEST_F(PackageWriter, TargetThatWouldBeLost_IsRefused) {
         EXPECT_TRUE(form().ListView1.visible());
         EXPECT_FALSE(form().Frame2.visible());
     }
-    EXPECT_THAT(messages(), ElementsAre(StartsWith("This is the running program"), HasSubstr("would be lost"),
-                                        HasSubstr("would be lost")));
+    EXPECT_THAT(program.messageTexts(), ElementsAre(StartsWith("This is the running program"),
+                                                    HasSubstr("would be lost"), HasSubstr("would be lost")));
 }
 
 TEST_F(PackageWriter, Yields_AfterEachBlockOfMediaAlone) {
@@ -413,7 +408,7 @@ TEST_F(PackageWriter, ReadFailureWithAFullDisk_IsToldOnce) {
     addRow("C:\\b.jpg", "");
     program.machine.files().setFreeSpace('C', 3 * block); // the program's copy, and no picture
     write();
-    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: Device I/O error"));
+    EXPECT_THAT(program.messageTexts(), ElementsAre("An Error Has Occurred: Device I/O error"));
     EXPECT_TRUE(form().ListView1.visible());
     EXPECT_EQ(program.machine.files().openFiles(), 0);
 }
@@ -424,7 +419,7 @@ TEST_F(PackageWriter, RowThatGoesDuringTheCopy_Fails) {
     addRow("C:\\a.jpg", "");
     duringTheCopy([this] { form().ListView1.removeRow(2); });
     write();
-    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: Subscript out of range"));
+    EXPECT_THAT(program.messageTexts(), ElementsAre("An Error Has Occurred: Subscript out of range"));
     EXPECT_TRUE(form().ListView1.visible());
     EXPECT_FALSE(form().Frame2.visible());
     EXPECT_EQ(program.machine.files().openFiles(), 0);
@@ -435,7 +430,7 @@ TEST_F(PackageWriter, RowThatComesDuringTheCopy_IsTold) {
     addRow("C:\\a.jpg", "");
     duringTheCopy([this] { addRow("C:\\a.jpg", ""); });
     write();
-    EXPECT_THAT(messages(), ElementsAre(StartsWith("The items have changed")));
+    EXPECT_THAT(program.messageTexts(), ElementsAre(StartsWith("The items have changed")));
     EXPECT_FALSE(package().ends_with("Tessellarium\r\n"));
     EXPECT_EQ(form().ProgressBar1.value(), 50) << "of the rows that are there by then";
     EXPECT_TRUE(form().ListView1.visible());
@@ -449,7 +444,7 @@ TEST_F(PackageWriter, WriteDuringTheCopy_FailsAndLeavesTheOuterWhole) {
     addRow("C:\\a.jpg", "");
     duringTheCopy([this] { form().WritePackage("C:\\out\\Another.scr"); });
     write();
-    EXPECT_THAT(messages(), ElementsAre("An Error Has Occurred: Permission denied"));
+    EXPECT_THAT(program.messageTexts(), ElementsAre("An Error Has Occurred: Permission denied"));
     EXPECT_THAT(package(), EndsWith("00000001\r\nTessellarium\r\n"));
     EXPECT_TRUE(form().ListView1.visible());
     EXPECT_FALSE(form().Frame2.visible());
@@ -463,7 +458,7 @@ TEST_F(PackageWriter, LoadDuringTheCopy_IsTold) {
     form().TemplateFile = "C:\\t.txt";
     duringTheCopy([this] { form().PerformLoad(); });
     write();
-    EXPECT_THAT(messages(), ElementsAre(StartsWith("The items have changed")));
+    EXPECT_THAT(program.messageTexts(), ElementsAre(StartsWith("The items have changed")));
     EXPECT_FALSE(package().ends_with("Tessellarium\r\n"));
     EXPECT_EQ(program.machine.files().openFiles(), 0);
 }

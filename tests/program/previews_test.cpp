@@ -2,12 +2,10 @@
 #include "editor/frm_load.h"
 #include "editor/frm_play.h"
 #include "editor/frm_view.h"
+#include "program/dialog_user.h"
 #include "support/keys.h"
-#include "support/program.h"
 #include "support/wav_file.h"
 #include "toolkit/pictures.h"
-
-#include <gmock/gmock.h>
 
 #include <tuple>
 
@@ -19,7 +17,7 @@ using toolkit::PlayState;
 
 using namespace keys;
 
-class Previews : public testing::Test {
+class Previews : public DialogUser {
 protected:
     Previews() { program.startNothing(); }
 
@@ -35,20 +33,6 @@ protected:
         }
         return rows;
     }
-    void click(toolkit::Element& control) {
-        program.machine.user().clickOn(control.hWnd());
-        program.advance(0);
-    }
-    void press(int key) {
-        program.machine.user().press(key);
-        program.advance(0);
-    }
-    void close(toolkit::Form& form) {
-        program.machine.user().closeWindow(form.hWnd());
-        program.advance(0);
-    }
-
-    Program program;
 };
 
 class TemplatePicker : public Previews {
@@ -62,14 +46,6 @@ protected:
     frmLoad& open() {
         picker.show();
         return picker;
-    }
-    void select(toolkit::ItemList& list, int index) {
-        program.machine.user().selectItem(list.hWnd(), index);
-        program.advance(0);
-    }
-    void activate(toolkit::ItemList& list, int index) {
-        program.machine.user().activateItem(list.hWnd(), index);
-        program.advance(0);
     }
     /// Goes to "C:\t" and clicks its first template.
     void pickFirst() {

@@ -21,10 +21,10 @@ constexpr sys::MessageIcon noIcon = sys::MessageIcon::none;
 TEST_F(SettingsDialog, TemplateLists_OnlyAClickOnAFileWrites) {
     frmConfig& dialog = openInTemplateMode();
     click(dialog.cmdSelectTemplate);
-    enterFolder(dialog.Dir1, 0);
+    activate(dialog.Dir1, 0);
     EXPECT_EQ(dialog.File1.path(), "C:\\");
     EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\t\\show.txt");
-    enterFolder(dialog.Dir1, 2);
+    activate(dialog.Dir1, 2);
     ASSERT_EQ(dialog.Dir1.path(), "C:\\t");
     select(dialog.File1, 1);
     EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\t\\zoo.txt");
@@ -86,7 +86,7 @@ TEST_F(SettingsDialog, FolderLists_EveryMoveWrites) {
     frmConfig& dialog = openInFolderMode();
     click(dialog.cmdSelectFolder);
     EXPECT_EQ(panel(), "folder");
-    enterFolder(dialog.Dir2, 2);
+    activate(dialog.Dir2, 2);
     EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\pics\\inner\\");
     EXPECT_EQ(shared.ImageListFile, "C:\\pics\\inner\\");
     EXPECT_EQ(dialog.File2.path(), "C:\\pics\\inner");
@@ -108,7 +108,7 @@ TEST_F(SettingsDialog, FolderThatVanished_EndsWithTheDefaultReport) {
     frmConfig& dialog = openInFolderMode();
     click(dialog.cmdSelectFolder);
     program.machine.files().failOpening("C:\\pics\\inner", FailureCode::pathNotFound);
-    enterFolder(dialog.Dir2, 2);
+    activate(dialog.Dir2, 2);
     EXPECT_EQ(program.exitCode(), 1);
     EXPECT_THAT(messages(), ElementsAre(ShownMessage{"Path not found", "Tessellarium"}));
 }

@@ -1,19 +1,15 @@
 // The settings dialog on a simulated machine, and the person before it.
 #pragma once
 
+#include "program/dialog_user.h"
 #include "settings/frm_config.h"
 #include "startup/settings.h"
 #include "startup/shared_state.h"
 #include "support/package.h"
-#include "support/program.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
-class SettingsDialog : public testing::Test {
+class SettingsDialog : public DialogUser {
 protected:
     SettingsDialog() {
         program.machine.files().addFolder("C:\\pics\\inner");
@@ -44,20 +40,8 @@ protected:
         return open();
     }
 
-    void click(toolkit::Element& control) {
-        program.machine.user().clickOn(control.hWnd());
-        program.advance(0);
-    }
-    void select(toolkit::ItemList& list, int index) {
-        program.machine.user().selectItem(list.hWnd(), index);
-        program.advance(0);
-    }
     void chooseFromMenu(const std::string& caption) {
         program.machine.user().choose(form().hWnd(), caption);
-        program.advance(0);
-    }
-    void enterFolder(toolkit::FolderList& list, int index) {
-        program.machine.user().activateItem(list.hWnd(), index);
         program.advance(0);
     }
     void type(const std::string& text) {
@@ -75,7 +59,4 @@ protected:
                (dialog.TemplateFrame.visible() ? "template" : "") +
                (dialog.FolderFrame.visible() ? "folder" : "");
     }
-    const std::vector<sys::simulated::ShownMessage>& messages() { return program.machine.messageBoxes(); }
-
-    Program program;
 };

@@ -89,6 +89,14 @@ void Program::startAndStep() {
 
 long Program::traced(const std::string& line) const { return std::ranges::count(trace, line); }
 
+std::vector<std::string> Program::messageTexts() const {
+    std::vector<std::string> texts;
+    for (const sys::simulated::ShownMessage& box : machine.messageBoxes()) {
+        texts.push_back(box.text);
+    }
+    return texts;
+}
+
 sys::Color Program::pixel(int x, int y) const {
     const sys::simulated::Pixel pixel = machine.screen().at(x, y);
     return {pixel.red, pixel.green, pixel.blue};

@@ -55,6 +55,8 @@ public:
     /// How often a line stands in the trace.
     long traced(const std::string& line) const;
 
+    /// What the message boxes said so far.
+    std::vector<std::string> messageTexts() const;
     /// The colour of a pixel of the screen.
     sys::Color pixel(int x, int y) const;
 

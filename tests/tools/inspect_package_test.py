@@ -88,6 +88,13 @@ class PackageTest(InspectTest):
         self.assertEqual(self.warnings(), [nothing])
         self.assertEqual(self.warnings("SOUNDSYNC=1\nIMAGE=a.bmp"), [nothing])
 
+    def test_Write_NamesOfTheCodePage_AreFoundAndTold(self):
+        self.add("t/\xfc.bmp", b"a")
+        self.assertEqual(self.warnings(b"IMAGE=\xfc.bmp", b"SOUND=\x80.wav"),
+                         ["tessellarium-inspect: warning: item 1 (\xfc.bmp): its sound is missing"])
+        self.add_template(b"IMAGE=\x80.bmp")
+        self.fails(1, "Unable to locate image: C:\\t\\\u20ac.bmp", *self.write_words())
+
     def test_Package_Always_IsToldWithItsRows(self):
         length = len(self.write_one_of_each())
         media = len(self.program)

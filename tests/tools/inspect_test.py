@@ -79,6 +79,16 @@ class PlaylistTest(InspectTest):
         self.assertEqual(self.template(b"IMAGE=\xfcber.gif", b"\xc3\xa4\x80"),
                          [self.head(0, -1, "C:\\t\\", 1), self.item("C:\\t\\\xfcber.gif", "\xc3\xa4\x80\r\n")])
 
+    def test_Names_OfTheCodePage_AreFoundUnderTheirCharacters(self):
+        self.add("\xfcber/t\xe4.txt", b"IMAGE=\x80.gif\r\n")
+        self.add("\xfcber/\u20ac.gif")
+        self.assertEqual(self.playlist("ImagePath=C:\\\xfcber", "ImageListFile=t\xe4.txt"),
+                         [self.head(0, -1, "C:\\\xfcber\\", 1), self.item("C:\\\xfcber\\\x80.gif")])
+        self.assertEqual(self.playlist("AllImages=1", "ImagePath=C:\\\xfcber")[1:],
+                         [self.item("C:\\\xfcber\\\x80.gif")])
+        self.assertEqual(self.lines("template", *self.drive(), "C:\\\xfcber\\t\xe4.txt")[1][0], ["image", "\x80.gif"])
+        self.fails(1, "File not found", "template", *self.drive(), "C:\\\u20ac.txt")
+
     def test_SoundList_Always_FollowsTheItemsWithoutSounds(self):
         self.assertEqual(self.template("SOUNDASYNC", "SOUND=a.wav", "IMAGE=a.gif", r"SOUND=D:\b.wav"),
                          [self.head(3, 1, "C:\\t\\", 1), self.item("C:\\t\\a.gif")[:3],

@@ -1,4 +1,5 @@
 #include "system/names.h"
+#include "system/simulated/code_page.h"
 #include "system/simulated/drive.h"
 
 #include "system/failure.h"
@@ -104,7 +105,7 @@ std::optional<Entry> entryAt(const fs::path& path) {
     if (!fs::exists(status)) {
         return std::nullopt;
     }
-    const std::string name = path.filename().string();
+    const std::string name = toCodePage(path.filename().string());
     const auto kind = fs::is_regular_file(status) ? Entry::Kind::file
                       : fs::is_directory(status)  ? Entry::Kind::folder
                                                   : Entry::Kind::device;
@@ -174,13 +175,13 @@ private:
     std::optional<fs::path> locate(const DrivePath& path) const {
         fs::path place = root_;
         for (const std::string& part : path) {
-            if (entryAt(place / part)) {
-                place /= part;
+            if (const std::string name = fromCodePage(part); entryAt(place / name)) {
+                place /= name;
                 continue;
             }
             std::optional<std::string> found;
             for (const std::string& name : namesIn(place)) {
-                if (sameName(name, part) && (!found || name < *found)) {
+                if (sameName(toCodePage(name), part) && (!found || name < *found)) {
                     found = name;
                 }
             }
@@ -197,7 +198,7 @@ private:
         if (const auto place = locate(path)) {
             return *place;
         }
-        return *locate({path.begin(), path.end() - 1}) / path.back();
+        return *locate({path.begin(), path.end() - 1}) / fromCodePage(path.back());
     }
 
     fs::path root_;

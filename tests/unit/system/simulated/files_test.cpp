@@ -322,6 +322,29 @@ protected:
     Drives drives{"D:\\"};
 };
 
+// On a host that writes names in UTF-8 a template of Windows found none of its pictures with an umlaut: the
+// bytes of its names were looked for as they stood.
+TEST_F(HostDrive, Names_AreOfTheCodePage) {
+    put(root / "drive" / "\u00DCber \u20AC.gif", "uber");
+    EXPECT_THAT(drives.list("D:\\*.gif"), ElementsAre("\xDC"
+                                                      "ber \x80.gif"));
+    EXPECT_EQ(drives.content("D:\\\xDC"
+                             "BER \x80.gif"),
+              "uber");
+    EXPECT_FALSE(drives.exists("D:\\\u00DCber \u20AC.gif"));
+    drives.addFile("D:\\caf\xE9.txt", "new");
+    EXPECT_TRUE(fs::exists(root / "drive" / "caf\u00E9.txt"));
+    EXPECT_EQ(drives.content("D:\\CAF\xE9.TXT"), "new");
+}
+
+TEST_F(HostDrive, NamesThatAreNoTextOfTheCodePage_KeepTheirBytes) {
+    for (const char* name : {"\xFC.gif", "\u65E5.gif"}) {
+        put(root / "drive" / name, "found");
+        EXPECT_EQ(drives.content(std::string("D:\\") + name), "found");
+    }
+    EXPECT_THAT(drives.list("D:\\*.gif"), ElementsAre("\u65E5.gif", "\xFC.gif"));
+}
+
 TEST_F(HostDrive, NoPath_LeavesTheFolder) {
     EXPECT_FALSE(drives.exists("D:\\..\\outside.txt"));
     EXPECT_FALSE(drives.exists("D:\\x\\..\\..\\outside.txt"));
