@@ -59,6 +59,7 @@ PixelRect wholeOf(Size size) { return {0, 0, size.width, size.height}; }
 
 /// The brush of a bitmap's colour; null when it has several.
 OwnedBrush brushOfOnlyColor(const MemoryBitmap& bitmap) {
+    GdiFlush();
     const auto pixelLength = static_cast<std::size_t>(bitmap.bitsPerPixel() / 8);
     const std::size_t rowLength = pixelLength * static_cast<std::size_t>(bitmap.size().width);
     const std::uint8_t* first = bitmap.row(0);
