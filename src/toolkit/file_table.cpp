@@ -82,6 +82,9 @@ public:
     }
     /// A whole block, which begins with what comes from the other stream; how much that was.
     std::size_t writeBlock(Stream& source, std::size_t size) {
+        if (size > bufferSize) {
+            throw Failure(FailureCode::invalidProcedureCall);
+        }
         char* const block = room(size);
         const std::size_t count = source.read({block, size});
         std::fill(block + count, block + size, '\0');
