@@ -147,7 +147,7 @@ public:
     /// Another program has set the mark of a check box or an option button, or cleared it.
     virtual void buttonMarked(WindowHandle button, bool marked) = 0;
     virtual void textChanged(WindowHandle textBox, const std::string& text) = 0;
-    /// 0-based; also when it was selected already.
+    /// 0-based; of a list also when it was selected already, of a list view only when it wasn't.
     virtual void itemSelected(WindowHandle list, int index) = 0;
     /// By a double click or by Enter.
     virtual void itemActivated(WindowHandle list, int index) = 0;
