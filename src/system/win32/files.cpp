@@ -310,11 +310,14 @@ std::string Win32Files::wholeFolder(const std::string& path) {
     while (whole.size() > rootLength && whole.ends_with('\\')) {
         whole.pop_back();
     }
-    if (!isFolder(whole)) {
-        const DWORD error = GetLastError();
-        const bool notReady = isOnMissingDrive(whole) || codeOf(error) == FailureCode::deviceUnavailable;
+    const DWORD attributes = GetFileAttributesA(whole.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) {
+        const bool notReady =
+            codeOf(GetLastError()) == FailureCode::deviceUnavailable || isOnMissingDrive(whole);
         throw Failure(notReady ? FailureCode::deviceUnavailable : FailureCode::pathNotFound);
     }
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
+        throw Failure(FailureCode::pathNotFound);
     return whole;
 }
 

@@ -4,6 +4,8 @@
 #include "contract/byte_writer.h"
 #include "contract/contract_test.h"
 
+#include <windows.h>
+
 #include <array>
 
 namespace contract {
@@ -182,6 +184,14 @@ TEST_F(WindowsOnly, Settings_LieInTheRegistryOfTheUser) {
 
     driver->setRegistryNumber(testKey + "\\Settings", "Key", 5);
     EXPECT_EQ(system.settings().read("TessellariumContract", "Settings", "Key"), std::nullopt);
+}
+
+// The error of an earlier call was taken for that of the search for the folder, which had found a file.
+TEST_F(WindowsOnly, FileInPlaceOfAFolder_IsNoMissingDriveWhateverFailedBefore) {
+    const std::string file = driver->folder() + "\\file";
+    system.files().open(file, sys::Access::write);
+    SetLastError(ERROR_NOT_READY);
+    EXPECT_EQ(failureOf([&] { system.files().wholeFolder(file); }), 76);
 }
 
 TEST_F(WindowsOnly, MissingPasswordLibrary_Is53) {
