@@ -539,6 +539,17 @@ TEST_F(Dialog, HiddenFrame_MakesWhatStandsInItWhenItIsFirstSeen) {
     EXPECT_TRUE(machine.window(form.files.hWnd())->visibleRect().empty());
 }
 
+// Its left edge was off the screen then, and half of its caption with it.
+TEST_F(Dialog, FormLargerThanTheScreen_BeginsAtTheScreensCorner) {
+    struct LargeForm : PlainForm {
+        LargeForm() : PlainForm({.name = "LargeForm", .width = 15000, .height = 15000, .dialog = true}) {}
+    };
+    auto& large = application.form<LargeForm>();
+    large.load();
+    EXPECT_EQ(large.left(), 0);
+    EXPECT_EQ(large.top(), 0);
+}
+
 // Modal forms
 
 class OtherForm : public PlainForm {
