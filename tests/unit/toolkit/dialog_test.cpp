@@ -397,6 +397,16 @@ TEST_F(Dialog, Lists_BeginAtTheMachinesCurrentFolder) {
     EXPECT_THAT(take(), IsEmpty());
 }
 
+// A folder of a network, which is on no drive at all, comes to the same.
+TEST_F(Dialog, DriveList_CurrentFolderOnNoDriveOfTheList_SelectsNone) {
+    machine.files().setHidden("C:\\");
+    form.load();
+    EXPECT_THAT(textsOf(form.drives), ElementsAre("T:"));
+    EXPECT_EQ(form.drives.listIndex(), -1);
+    EXPECT_EQ(form.drives.drive(), "");
+    EXPECT_THAT(take(), IsEmpty());
+}
+
 TEST_F(Dialog, DriveList_TakesTheFirstCharacterOnly) {
     machine.files().addMemoryDrive('D');
     form.load();
