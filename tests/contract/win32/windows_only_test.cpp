@@ -173,12 +173,13 @@ TEST_F(WindowsOnly, Settings_LieInTheRegistryOfTheUser) {
     system.settings().write("TessellariumContract", "Settings", "Key", "text");
     sys::Platform& platform = system.platform();
     sys::RegistryKey key = 0;
-    ASSERT_EQ(platform.regOpenKeyEx(0x80000001, testKey + "\\Settings", 0x20019, key), 0);
+    ASSERT_EQ(
+        platform.regOpenKeyEx(sys::currentUserRoot, testKey + "\\Settings", sys::registryReadAccess, key), 0);
     std::uint32_t type = 0;
     std::array<char, 10> buffer{};
     auto length = static_cast<std::uint32_t>(buffer.size());
     EXPECT_EQ(platform.regQueryValueEx(key, "Key", type, buffer.data(), length), 0);
-    EXPECT_EQ(type, 1U); // REG_SZ
+    EXPECT_EQ(type, sys::registryText);
     EXPECT_EQ(std::string(buffer.data(), length), std::string("text\0", 5));
     platform.regCloseKey(key);
 

@@ -9,7 +9,7 @@
 
 namespace {
 
-using sys::simulated::currentUserRoot;
+using sys::currentUserRoot;
 using sys::simulated::Machine;
 using testing::ElementsAre;
 using testing::IsEmpty;
