@@ -1,6 +1,7 @@
 #include "system/win32/files.h"
 
 #include "system/failure.h"
+#include "system/names.h"
 #include "system/win32/native.h"
 
 #include <algorithm>
@@ -272,8 +273,7 @@ std::vector<std::string> namesIn(const std::string& pattern, bool folders) {
 std::vector<std::string> Win32Files::list(const std::string& pattern) { return namesIn(pattern, false); }
 
 std::vector<std::string> Win32Files::folders(const std::string& path) {
-    const std::string whole = wholeFolder(path);
-    std::vector<std::string> names = namesIn(whole + (whole.ends_with('\\') ? "*" : "\\*"), true);
+    std::vector<std::string> names = namesIn(inFolder(wholeFolder(path), "*"), true);
     std::erase_if(names, [](const std::string& name) { return name == "." || name == ".."; });
     return names;
 }
