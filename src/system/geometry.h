@@ -24,10 +24,13 @@ struct Area {
     float height = 0;
 };
 
+/// At 96 dpi, for which dialogs are designed.
+inline constexpr double twipsPerDialogPixel = 15;
+
 /// 1440 divided by the screen's dpi: 15 at 96 dpi, 7.5 at 192 dpi.
 struct TwipsPerPixel {
-    double x = 15;
-    double y = 15;
+    double x = twipsPerDialogPixel;
+    double y = twipsPerDialogPixel;
 };
 
 struct Size { // pixels
