@@ -49,9 +49,7 @@ void CanvasWindow::present() {
     if (area.empty()) {
         return;
     }
-    const HDC dc = GetDC(native());
-    copyTo(dc, area);
-    ReleaseDC(native(), dc);
+    copyTo(WindowDc(native()).get(), area);
 }
 
 void CanvasWindow::repair() {
