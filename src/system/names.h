@@ -1,5 +1,5 @@
-// Names of files and folders, and how systems compare them: letters of the ASCII range without case, all other
-// bytes as they are.
+// Names of files and folders, and how systems compare them: letters of the ASCII range without case, all
+// other bytes as they are.
 #pragma once
 
 #include <algorithm>
