@@ -57,14 +57,11 @@ void frmDesigner::Form_Unload() {
 
 /// The buttons by keys, for who works the list by keyboard. Enter is a double click.
 void frmDesigner::ListView1_KeyDown(std::int16_t KeyCode, std::int16_t Shift) {
-    constexpr std::int16_t upKey = 38;
-    constexpr std::int16_t downKey = 40;
-    constexpr std::int16_t deleteKey = 46;
-    if (KeyCode == deleteKey && Shift == 0) {
+    if (KeyCode == sys::deleteKey && Shift == 0) {
         cmdDelete_Click();
-    } else if (KeyCode == upKey && Shift == sys::controlKey) {
+    } else if (KeyCode == sys::upKey && Shift == sys::controlKey) {
         cmdMoveUp_Click();
-    } else if (KeyCode == downKey && Shift == sys::controlKey) {
+    } else if (KeyCode == sys::downKey && Shift == sys::controlKey) {
         cmdMoveDown_Click();
     }
 }

@@ -26,7 +26,7 @@ toolkit::LabelDesign frmConfig::centered(const toolkit::Design& control, const s
 
 toolkit::PictureBoxDesign frmConfig::banner(const toolkit::Design& control) {
     // The one that is sharp on this screen: the nearest of those that were drawn.
-    const double scale = 15 / Application::current().system().twipsPerPixel().x;
+    const double scale = sys::twipsPerDialogPixel / Application::current().system().twipsPerPixel().x;
     return {.control = control,
             .picture = scale < 1.25   ? resources::settings_banner_100
                        : scale < 1.75 ? resources::settings_banner_150

@@ -13,8 +13,6 @@ namespace {
 
 constexpr sys::Color lightGrey{0xC0, 0xC0, 0xC0};
 
-constexpr std::uint32_t closeMessage = 0x10; // WM_CLOSE
-
 void giveToWindow(toolkit::Element& element, sys::WindowHandle parent) {
     shared.ApiResult = sys::numberOf(toolkit::platform().setParent(element.hWnd(), parent));
 }
@@ -30,7 +28,7 @@ std::intptr_t answer(sys::WindowHandle hwnd, std::uint32_t msg, std::uintptr_t w
     if (shared.PrevWndProc == 0) {
         return 0; // meant so: without a procedure to hand it to, the message is swallowed
     }
-    if (msg != closeMessage) {
+    if (msg != sys::closeMessage) {
         const std::intptr_t result =
             toolkit::platform().callWindowProc(shared.PrevWndProc, hwnd, msg, wParam, lParam);
         WriteLog("E: CtlProc");

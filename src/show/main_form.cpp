@@ -17,15 +17,15 @@ namespace {
 // Large enough to be read from across a room.
 const sys::Font commentFont{"Tahoma", 24, true};
 
-constexpr std::uint32_t currentUser = 0x80000001; // the predefined key HKEY_CURRENT_USER
-constexpr std::uint32_t screenSaverRunning = 97;  // an action of SystemParametersInfo
-constexpr std::intptr_t topmost = -1;
-constexpr std::uint32_t keepPlaceAndSize = 3;
+void makeTopmost(toolkit::Element& element) {
+    toolkit::platform().setWindowPos(element.hWnd(), sys::topmostPosition, 0, 0, 0, 0,
+                                     sys::keepSize | sys::keepPosition);
+}
 
 void tellSystemOfShow(std::uint32_t running) {
     if (passwordWanted()) {
         std::int32_t scratch = 0;
-        toolkit::platform().systemParametersInfo(screenSaverRunning, running, scratch, 0);
+        toolkit::platform().systemParametersInfo(sys::screenSaverRunningAction, running, scratch, 0);
     }
 }
 
@@ -110,11 +110,11 @@ void MainForm::Form_Load() {
             MediaPlayer1.setLive(true);
         }
     });
-    step([&] { toolkit::platform().setWindowPos(hWnd(), topmost, 0, 0, 0, 0, keepPlaceAndSize); });
-    step([&] { toolkit::platform().setWindowPos(Picture1.hWnd(), topmost, 0, 0, 0, 0, keepPlaceAndSize); });
+    step([&] { makeTopmost(*this); });
+    step([&] { makeTopmost(Picture1); });
     step([&] {
-        shared.UsePassword = toolkit::round16(
-            toolkit::val(RegGetValue(currentUser, "Control Panel\\Desktop", "ScreenSaveUsePassword")));
+        shared.UsePassword = toolkit::round16(toolkit::val(
+            RegGetValue(sys::currentUserRoot, "Control Panel\\Desktop", "ScreenSaveUsePassword")));
     });
     step([&] { GetPlatform(); });
     step([&] { tellSystemOfShow(1); });

@@ -6,7 +6,7 @@
 
 using toolkit::Application;
 
-bool passwordWanted() { return shared.PlatformId != ntPlatform && shared.UsePassword != 0; }
+bool passwordWanted() { return shared.PlatformId != sys::ntPlatform && shared.UsePassword != 0; }
 
 void hideCursor() {
     sys::Platform& platform = toolkit::platform();

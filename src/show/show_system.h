@@ -4,13 +4,10 @@
 #include <cstdint>
 #include <string>
 
-/// The identifier of the NT family, where the system asks for passwords itself.
-inline constexpr std::int32_t ntPlatform = 2;
-
 /// `sndPlaySound` returns at once; a new sound cuts off the one before.
 inline constexpr std::uint32_t asynchronousSound = 1;
 
-/// Whether the show itself has to ask for the password: only outside the NT family.
+/// Whether the show itself has to ask for the password: only outside the NT family, which asks by itself.
 bool passwordWanted();
 
 /// Lowers the cursor's display count until it is below -5.

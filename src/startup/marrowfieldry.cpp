@@ -65,8 +65,6 @@ namespace {
 
 constexpr std::uint32_t firstRootKey = 0x80000000; // the system's predefined keys
 constexpr std::uint32_t lastRootKey = 0x80000006;
-constexpr std::uint32_t readAccess = 0x20019;
-constexpr std::uint32_t numberType = 4;
 constexpr std::size_t bufferLength = 255;
 
 /// A number's four bytes, lowest first, as at least three digits at the front of the buffer.
@@ -98,7 +96,7 @@ std::string RegGetValue(std::uint32_t hKey, const std::string& subKey, const std
     }
     sys::Platform& platform = toolkit::platform();
     sys::RegistryKey key = 0;
-    if (platform.regOpenKeyEx(hKey, subKey, readAccess, key) != 0) {
+    if (platform.regOpenKeyEx(hKey, subKey, sys::registryReadAccess, key) != 0) {
         return "";
     }
     const OpenKey open(key);
@@ -108,7 +106,7 @@ std::string RegGetValue(std::uint32_t hKey, const std::string& subKey, const std
     std::uint32_t type = 0;
     std::string value;
     if (platform.regQueryValueEx(key, valueName, type, buffer.data(), length) == 0) {
-        if (type == numberType) {
+        if (type == sys::registryNumber) {
             formatNumber(buffer);
         }
         // The length counts the terminating zero of a text. A number's length is 4, so that only its first

@@ -25,9 +25,9 @@ public:
     virtual std::size_t read(void* buffer, std::size_t size) = 0;
     /// Writes all bytes at the position. Fails with 61 (disk full), 57, or 75 (opened for reading).
     virtual void write(const void* data, std::size_t size) = 0;
-    /// Moves the position; `offset` is 0-based from the file's start, never negative.
+    /// Moves the position; `offset` is 0-based from the file's start, never negative. Fails with 57.
     virtual void seek(std::int64_t offset) = 0;
-    /// In bytes.
+    /// In bytes. Fails with 57.
     virtual std::int64_t length() = 0;
 };
 
@@ -75,6 +75,7 @@ public:
     /// Nothing when the key is missing or can't be read.
     virtual std::optional<std::string> read(const std::string& application, const std::string& section,
                                             const std::string& key) = 0;
+    /// Fails with 5 when the store refuses it.
     virtual void write(const std::string& application, const std::string& section, const std::string& key,
                        const std::string& value) = 0;
 };

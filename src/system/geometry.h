@@ -1,6 +1,7 @@
 // Twips, pixels and colours, and the one way from twips to pixels that both systems take.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 
@@ -23,10 +24,13 @@ struct Area {
     float height = 0;
 };
 
+/// At 96 dpi, for which dialogs are designed.
+inline constexpr double twipsPerDialogPixel = 15;
+
 /// 1440 divided by the screen's dpi: 15 at 96 dpi, 7.5 at 192 dpi.
 struct TwipsPerPixel {
-    double x = 15;
-    double y = 15;
+    double x = twipsPerDialogPixel;
+    double y = twipsPerDialogPixel;
 };
 
 struct Size { // pixels
@@ -52,6 +56,20 @@ struct PixelRect {
     bool empty() const { return right <= left || bottom <= top; }
     bool operator==(const PixelRect&) const = default;
 };
+
+/// Empty where the two have nothing in common.
+inline PixelRect intersection(const PixelRect& a, const PixelRect& b) {
+    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
+            std::min(a.bottom, b.bottom)};
+}
+
+/// The least rectangle around two.
+inline PixelRect bounding(const PixelRect& a, const PixelRect& b) {
+    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
+            std::max(a.bottom, b.bottom)};
+}
+
+inline PixelRect wholeOf(Size size) { return {0, 0, size.width, size.height}; }
 
 /// The pixel edge nearest to a position in twips.
 inline int pixelEdge(double twips, double twipsPerPixel) {

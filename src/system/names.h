@@ -1,4 +1,5 @@
-// Names as systems compare them: letters of the ASCII range without case, all other bytes as they are.
+// Names of files and folders, and how systems compare them: letters of the ASCII range without case, all
+// other bytes as they are.
 #pragma once
 
 #include <algorithm>
@@ -18,6 +19,11 @@ inline std::string folded(std::string name) {
 
 inline bool sameName(std::string_view a, std::string_view b) {
     return std::ranges::equal(a, b, {}, lower, lower);
+}
+
+/// The path of what has that name in a folder, whose own path may end with a backslash.
+inline std::string inFolder(const std::string& folder, const std::string& name) {
+    return folder + (folder.ends_with('\\') ? "" : "\\") + name;
 }
 
 } // namespace sys

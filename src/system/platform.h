@@ -16,8 +16,18 @@ using RegistryKey = std::uintptr_t;
 using WindowProcedure = std::intptr_t (*)(WindowHandle window, std::uint32_t message, std::uintptr_t wParam,
                                           std::intptr_t lParam);
 
-/// The index of a window's procedure among its values.
-inline constexpr int windowProcedureIndex = -4;
+// Numbers that go with the calls.
+inline constexpr std::uint32_t currentUserRoot = 0x80000001;  // HKEY_CURRENT_USER
+inline constexpr std::uint32_t registryReadAccess = 0x20019;  // KEY_READ
+inline constexpr std::uint32_t registryText = 1;              // REG_SZ
+inline constexpr std::uint32_t registryNumber = 4;            // REG_DWORD
+inline constexpr std::int32_t ntPlatform = 2;                 // VER_PLATFORM_WIN32_NT
+inline constexpr std::uint32_t screenSaverRunningAction = 97; // SPI_SCREENSAVERRUNNING
+inline constexpr std::intptr_t topmostPosition = -1;          // HWND_TOPMOST
+inline constexpr std::uint32_t keepSize = 1;                  // SWP_NOSIZE
+inline constexpr std::uint32_t keepPosition = 2;              // SWP_NOMOVE
+inline constexpr int windowProcedureIndex = -4;               // GWLP_WNDPROC
+inline constexpr std::uint32_t closeMessage = 0x10;           // WM_CLOSE
 
 /// The record of `GetVersionExA`: 148 bytes, its first field holding its own size.
 struct VersionRecord {
@@ -51,7 +61,7 @@ public:
     /// The actions of screen savers: `scratch` takes what an action gives back. 0 when it fails.
     virtual std::int32_t systemParametersInfo(std::uint32_t action, std::uint32_t value,
                                               std::int32_t& scratch, std::uint32_t flags) = 0;
-    /// `after` -1 is the topmost position; flags 3 keep position and size.
+    /// `after` is another window, or a sign such as `topmostPosition`; `flags` are added.
     virtual std::int32_t setWindowPos(WindowHandle window, std::intptr_t after, int x, int y, int width,
                                       int height, std::uint32_t flags) = 0;
     /// Fills `rect` with the client area, in pixels, from 0, 0 on; 0, and `rect` as it was, for no window.

@@ -39,7 +39,8 @@ public:
     virtual Size screenSize() = 0;
     virtual Point pointerPosition() = 0;
 
-    // Windows: each is made hidden, and at most as long-lived as its parent.
+    // Windows: each is made hidden, and at most as long-lived as its parent. Fail with 7 when the system has
+    // no room for one more.
     virtual std::unique_ptr<Canvas> createForm(const FormStyle& style) = 0;
     virtual std::unique_ptr<Canvas> createPictureBox(Window& parent, Color backColor) = 0;
     virtual std::unique_ptr<Window> createLabel(Window& parent, const LabelStyle& style) = 0;

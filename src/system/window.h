@@ -106,6 +106,25 @@ struct LabelStyle {
 enum MouseButton : int { leftButton = 1, rightButton = 2, middleButton = 4 };
 enum ShiftState : int { shiftKey = 1, controlKey = 2, altKey = 4 };
 
+/// The system's virtual keys, as far as they are named anywhere.
+enum KeyCode : int {
+    backspaceKey = 8,
+    tabKey = 9,
+    enterKey = 13,
+    escapeKey = 27,
+    spaceKey = 32,
+    pageUpKey = 33,
+    pageDownKey = 34,
+    endKey = 35,
+    homeKey = 36,
+    leftKey = 37,
+    upKey = 38,
+    rightKey = 39,
+    downKey = 40,
+    deleteKey = 46,
+    function1Key = 112,
+};
+
 struct MouseEvent {
     WindowHandle window = 0;
     int button = 0; // pressed: the one; moved: all that are down, added
@@ -132,7 +151,7 @@ public:
     virtual void mouseDoublePressed(const MouseEvent& event) = 0;
     /// `inside`: the pointer is still over the window that was pressed.
     virtual void mouseReleased(const MouseEvent& event, bool inside) = 0;
-    /// `keyCode` is the system's virtual key.
+    /// `keyCode` is any of the system's virtual keys.
     virtual void keyPressed(WindowHandle window, int keyCode, int shift) = 0;
     /// Gives the character that the window is to take in its place; 0: none.
     virtual int characterTyped(WindowHandle window, int character) = 0;
@@ -147,7 +166,7 @@ public:
     /// Another program has set the mark of a check box or an option button, or cleared it.
     virtual void buttonMarked(WindowHandle button, bool marked) = 0;
     virtual void textChanged(WindowHandle textBox, const std::string& text) = 0;
-    /// 0-based; also when it was selected already.
+    /// 0-based; of a list also when it was selected already, of a list view only when it wasn't.
     virtual void itemSelected(WindowHandle list, int index) = 0;
     /// By a double click or by Enter.
     virtual void itemActivated(WindowHandle list, int index) = 0;

@@ -162,13 +162,13 @@ private:
 /// A control that this program never has on the screen: values, and no window unless a kind makes one.
 class HiddenControl : public Control {
 public:
-    HiddenControl(Container& container, Design design)
-        : Control(container, (design.visible = false, design)) {}
-
-    /// Asks for a repaint, of which nothing would be seen.
-    void refresh() {}
+    HiddenControl(Container& container, const Design& design) : Control(container, hidden(design)) {}
 
 private:
+    static Design hidden(Design design) {
+        design.visible = false;
+        return design;
+    }
     bool canShow() const override { return false; }
     std::unique_ptr<sys::Window> makeWindow() override;
 };

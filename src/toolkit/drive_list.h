@@ -1,4 +1,4 @@
-// A drive list: the machine's drives, of which one is always selected.
+// A drive list: the machine's drives, of which at first the current one is selected, if there is one.
 #pragma once
 
 #include "toolkit/item_list.h"
@@ -10,7 +10,8 @@ public:
     DriveList(Container& container, const Design& design)
         : ItemList(container, design, {.kind = sys::ListKind::dropDown}) {}
 
-    /// For example "C:"; the current drive at first.
+    /// For example "C:"; the current drive at first, "" when the current folder is on none, as one of a
+    /// network.
     std::string drive() const { return text().substr(0, 2); }
     /// Only the first character counts, in any case. Another drive than the present one raises `change`,
     /// inside the assignment; the same raises nothing. Fails with 68 when there is no such drive; one that

@@ -1,8 +1,8 @@
 #include "toolkit/file_list.h"
 
+#include "system/names.h"
 #include "system/wildcard.h"
 #include "toolkit/application.h"
-#include "toolkit/text.h"
 
 #include <algorithm>
 
@@ -29,7 +29,7 @@ std::vector<std::string> partsOf(const std::string& pattern) {
 
 void FileList::setPath(const std::string& path) {
     const std::string whole = systemFiles().wholeFolder(path);
-    if (upperCase(whole) != upperCase(path_)) {
+    if (!sys::sameName(whole, path_)) {
         enter(whole);
     }
 }
@@ -58,7 +58,7 @@ void FileList::enter(const std::string& whole) {
 std::vector<std::string> FileList::matching(const std::string& whole) const {
     const std::vector<std::string> parts = partsOf(pattern_);
     // One listing for all parts, in whose order their names come.
-    std::vector<std::string> names = systemFiles().list(whole + (whole.ends_with('\\') ? "*" : "\\*"));
+    std::vector<std::string> names = systemFiles().list(sys::inFolder(whole, "*"));
     std::erase_if(names, [&](const std::string& name) {
         return std::ranges::none_of(parts,
                                     [&](const std::string& part) { return sys::patternFinds(part, name); });

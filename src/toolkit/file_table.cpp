@@ -46,6 +46,37 @@ public:
     }
     void skip(std::size_t count = 1) { next_ += count; }
     bool atLineEnd() { return peek() == '\r' && peek(1) == '\n'; }
+    void skipBlanks() {
+        while (isBlank(peek())) {
+            skip();
+        }
+    }
+
+    /// A field in double quotes, with its terminator.
+    std::string takeQuoted() {
+        std::string text;
+        for (skip(); peek() != end && peek() != '"'; skip()) {
+            text += static_cast<char>(peek());
+        }
+        skip(peek() == '"' ? 1 : 0);
+        skipBlanks();
+        skipTerminator();
+        return text;
+    }
+    /// A field up to a comma, a line end, the end of the file, or a blank if `endsAtBlank`, with its
+    /// terminator.
+    std::string takePlain(bool endsAtBlank) {
+        std::string text;
+        while (peek() != end && peek() != ',' && !atLineEnd() && !(endsAtBlank && isBlank(peek()))) {
+            text += static_cast<char>(peek());
+            skip();
+        }
+        if (endsAtBlank) {
+            skipBlanks();
+        }
+        skipTerminator();
+        return text;
+    }
 
     std::size_t read(std::span<char> block) {
         std::size_t done = 0;
@@ -82,6 +113,9 @@ public:
     }
     /// A whole block, which begins with what comes from the other stream; how much that was.
     std::size_t writeBlock(Stream& source, std::size_t size) {
+        if (size > bufferSize) {
+            throw Failure(FailureCode::invalidProcedureCall);
+        }
         char* const block = room(size);
         const std::size_t count = source.read({block, size});
         std::fill(block + count, block + size, '\0');
@@ -96,6 +130,14 @@ public:
 
 private:
     static constexpr std::size_t bufferSize = 262144;
+
+    void skipTerminator() {
+        if (atLineEnd()) {
+            skip(2);
+        } else if (peek() == ',') {
+            skip();
+        }
+    }
 
     /// Where so many bytes more are to be written, at most `bufferSize`.
     char* room(std::size_t size) {
@@ -192,57 +234,13 @@ std::string FileTable::readLine(int number) {
     return line;
 }
 
-namespace {
-
-template <class Stream> void skipBlanks(Stream& in) {
-    while (isBlank(in.peek())) {
-        in.skip();
-    }
-}
-
-template <class Stream> void skipTerminator(Stream& in) {
-    if (in.atLineEnd()) {
-        in.skip(2);
-    } else if (in.peek() == ',') {
-        in.skip();
-    }
-}
-
-template <class Stream> std::string takeQuoted(Stream& in) {
-    std::string text;
-    for (in.skip(); in.peek() != Stream::end && in.peek() != '"'; in.skip()) {
-        text += static_cast<char>(in.peek());
-    }
-    in.skip(in.peek() == '"' ? 1 : 0);
-    skipBlanks(in);
-    skipTerminator(in);
-    return text;
-}
-
-/// Characters up to a comma, a line end, the end of the file, or a blank if `endsAtBlank`.
-template <class Stream> std::string takePlain(Stream& in, bool endsAtBlank) {
-    std::string text;
-    while (in.peek() != Stream::end && in.peek() != ',' && !in.atLineEnd() &&
-           !(endsAtBlank && isBlank(in.peek()))) {
-        text += static_cast<char>(in.peek());
-        in.skip();
-    }
-    if (endsAtBlank) {
-        skipBlanks(in);
-    }
-    skipTerminator(in);
-    return text;
-}
-
-} // namespace
-
 std::string FileTable::readField(int number) {
     Stream& in = stream(number);
     if (in.peek() == Stream::end) {
         throw Failure(FailureCode::inputPastEnd);
     }
-    skipBlanks(in);
-    return in.peek() == '"' ? takeQuoted(in) : takePlain(in, false);
+    in.skipBlanks();
+    return in.peek() == '"' ? in.takeQuoted() : in.takePlain(false);
 }
 
 double FileTable::readNumberField(int number) {
@@ -250,20 +248,20 @@ double FileTable::readNumberField(int number) {
     if (in.peek() == Stream::end) {
         throw Failure(FailureCode::inputPastEnd);
     }
-    skipBlanks(in);
+    in.skipBlanks();
     std::string front;
     for (std::size_t ahead = 0; ahead < 3 && in.peek(ahead) != Stream::end; ++ahead) {
         front += static_cast<char>(in.peek(ahead));
     }
     if (!beginsWithNumber(front)) {
         if (in.peek() == '"') {
-            takeQuoted(in);
+            in.takeQuoted();
         } else {
-            takePlain(in, false);
+            in.takePlain(false);
         }
         return 0;
     }
-    return val(takePlain(in, true));
+    return val(in.takePlain(true));
 }
 
 void FileTable::writeLine(int number, const std::string& text) { stream(number).write(text + "\r\n"); }

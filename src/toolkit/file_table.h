@@ -60,9 +60,9 @@ public:
     /// The text and CR LF.
     void writeLine(int number, const std::string& text);
 
-    /// Copies a block, of at most 64 KB, from the position in one file to that in another. It is written
-    /// whole; gives the number of bytes that came: fewer only at the end of the source, 0 behind it, and
-    /// zeros stand for the rest.
+    /// Copies a block from the position in one file to that in another. It is written whole; gives the number
+    /// of bytes that came: fewer only at the end of the source, 0 behind it, and zeros stand for the rest.
+    /// Fails with 5 above 256 KiB.
     std::size_t copyBlock(int source, int target, std::size_t size);
 
 private:

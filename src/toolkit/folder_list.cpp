@@ -1,17 +1,13 @@
 #include "toolkit/folder_list.h"
 
+#include "system/names.h"
 #include "toolkit/application.h"
-#include "toolkit/text.h"
 
 #include <algorithm>
 
 namespace toolkit {
 
 namespace {
-
-std::string inFolder(const std::string& folder, const std::string& name) {
-    return folder + (folder.ends_with('\\') ? "" : "\\") + name;
-}
 
 /// Of the part of a whole path that is no folder in another.
 std::size_t rootLength(const std::string& path) {
@@ -38,7 +34,7 @@ std::vector<std::string> levelsOf(const std::string& path) {
 
 void FolderList::setPath(const std::string& path) {
     const std::string whole = systemFiles().wholeFolder(path);
-    if (upperCase(whole) != upperCase(path_)) {
+    if (!sys::sameName(whole, path_)) {
         enter(whole);
         change.raise();
     }
@@ -72,11 +68,11 @@ void FolderList::enter(const std::string& whole) {
 
 std::string FolderList::pathAt(int index) const {
     if (index > depth_) {
-        return inFolder(path_, items()[static_cast<std::size_t>(index)].text);
+        return sys::inFolder(path_, items()[static_cast<std::size_t>(index)].text);
     }
     std::string path = items()[0].text;
     for (int level = 1; level <= index; ++level) {
-        path = inFolder(path, items()[static_cast<std::size_t>(level)].text);
+        path = sys::inFolder(path, items()[static_cast<std::size_t>(level)].text);
     }
     return path;
 }

@@ -41,9 +41,9 @@ sys::Area Form::designArea() const {
         area.width = screenWidth;
         area.height = screenHeight;
     } else if (design_.dialog) {
-        area.left = (screenWidth - area.width) / 2;
-        // The room stands as far below the middle as its caption takes, and is never so high that the caption
-        // would be cut off.
+        // The room stands as far below the middle as its caption takes. Where the screen is too small for
+        // it, its beginning is what can be seen, and its caption above it.
+        area.left = std::max((screenWidth - area.width) / 2, 0.0F);
         const auto caption = static_cast<float>(system.captionHeight(!menuItems_.empty()) * scale.y);
         area.top = std::max((screenHeight - area.height + caption) / 2, caption);
     }

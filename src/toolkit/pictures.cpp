@@ -3,7 +3,6 @@
 #include "system/failure.h"
 #include "toolkit/application.h"
 
-#include <new>
 #include <vector>
 
 namespace toolkit {
@@ -27,12 +26,7 @@ std::vector<std::uint8_t> readWhole(const std::string& path) {
 } // namespace
 
 sys::PicturePtr LoadPicture(const std::string& path) {
-    try {
-        const auto bytes = readWhole(path);
-        return Application::current().system().decodePicture(bytes);
-    } catch (const std::bad_alloc&) {
-        throw Failure(FailureCode::outOfMemory);
-    }
+    return Application::current().system().decodePicture(readWhole(path));
 }
 
 sys::PicturePtr designPicture(std::span<const std::uint8_t> bytes) {

@@ -7,7 +7,6 @@ namespace contract {
 
 namespace {
 
-constexpr std::uint32_t closeMessage = 0x10;  // WM_CLOSE
 constexpr std::uint32_t otherMessage = 0x400; // WM_USER, which means nothing to any window here
 constexpr int procedureIndex = sys::windowProcedureIndex;
 
@@ -176,9 +175,9 @@ TEST_F(ForeignWindows, Hook_KeepsARequestToCloseUntilItHandsItOn) {
     const sys::WindowHandle window = host.hWnd();
     const std::intptr_t former =
         platform.setWindowLong(window, procedureIndex, reinterpret_cast<std::intptr_t>(&hookProcedure));
-    driver->sendMessage(window, closeMessage, 0, 0);
+    driver->sendMessage(window, sys::closeMessage, 0, 0);
     EXPECT_TRUE(host.loaded());
-    platform.callWindowProc(former, window, closeMessage, 0, 0);
+    platform.callWindowProc(former, window, sys::closeMessage, 0, 0);
     EXPECT_FALSE(host.loaded());
 }
 

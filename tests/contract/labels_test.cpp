@@ -56,7 +56,8 @@ TEST_F(Labels, Label_StaysInFrontOfAPictureBoxShownLater) {
 
 TEST_F(Labels, LabelShownLater_LiesInFrontOfATopmostPictureBox) {
     form.label.setVisible(false);
-    system.platform().setWindowPos(form.left.hWnd(), -1, 0, 0, 0, 0, 3);
+    system.platform().setWindowPos(form.left.hWnd(), sys::topmostPosition, 0, 0, 0, 0,
+                                   sys::keepSize | sys::keepPosition);
     driver->settle();
     EXPECT_EQ(seen(TestForm::labelPlace.right - 1, TestForm::labelPlace.bottom - 1), red);
     form.label.setVisible(true);

@@ -98,6 +98,16 @@ TEST_F(Rows, Click_SelectsARow_AndBesideTheRowsNone) {
     EXPECT_EQ(form.rows.selectedRow(), 2) << "the row is still the list's";
 }
 
+TEST_F(Rows, SelectedRow_ChosenAgain_RaisesNothing) {
+    form.rows.selectRow(3);
+    click(at(form.rows, 20, inFirstRow));
+    EXPECT_THAT(form.take(), ElementsAre("click"));
+    click(at(form.rows, 20, inFirstRow));
+    EXPECT_THAT(form.take(), IsEmpty());
+    press(home);
+    EXPECT_THAT(form.take(), ElementsAre("key 36"));
+}
+
 TEST_F(Rows, Click_OnAnyColumn_SelectsTheRow) {
     form.rows.selectRow(3);
     click(at(form.rows, 300, inFirstRow));

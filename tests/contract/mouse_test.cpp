@@ -129,7 +129,8 @@ TEST_F(Mouse, ReleaseOnAnotherControlThatCameInFront_IsNoClick) {
     form.right.move(twips(20), twips(40), twips(100), twips(60));
     move({30, 50});
     press();
-    system.platform().setWindowPos(form.right.hWnd(), -1, 0, 0, 0, 0, 3);
+    system.platform().setWindowPos(form.right.hWnd(), sys::topmostPosition, 0, 0, 0, 0,
+                                   sys::keepSize | sys::keepPosition);
     driver->settle();
     form.take();
     release();

@@ -5,8 +5,8 @@ namespace contract {
 
 namespace {
 
-constexpr std::intptr_t topmost = -1;
-constexpr std::uint32_t keepSizeAndPosition = 3;
+using sys::topmostPosition;
+constexpr std::uint32_t keepSizeAndPosition = sys::keepSize | sys::keepPosition;
 
 class PlatformCalls : public FormTest {
 protected:
@@ -23,8 +23,8 @@ TEST_F(PlatformCalls, ShowCursor_Counts) {
 }
 
 TEST_F(PlatformCalls, Topmost_KeepsPlaceAndSize) {
-    EXPECT_NE(platform.setWindowPos(form.hWnd(), topmost, 0, 0, 0, 0, keepSizeAndPosition), 0);
-    EXPECT_NE(platform.setWindowPos(form.left.hWnd(), topmost, 0, 0, 0, 0, keepSizeAndPosition), 0);
+    EXPECT_NE(platform.setWindowPos(form.hWnd(), topmostPosition, 0, 0, 0, 0, keepSizeAndPosition), 0);
+    EXPECT_NE(platform.setWindowPos(form.left.hWnd(), topmostPosition, 0, 0, 0, 0, keepSizeAndPosition), 0);
     driver->settle();
     const sys::Size screen = system.screenSize();
     EXPECT_EQ(seen(0, 0), blue);
@@ -37,7 +37,7 @@ TEST_F(PlatformCalls, Topmost_KeepsPlaceAndSize) {
 }
 
 TEST_F(PlatformCalls, TopmostForm_StaysInFrontOfOneShownLater) {
-    platform.setWindowPos(form.hWnd(), topmost, 0, 0, 0, 0, keepSizeAndPosition);
+    platform.setWindowPos(form.hWnd(), topmostPosition, 0, 0, 0, 0, keepSizeAndPosition);
     application.form<SmallForm>().show();
     driver->settle();
     // NOTE: the mouse tells what lies in front. Under Wine without a window manager the display has an order
@@ -52,13 +52,13 @@ TEST_F(PlatformCalls, TopmostPictureBox_ComesInFrontOfItsSiblings) {
     form.right.move(twips(box.left), twips(box.top), twips(box.width()), twips(box.height()));
     driver->settle();
     EXPECT_EQ(seen(box.left, box.top), red);
-    platform.setWindowPos(form.right.hWnd(), topmost, 0, 0, 0, 0, keepSizeAndPosition);
+    platform.setWindowPos(form.right.hWnd(), topmostPosition, 0, 0, 0, 0, keepSizeAndPosition);
     driver->settle();
     EXPECT_EQ(seen(box.left, box.top), green);
 }
 
 TEST_F(PlatformCalls, SetWindowPos_OfNoWindow_IsRefused) {
-    EXPECT_EQ(platform.setWindowPos(0, topmost, 0, 0, 0, 0, keepSizeAndPosition), 0);
+    EXPECT_EQ(platform.setWindowPos(0, topmostPosition, 0, 0, 0, 0, keepSizeAndPosition), 0);
 }
 
 TEST_F(PlatformCalls, VersionRecord_MustTellItsSize) {

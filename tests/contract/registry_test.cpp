@@ -7,10 +7,9 @@ namespace contract {
 
 namespace {
 
-constexpr std::uint32_t currentUser = 0x80000001; // HKEY_CURRENT_USER
-constexpr std::uint32_t readAccess = 0x20019;     // KEY_READ
-constexpr std::uint32_t textType = 1;             // REG_SZ
-constexpr std::uint32_t numberType = 4;           // REG_DWORD
+using sys::currentUserRoot;
+using sys::registryReadAccess;
+
 constexpr std::int32_t success = 0;
 constexpr std::int32_t notFound = 2;
 constexpr std::int32_t invalidHandle = 6;
@@ -29,7 +28,7 @@ protected:
     }
     sys::RegistryKey opened() {
         sys::RegistryKey key = 0;
-        EXPECT_EQ(platform.regOpenKeyEx(currentUser, testKey, readAccess, key), success);
+        EXPECT_EQ(platform.regOpenKeyEx(currentUserRoot, testKey, registryReadAccess, key), success);
         return key;
     }
 
@@ -71,7 +70,7 @@ TEST_F(Settings, AllBytesButZero_ComeBack) {
 TEST_F(Registry, Text_ComesWithItsZero) {
     const sys::RegistryKey key = opened();
     EXPECT_EQ(platform.regQueryValueEx(key, "Text", type, buffer.data(), length), success);
-    EXPECT_EQ(type, textType);
+    EXPECT_EQ(type, sys::registryText);
     EXPECT_EQ(length, 6U);
     EXPECT_EQ(std::string(buffer.data(), length), std::string("hello\0", 6));
     EXPECT_EQ(platform.regCloseKey(key), success);
@@ -80,7 +79,7 @@ TEST_F(Registry, Text_ComesWithItsZero) {
 TEST_F(Registry, Number_ComesAsFourBytesTheLowOneFirst) {
     const sys::RegistryKey key = opened();
     EXPECT_EQ(platform.regQueryValueEx(key, "nUMBER", type, buffer.data(), length), success);
-    EXPECT_EQ(type, numberType);
+    EXPECT_EQ(type, sys::registryNumber);
     EXPECT_EQ(length, 4U);
     EXPECT_EQ(std::string(buffer.data(), 4), "\x78\x56\x34\x12");
     platform.regCloseKey(key);
@@ -105,18 +104,20 @@ TEST_F(Registry, MissingValue_IsNotFound) {
 
 TEST_F(Registry, MissingKey_IsNotFound) {
     sys::RegistryKey key = 0;
-    EXPECT_EQ(platform.regOpenKeyEx(currentUser, testKey + "\\None", readAccess, key), notFound);
+    EXPECT_EQ(platform.regOpenKeyEx(currentUserRoot, testKey + "\\None", registryReadAccess, key), notFound);
     EXPECT_EQ(key, 0U);
     EXPECT_EQ(platform.regQueryValueEx(key, "Text", type, buffer.data(), length), invalidHandle);
 }
 
 TEST_F(Registry, Keys_AreFoundInAnyCaseAndThroughTheirParents) {
     sys::RegistryKey key = 0;
-    EXPECT_EQ(platform.regOpenKeyEx(currentUser, "SOFTWARE\\tessellariumcontract", readAccess, key), success);
+    EXPECT_EQ(
+        platform.regOpenKeyEx(currentUserRoot, "SOFTWARE\\tessellariumcontract", registryReadAccess, key),
+        success);
     EXPECT_EQ(platform.regQueryValueEx(key, "Text", type, buffer.data(), length), success);
     platform.regCloseKey(key);
     driver->setRegistryText(testKey + "\\Deeper", "Text", "x");
-    EXPECT_EQ(platform.regOpenKeyEx(currentUser, testKey, readAccess, key), success);
+    EXPECT_EQ(platform.regOpenKeyEx(currentUserRoot, testKey, registryReadAccess, key), success);
     platform.regCloseKey(key);
 }
 

@@ -9,7 +9,7 @@
 
 namespace {
 
-using sys::simulated::currentUserRoot;
+using sys::currentUserRoot;
 
 TEST(ShowEnd, AnyKey_EndsTheShow) {
     for (const int key : {int{'A'}, 0x10 /* Shift */, 0x11 /* Ctrl */, 0x70 /* F1 */}) {

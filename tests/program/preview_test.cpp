@@ -71,7 +71,7 @@ public:
         }
         return handles;
     }
-    void close() { answer = program.machine.sendMessage(area, sys::simulated::closeMessage); }
+    void close() { answer = program.machine.sendMessage(area, sys::closeMessage); }
 
     Program program;
     sys::WindowHandle host = 0;
@@ -379,7 +379,7 @@ TEST(Preview, AfterClose_TheNextTickEndsIt) {
 TEST(Preview, PostedClose_EndsItToo) {
     Preview preview;
     preview.start();
-    preview.program.machine.postMessage(preview.area, sys::simulated::closeMessage);
+    preview.program.machine.postMessage(preview.area, sys::closeMessage);
     preview.program.advance(10);
     EXPECT_TRUE(preview.program.over());
 }
@@ -398,7 +398,7 @@ TEST(Preview, SecondClose_BeforeTheTick_DoesTheSameAgain) {
 TEST(Preview, CloseOfTheLogo_DoesNothing) {
     Preview preview;
     preview.start();
-    preview.program.machine.sendMessage(preview.logo, sys::simulated::closeMessage);
+    preview.program.machine.sendMessage(preview.logo, sys::closeMessage);
     preview.program.advance(500);
     EXPECT_FALSE(preview.program.over());
     EXPECT_EQ(preview.program.traced("S: CtlProc"), 0);

@@ -176,6 +176,15 @@ TEST_F(SettingsDialog, Done_WritesTheTwelveValuesAsTexts) {
     EXPECT_EQ(shared.IgnoreMouse, 0);
 }
 
+TEST_F(SettingsDialog, Done_WithARegistryThatRefuses_EndsTheProcessWithAReport) {
+    frmConfig& dialog = openInTemplateMode();
+    program.machine.settings().refuseWrites();
+    click(dialog.cmdExit);
+    ASSERT_TRUE(program.ended());
+    EXPECT_NE(program.exitCode(), 0);
+    EXPECT_EQ(messages().size(), 1U);
+}
+
 TEST_F(SettingsDialog, CancelAndTheCloseBox_WriteNothingAndTakeNothingBack) {
     for (const bool byCancel : {true, false}) {
         frmConfig& dialog = openInTemplateMode();

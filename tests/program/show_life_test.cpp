@@ -12,7 +12,7 @@ using testing::Contains;
 using testing::HasSubstr;
 using testing::Not;
 
-using sys::simulated::currentUserRoot;
+using sys::currentUserRoot;
 constexpr const char* desktop = "Control Panel\\Desktop";
 
 TEST(ShowForm, ComesUp_BlackAndAsLargeAsTheScreen) {

@@ -57,8 +57,8 @@ protected:
     }
     void usePassword() {
         program.machine.platform().setPlatformId(sys::simulated::nonNtPlatform);
-        program.machine.platform().setRegistryNumber(sys::simulated::currentUserRoot,
-                                                     "Control Panel\\Desktop", "ScreenSaveUsePassword", 1);
+        program.machine.platform().setRegistryNumber(sys::currentUserRoot, "Control Panel\\Desktop",
+                                                     "ScreenSaveUsePassword", 1);
     }
     void move(int count) {
         for (int index = 0; index < count; ++index) {

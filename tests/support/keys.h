@@ -1,19 +1,21 @@
-// Codes of the keys that tests press, as the system gives them.
+// The keys that tests press, for short.
 #pragma once
+
+#include "system/window.h"
 
 namespace keys {
 
-constexpr int tab = 9;
-constexpr int enter = 13;
-constexpr int escape = 27;
-constexpr int space = 32;
-constexpr int end = 35;
-constexpr int home = 36;
-constexpr int left = 37;
-constexpr int up = 38;
-constexpr int right = 39;
-constexpr int down = 40;
-constexpr int deletion = 46;
-constexpr int function1 = 112; // makes no character
+constexpr int tab = sys::tabKey;
+constexpr int enter = sys::enterKey;
+constexpr int escape = sys::escapeKey;
+constexpr int space = sys::spaceKey;
+constexpr int end = sys::endKey;
+constexpr int home = sys::homeKey;
+constexpr int left = sys::leftKey;
+constexpr int up = sys::upKey;
+constexpr int right = sys::rightKey;
+constexpr int down = sys::downKey;
+constexpr int deletion = sys::deleteKey;
+constexpr int function1 = sys::function1Key; // makes no character
 
 } // namespace keys

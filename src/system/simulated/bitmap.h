@@ -21,11 +21,6 @@ struct Pixel {
 
 inline Pixel opaque(Color color) { return {color.red, color.green, color.blue, 255}; }
 
-inline PixelRect intersection(const PixelRect& a, const PixelRect& b) {
-    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
-            std::min(a.bottom, b.bottom)};
-}
-
 inline bool contains(const PixelRect& rect, Point point) {
     return point.x >= rect.left && point.x < rect.right && point.y >= rect.top && point.y < rect.bottom;
 }
@@ -39,7 +34,7 @@ public:
           pixels_(static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height), fill) {}
 
     Size size() const { return size_; }
-    PixelRect bounds() const { return {0, 0, size_.width, size_.height}; }
+    PixelRect bounds() const { return wholeOf(size_); }
 
     std::span<Pixel> row(int y) { return {pixels_.data() + start(y), static_cast<std::size_t>(size_.width)}; }
     std::span<const Pixel> row(int y) const {

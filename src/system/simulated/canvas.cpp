@@ -30,11 +30,6 @@ Bitmap resizedTo(Size size, const Bitmap& former, Pixel backColor) {
 
 bool covers(const PixelRect& rect, const PixelRect& part) { return intersection(rect, part) == part; }
 
-PixelRect bounding(const PixelRect& a, const PixelRect& b) {
-    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
-            std::max(a.bottom, b.bottom)};
-}
-
 } // namespace
 
 CanvasWindow::CanvasWindow(Screen& screen, WindowKind kind, WindowNode* parent, std::string text,

@@ -14,24 +14,6 @@ namespace sys::simulated {
 
 constexpr Color faceColor{240, 240, 240};
 
-/// Codes of the keys that move within a dialog.
-enum DialogKey : int {
-    backspaceKey = 8,
-    tabKey = 9,
-    enterKey = 13,
-    escapeKey = 27,
-    spaceKey = 32,
-    pageUpKey = 33,
-    pageDownKey = 34,
-    endKey = 35,
-    homeKey = 36,
-    leftKey = 37,
-    upKey = 38,
-    rightKey = 39,
-    downKey = 40,
-    deleteKey = 46,
-};
-
 /// A control that keyboard and mouse work on. Each of these reports to `input` what came of it, and the
 /// window may be gone afterwards.
 class ControlWindow : public WindowNode {

@@ -243,7 +243,9 @@ std::vector<std::string> Drives::list(const std::string& pattern) {
 std::vector<DriveName> Drives::drives() {
     std::vector<DriveName> names;
     for (const auto& [letter, volume] : volumes_) {
-        names.push_back({letter, volume.ready ? volume.label : ""});
+        if (!marks({.letter = letter, .path = {}}).hidden) {
+            names.push_back({letter, volume.ready ? volume.label : ""});
+        }
     }
     return names;
 }

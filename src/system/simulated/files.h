@@ -61,7 +61,7 @@ public:
     void failTransfers(const std::string& path, std::int64_t sound = 0);
     /// It, and all that stands in it, can be read only: changes fail with 75.
     void setReadOnly(const std::string& path);
-    /// Left out of listings.
+    /// Left out of listings; the root of a drive: out of that of the drives.
     void setHidden(const std::string& path);
     /// Takes all of these away again.
     void heal(const std::string& path);

@@ -65,7 +65,7 @@ bool ListViewWindow::takeKey(Input& input, int keyCode, int shift) {
 }
 
 void ListViewWindow::choose(Input& input, int row) {
-    if (row >= 0 && row < static_cast<int>(rows_.size())) {
+    if (row >= 0 && row < static_cast<int>(rows_.size()) && row != selected_) {
         select(row);
         input.itemSelected(id(), row);
     }

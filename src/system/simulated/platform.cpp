@@ -15,16 +15,8 @@ constexpr std::int32_t fileNotFound = 2;
 constexpr std::int32_t invalidHandle = 6;
 constexpr std::int32_t moreData = 234;
 
-constexpr std::uint32_t screenSaverRunningAction = 97; // SPI_SCREENSAVERRUNNING
-
-enum PositionFlags : std::uint32_t {
-    keepSize = 0x1,
-    keepPosition = 0x2,
-    keepOrder = 0x4,
-    show = 0x40,
-    hide = 0x80
-};
-enum Position : std::intptr_t { notTopmost = -2, topmost = -1, top = 0, bottom = 1 };
+enum FurtherPositionFlags : std::uint32_t { keepOrder = 0x4, show = 0x40, hide = 0x80 };
+enum FurtherPositions : std::intptr_t { notTopmost = -2, top = 0, bottom = 1 };
 
 enum SoundFlags : std::uint32_t { asynchronous = 0x1, noDefault = 0x2, noStop = 0x10 };
 
@@ -158,7 +150,7 @@ std::int32_t SimulatedPlatform::setWindowPos(WindowHandle window, std::intptr_t 
     node->moveTo(area);
     if ((flags & keepOrder) == 0) {
         switch (after) {
-        case topmost: screen_.setTopmost(*node, true); break;
+        case topmostPosition: screen_.setTopmost(*node, true); break;
         case notTopmost: screen_.setTopmost(*node, false); break;
         case top: screen_.raise(*node); break;
         case bottom: screen_.lower(*node); break;
@@ -257,7 +249,7 @@ void SimulatedPlatform::setRegistryValue(std::uint32_t root, const std::string& 
 
 void SimulatedPlatform::setRegistryText(std::uint32_t root, const std::string& subKey,
                                         const std::string& name, const std::string& text) {
-    setRegistryValue(root, subKey, name, textValue, text + '\0');
+    setRegistryValue(root, subKey, name, registryText, text + '\0');
 }
 
 void SimulatedPlatform::setRegistryNumber(std::uint32_t root, const std::string& subKey,
@@ -266,7 +258,7 @@ void SimulatedPlatform::setRegistryNumber(std::uint32_t root, const std::string&
     for (int shift = 0; shift < 32; shift += 8) {
         data += static_cast<char>(number >> shift & 0xFF);
     }
-    setRegistryValue(root, subKey, name, numberValue, data);
+    setRegistryValue(root, subKey, name, registryNumber, data);
 }
 
 void SimulatedPlatform::answerPassword(std::int32_t result, std::int64_t duration) {

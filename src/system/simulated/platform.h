@@ -17,13 +17,8 @@
 
 namespace sys::simulated {
 
-/// What the system says of itself. The non-NT family has the platform identifier 1.
-constexpr std::uint32_t ntPlatform = 2;
+/// The identifier of a system that isn't of the NT family.
 constexpr std::uint32_t nonNtPlatform = 1;
-
-constexpr std::uint32_t currentUserRoot = 0x80000001; // HKEY_CURRENT_USER
-constexpr std::uint32_t textValue = 1;                // REG_SZ
-constexpr std::uint32_t numberValue = 4;              // REG_DWORD
 
 class SimulatedPlatform final : public Platform {
 public:

@@ -48,7 +48,7 @@ PixelRect WindowNode::screenRect() const {
 }
 
 PixelRect WindowNode::visibleRect() const {
-    PixelRect rect = intersection(screenRect(), {0, 0, screen_.size().width, screen_.size().height});
+    PixelRect rect = intersection(screenRect(), wholeOf(screen_.size()));
     for (const WindowNode* window = this; window != nullptr; window = window->parent_) {
         rect = intersection(rect, window->screenRect());
         if (!window->visible_) {

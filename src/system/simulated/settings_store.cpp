@@ -1,5 +1,6 @@
 #include "system/simulated/settings_store.h"
 
+#include "system/failure.h"
 #include "system/names.h"
 
 namespace sys::simulated {
@@ -13,6 +14,9 @@ std::optional<std::string> StoredSettings::read(const std::string& application, 
 
 void StoredSettings::write(const std::string& application, const std::string& section, const std::string& key,
                            const std::string& value) {
+    if (refusesWrites_) {
+        throw Failure(FailureCode::invalidProcedureCall);
+    }
     values_[{folded(application), folded(section), folded(key)}] = value;
     written_.push_back(key);
 }

@@ -14,8 +14,6 @@ namespace sys::simulated {
 /// system's own, which is no address.
 constexpr std::intptr_t nativeProcedure = 0x1000;
 
-constexpr std::uint32_t closeMessage = 0x10; // WM_CLOSE
-
 /// Keyboard, mouse and alarm don't come this way but straight to the program's input.
 class WindowProcedures {
 public:

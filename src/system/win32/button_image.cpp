@@ -1,11 +1,10 @@
 #include "system/win32/button_image.h"
 
+#include "system/win32/codec_input.h"
 #include "system/win32/late_library.h"
 
-#include <commctrl.h>
-
 #include <cmath>
-#include <memory>
+#include <cstdlib>
 #include <vector>
 
 namespace sys::win32 {
@@ -19,40 +18,23 @@ struct DeleteIcon {
 };
 using OwnedIcon = std::unique_ptr<std::remove_pointer_t<HICON>, DeleteIcon>;
 
-std::uint32_t numberAt(std::span<const std::uint8_t> bytes, std::size_t position, int count) {
-    std::uint32_t number = 0;
-    for (int byte = count; byte-- > 0;) {
-        number = number << 8U | bytes[position + static_cast<std::size_t>(byte)];
-    }
-    return number;
-}
-
-/// The picture of an icon file whose side is nearest to `side` pixels; null when the file holds none.
-OwnedIcon iconFrom(std::span<const std::uint8_t> file, int side) {
-    constexpr std::size_t headerLength = 6;
-    constexpr std::size_t entryLength = 16;
-    std::span<const std::uint8_t> best;
-    int bestDistance = 0;
-    const std::size_t count = file.size() < headerLength ? 0 : numberAt(file, 4, 2);
-    for (std::size_t entry = headerLength; entry < headerLength + count * entryLength; entry += entryLength) {
-        if (entry + entryLength > file.size()) {
-            break;
-        }
-        const std::size_t length = numberAt(file, entry + 8, 4);
-        const std::size_t start = numberAt(file, entry + 12, 4);
-        const int distance = std::abs(file[entry] - side);
-        if (start <= file.size() && length <= file.size() - start &&
-            (best.empty() || distance < bestDistance)) {
-            best = file.subspan(start, length);
-            bestDistance = distance;
+/// The picture of an icon file whose side is nearest to `side` pixels; null when the file holds none. Fails
+/// with 481 when it isn't whole.
+OwnedIcon iconFrom(Bytes file, int side) {
+    IconEntry best;
+    const auto distance = [side](const IconEntry& entry) { return std::abs(entry.side - side); };
+    for (std::size_t index = 0; index < iconCount(file); ++index) {
+        const IconEntry entry = iconEntry(file, index);
+        if (index == 0 || distance(entry) < distance(best)) {
+            best = entry;
         }
     }
-    if (best.empty()) {
-        return nullptr;
-    }
+    const Bytes picture = bytesFrom(file, best.start);
+    demand(best.length <= picture.size());
     constexpr DWORD version = 0x30000;
-    return OwnedIcon(CreateIconFromResourceEx(const_cast<BYTE*>(best.data()), static_cast<DWORD>(best.size()),
-                                              TRUE, version, side, side, LR_DEFAULTCOLOR));
+    return OwnedIcon(CreateIconFromResourceEx(const_cast<BYTE*>(picture.data()),
+                                              static_cast<DWORD>(best.length), TRUE, version, side, side,
+                                              LR_DEFAULTCOLOR));
 }
 
 /// The same icon, faint; null when it can't be made.
@@ -80,8 +62,14 @@ OwnedIcon faded(HICON icon, int side) {
 
 } // namespace
 
-void ButtonImage::show(HWND button, std::span<const std::uint8_t> icon, TwipsPerPixel scale) {
-    constexpr double sideInTwips = 32 * 15;
+void DestroyImageList::operator()(HIMAGELIST images) const {
+    if (const auto destroy = lateProcedure<BOOL WINAPI(HIMAGELIST)>(library, "ImageList_Destroy")) {
+        destroy(images);
+    }
+}
+
+void ButtonImage::show(HWND button, Bytes icon, TwipsPerPixel scale) {
+    constexpr double sideInTwips = 32 * twipsPerDialogPixel;
     const auto side = static_cast<int>(std::lround(sideInTwips / scale.y));
     const OwnedIcon picture = iconFrom(icon, side);
     const auto create =
@@ -94,24 +82,15 @@ void ButtonImage::show(HWND button, std::span<const std::uint8_t> icon, TwipsPer
     const OwnedIcon faint = faded(picture.get(), side);
     constexpr int states = 6;
     constexpr int disabled = 3;
-    const HIMAGELIST images = create(side, side, ILC_COLOR32 | ILC_MASK, states, 0);
-    images_ = images;
+    images_.reset(create(side, side, ILC_COLOR32 | ILC_MASK, states, 0));
     for (int state = 0; state < states; ++state) {
-        add(images, -1, state == disabled && faint ? faint.get() : picture.get());
+        add(images_.get(), -1, state == disabled && faint ? faint.get() : picture.get());
     }
     BUTTON_IMAGELIST layout{};
-    layout.himl = images;
+    layout.himl = images_.get();
     layout.uAlign = BUTTON_IMAGELIST_ALIGN_TOP;
     layout.margin.top = side / 16;
     SendMessageA(button, BCM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(&layout));
-}
-
-ButtonImage::~ButtonImage() {
-    const auto destroy =
-        images_ == nullptr ? nullptr : lateProcedure<BOOL WINAPI(HIMAGELIST)>(library, "ImageList_Destroy");
-    if (destroy != nullptr) {
-        destroy(static_cast<HIMAGELIST>(images_));
-    }
 }
 
 } // namespace sys::win32

@@ -2,21 +2,9 @@
 
 #include "system/win32/pictures.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace sys::win32 {
-
-namespace {
-
-PixelRect common(const PixelRect& a, const PixelRect& b) {
-    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
-            std::min(a.bottom, b.bottom)};
-}
-
-PixelRect fromOrigin(Size size) { return {0, 0, size.width, size.height}; }
-
-} // namespace
 
 CanvasWindow::CanvasWindow(Events& events, TwipsPerPixel scale, Color backColor)
     : NativeWindow(scale), events_(events), backBrush_(CreateSolidBrush(toNative(backColor))) {}
@@ -38,13 +26,13 @@ void CanvasWindow::setBackColor(Color color) {
 
 void CanvasWindow::clear() {
     blank_ = true;
-    markChanged(fromOrigin(size_));
+    markChanged(wholeOf(size_));
 }
 
 void CanvasWindow::paint(const Picture& picture, const Area& target, const Area& source) {
     const auto& paintablePicture = static_cast<const PaintablePicture&>(picture);
     const Block block = paintablePicture.blockOf(target, source, scale());
-    const PixelRect visible = common(block.target, fromOrigin(size_));
+    const PixelRect visible = intersection(block.target, wholeOf(size_));
     if (block.source.empty() || visible.empty()) {
         return;
     }
@@ -57,13 +45,11 @@ void CanvasWindow::paint(const Picture& picture, const Area& target, const Area&
 }
 
 void CanvasWindow::present() {
-    const PixelRect area = common(std::exchange(changed_, {}), fromOrigin(size_));
+    const PixelRect area = intersection(std::exchange(changed_, {}), wholeOf(size_));
     if (area.empty()) {
         return;
     }
-    const HDC dc = GetDC(native());
-    copyTo(dc, area);
-    ReleaseDC(native(), dc);
+    copyTo(WindowDc(native()).get(), area);
 }
 
 void CanvasWindow::repair() {
@@ -95,14 +81,14 @@ MemoryBitmap* CanvasWindow::paintable() {
     }
     if (!surface_ || surface_->size() != size_) {
         surface_.reset(); // first, so that both never take memory at once
-        if (!fromOrigin(size_).empty()) {
+        if (!wholeOf(size_).empty()) {
             surface_ = MemoryBitmap::make(size_, MemoryBitmap::surfaceBits);
         }
     }
     if (!surface_) {
         return nullptr;
     }
-    fill(surface_->dc(), fromOrigin(size_));
+    fill(surface_->dc(), wholeOf(size_));
     blank_ = false;
     return surface_.get();
 }
@@ -117,12 +103,7 @@ void CanvasWindow::copyTo(HDC window, const PixelRect& area) const {
 }
 
 void CanvasWindow::markChanged(const PixelRect& area) {
-    if (changed_.empty()) {
-        changed_ = area;
-    } else {
-        changed_ = {std::min(changed_.left, area.left), std::min(changed_.top, area.top),
-                    std::max(changed_.right, area.right), std::max(changed_.bottom, area.bottom)};
-    }
+    changed_ = changed_.empty() ? area : bounding(changed_, area);
 }
 
 void CanvasWindow::fill(HDC dc, const PixelRect& area) const {

@@ -62,16 +62,22 @@ std::vector<std::uint8_t> firstPictureOfGif(Bytes bytes) {
     return cut;
 }
 
-std::size_t bestOfIcon(Bytes bytes) {
+std::size_t iconCount(Bytes bytes) { return wordAt(bytes, 4); }
+
+IconEntry iconEntry(Bytes bytes, std::size_t index) {
     constexpr std::size_t headerSize = 6;
     constexpr std::size_t entrySize = 16;
+    const Bytes entry = bytesFrom(bytes, headerSize + entrySize * index);
+    const int side = byteAt(entry, 0);
+    return {side == 0 ? 256 : side, wordAt(entry, 6), doubleWordAt(entry, 12), doubleWordAt(entry, 8)};
+}
+
+std::size_t bestOfIcon(Bytes bytes) {
     std::size_t best = 0;
-    std::pair<unsigned, unsigned> bestRank{0, 0};
-    const std::size_t count = wordAt(bytes, 4);
-    for (std::size_t index = 0; index < count; ++index) {
-        const Bytes entry = bytesFrom(bytes, headerSize + entrySize * index);
-        const unsigned side = byteAt(entry, 0);
-        const std::pair<unsigned, unsigned> rank{side == 0 ? 256 : side, wordAt(entry, 6)};
+    std::pair<int, int> bestRank{0, 0};
+    for (std::size_t index = 0; index < iconCount(bytes); ++index) {
+        const IconEntry entry = iconEntry(bytes, index);
+        const std::pair<int, int> rank{entry.side, entry.bitsPerPixel};
         if (rank <= bestRank) {
             continue;
         }
@@ -79,9 +85,9 @@ std::size_t bestOfIcon(Bytes bytes) {
         bestRank = rank;
     }
 
-    const Bytes entry = bytesFrom(bytes, headerSize + entrySize * best);
-    const Bytes behind = bytesFrom(bytes, doubleWordAt(entry, 12));
-    const Bytes picture = behind.first(std::min<std::size_t>(behind.size(), doubleWordAt(entry, 8)));
+    const IconEntry entry = iconEntry(bytes, best);
+    const Bytes behind = bytesFrom(bytes, entry.start);
+    const Bytes picture = behind.first(std::min(behind.size(), entry.length));
     constexpr std::array<std::uint8_t, 4> pngSignature{0x89, 'P', 'N', 'G'};
     if (picture.size() >= 4 && std::equal(pngSignature.begin(), pngSignature.end(), picture.begin())) {
         checkPng(picture);

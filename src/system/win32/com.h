@@ -15,16 +15,19 @@ struct ReleaseInterface {
 template <class Interface> using ComPtr = std::unique_ptr<Interface, ReleaseInterface>;
 
 /// Stands before the first component of its owner is made, and until the last one is gone.
-struct Apartment {
-    Apartment() : entered(SUCCEEDED(CoInitialize(nullptr))) {}
+class Apartment {
+public:
+    Apartment() : entered_(SUCCEEDED(CoInitialize(nullptr))) {}
     Apartment(const Apartment&) = delete;
     Apartment& operator=(const Apartment&) = delete;
     ~Apartment() {
-        if (entered) {
+        if (entered_) {
             CoUninitialize();
         }
     }
-    bool entered;
+
+private:
+    bool entered_;
 };
 
 } // namespace sys::win32

@@ -26,6 +26,11 @@ LRESULT CALLBACK ControlProcedure::procedure(HWND window, UINT message, WPARAM w
     return control->pass(window, message, wParam, lParam);
 }
 
+HMENU newIdentifier() {
+    static std::uintptr_t last = 1000;
+    return reinterpret_cast<HMENU>(++last);
+}
+
 bool asksForEnter(LPARAM message) {
     const auto* asked = reinterpret_cast<const MSG*>(message);
     return asked != nullptr && asked->message == WM_KEYDOWN && asked->wParam == VK_RETURN;

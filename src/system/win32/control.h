@@ -34,6 +34,9 @@ private:
 /// Whether a WM_GETDLGCODE asks on behalf of the Enter key.
 bool asksForEnter(LPARAM message);
 
+/// What the dialog manager tells a control by; no other control of the process has it.
+HMENU newIdentifier();
+
 template <class Interface> class ControlWindow : public NativeWindow<Interface>, public ControlProcedure {
 public:
     ~ControlWindow() override {
@@ -51,10 +54,9 @@ protected:
     /// Makes the window, hidden, in the font of dialogs.
     void create(HWND parent, const char* windowClass, const std::string& text, DWORD style,
                 DWORD extendedStyle = 0) {
-        static std::uintptr_t lastIdentifier = 1000; // the dialog manager tells controls by it
-        this->adopt(CreateWindowExA(
-            extendedStyle, windowClass, text.c_str(), WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0, parent,
-            reinterpret_cast<HMENU>(++lastIdentifier), GetModuleHandleA(nullptr), nullptr));
+        this->adopt(CreateWindowExA(extendedStyle, windowClass, text.c_str(),
+                                    WS_CHILD | WS_CLIPSIBLINGS | style, 0, 0, 0, 0, parent, newIdentifier(),
+                                    GetModuleHandleA(nullptr), nullptr));
         subclass(this->native());
         send(WM_SETFONT, reinterpret_cast<WPARAM>(dialogFont(this->scale())), FALSE);
     }

@@ -63,32 +63,43 @@ bool reportCommand(Events& events, HWND window, WPARAM wParam, LPARAM lParam) {
     return true;
 }
 
+/// What every form and picture box does with a message; nothing: that is its own to say.
+std::optional<LRESULT> answeredAlike(CanvasWindow& canvas, HWND window, UINT message, WPARAM wParam,
+                                     LPARAM lParam) {
+    Events& events = canvas.events();
+    if (reportMouse(events, window, message, wParam, lParam)) {
+        return 0;
+    }
+    if (const auto answer = reflect(window, message, wParam, lParam)) {
+        return answer;
+    }
+    switch (message) {
+    case WM_PAINT: canvas.repair(); return 0;
+    case WM_SIZE: canvas.resized({LOWORD(lParam), HIWORD(lParam)}); return 0;
+    case WM_CLOSE: events.closeRequested(window, CloseReason::byUser); return 0;
+    case WM_QUERYENDSESSION:
+        events.closeRequested(window, CloseReason::sessionEnds);
+        return IsWindow(window) ? FALSE : TRUE;
+    default: return std::nullopt;
+    }
+}
+
 LRESULT CALLBACK dialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* form = static_cast<CanvasWindow*>(WindowOwner::of(window));
     if (form == nullptr) {
         return DefDlgProcA(window, message, wParam, lParam);
     }
-    Events& events = form->events();
-    if (reportMouse(events, window, message, wParam, lParam)) {
-        return 0;
-    }
-    if (const auto answer = reflect(window, message, wParam, lParam)) {
+    if (const auto answer = answeredAlike(*form, window, message, wParam, lParam)) {
         return *answer;
     }
     switch (message) {
     case WM_ERASEBKGND: form->erase(reinterpret_cast<HDC>(wParam)); return 1;
-    case WM_PAINT: form->repair(); return 0;
-    case WM_SIZE: form->resized({LOWORD(lParam), HIWORD(lParam)}); return 0;
     case WM_COMMAND:
-        if (reportCommand(events, window, wParam, lParam)) {
+        if (reportCommand(form->events(), window, wParam, lParam)) {
             return 0;
         }
         break;
     case WM_SYSCOLORCHANGE: form->setBackColor(faceColor()); break;
-    case WM_CLOSE: events.closeRequested(window, CloseReason::byUser); return 0;
-    case WM_QUERYENDSESSION:
-        events.closeRequested(window, CloseReason::sessionEnds);
-        return IsWindow(window) ? FALSE : TRUE;
     default: break;
     }
     return DefDlgProcA(window, message, wParam, lParam);
@@ -99,27 +110,18 @@ LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     if (canvas == nullptr) {
         return DefWindowProcA(window, message, wParam, lParam);
     }
-    Events& events = canvas->events();
-    if (reportMouse(events, window, message, wParam, lParam)) {
-        return 0;
-    }
-    if (const auto answer = reflect(window, message, wParam, lParam)) {
+    if (const auto answer = answeredAlike(*canvas, window, message, wParam, lParam)) {
         return *answer;
     }
+    Events& events = canvas->events();
     switch (message) {
     case WM_ERASEBKGND: return 1;
-    case WM_PAINT: canvas->repair(); return 0;
-    case WM_SIZE: canvas->resized({LOWORD(lParam), HIWORD(lParam)}); return 0;
     case WM_KEYDOWN: events.keyPressed(window, wParam); return 0;
     case WM_SYSKEYDOWN:
         events.keyPressed(window, wParam);
         break; // the system makes Alt+F4 a request to close
     case WM_CHAR:
     case WM_SYSCHAR: events.characterTyped(window, wParam); return 0;
-    case WM_CLOSE: events.closeRequested(window, CloseReason::byUser); return 0;
-    case WM_QUERYENDSESSION:
-        events.closeRequested(window, CloseReason::sessionEnds);
-        return IsWindow(window) != 0 ? FALSE : TRUE;
     case WM_SYSCOMMAND:
         if (!isAllowed(wParam)) {
             return 0;
@@ -149,28 +151,18 @@ void CALLBACK alarmProcedure(HWND window, UINT, UINT_PTR, DWORD) {
     reinterpret_cast<Events*>(GetWindowLongPtrA(window, GWLP_USERDATA))->alarmTimerTicked();
 }
 
-void registerClass(const char* name, UINT style, WNDPROC procedure) {
+/// `extraBytes` are what each window of the class keeps for its procedure; 0 after a failure.
+ATOM registerClass(const char* name, UINT style, WNDPROC procedure, int extraBytes = 0,
+                   HICON icon = nullptr) {
     WNDCLASSEXA windowClass{};
     windowClass.cbSize = sizeof windowClass;
     windowClass.style = style;
     windowClass.lpfnWndProc = procedure;
+    windowClass.cbWndExtra = extraBytes;
     windowClass.hInstance = GetModuleHandleA(nullptr);
+    windowClass.hIcon = icon;
     windowClass.hCursor = LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)); // the arrow
     windowClass.lpszClassName = name;
-    RegisterClassExA(&windowClass);
-}
-
-/// The system's dialog manager keeps what it knows of a dialog in the window.
-ATOM registerDialogClass() {
-    WNDCLASSEXA windowClass{};
-    windowClass.cbSize = sizeof windowClass;
-    windowClass.style = CS_DBLCLKS;
-    windowClass.lpfnWndProc = dialogProcedure;
-    windowClass.cbWndExtra = DLGWINDOWEXTRA;
-    windowClass.hInstance = GetModuleHandleA(nullptr);
-    windowClass.hIcon = LoadIconA(windowClass.hInstance, MAKEINTRESOURCEA(1));
-    windowClass.hCursor = LoadCursorA(nullptr, MAKEINTRESOURCEA(32512)); // the arrow
-    windowClass.lpszClassName = Events::dialogClass;
     return RegisterClassExA(&windowClass);
 }
 
@@ -195,7 +187,10 @@ Events::Events(TwipsPerPixel scale) : scale_(scale) {
     alarmWindow_ = CreateWindowExA(0, hiddenClass, "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
                                    GetModuleHandleA(nullptr), nullptr);
     SetWindowLongPtrA(alarmWindow_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    static const ATOM dialogAtom = registerDialogClass(); // a class stays to the end of the process
+    // A class stays to the end of the process. The dialog manager keeps what it knows of a dialog in the
+    // window.
+    static const ATOM dialogAtom = registerClass(dialogClass, CS_DBLCLKS, dialogProcedure, DLGWINDOWEXTRA,
+                                                 LoadIconA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(1)));
     dialogAtom_ = dialogAtom;
 }
 

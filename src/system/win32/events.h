@@ -13,13 +13,13 @@ namespace sys::win32 {
 std::int64_t clockNow();
 
 /// One for the process. All windows of `formClass`, `dialogClass` and `pictureBoxClass` belong to a
-/// `CanvasWindow`, those of `labelClass` to a `ColoredLabelWindow`. No window of a show
-/// is of the system's own classes: with the first of those the system loads its common controls, which would
-/// make every start longer.
+/// `CanvasWindow`, those of `labelClass` to a `ColoredLabelWindow`.
 class Events {
 public:
     static constexpr const char* formClass = "TessellariumForm";
     static constexpr const char* pictureBoxClass = "TessellariumPictureBox";
+    /// A text of a show, none of whose windows is of the system's own classes: with the first of those the
+    /// system loads its common controls, which would make every start longer.
     static constexpr const char* labelClass = "TessellariumLabel";
     static constexpr const char* hiddenClass = "TessellariumHidden"; // of windows that nobody sees
     static constexpr const char* dialogClass = "TessellariumDialog";

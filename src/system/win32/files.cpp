@@ -1,6 +1,7 @@
 #include "system/win32/files.h"
 
 #include "system/failure.h"
+#include "system/names.h"
 #include "system/win32/native.h"
 
 #include <algorithm>
@@ -272,8 +273,7 @@ std::vector<std::string> namesIn(const std::string& pattern, bool folders) {
 std::vector<std::string> Win32Files::list(const std::string& pattern) { return namesIn(pattern, false); }
 
 std::vector<std::string> Win32Files::folders(const std::string& path) {
-    const std::string whole = wholeFolder(path);
-    std::vector<std::string> names = namesIn(whole + (whole.ends_with('\\') ? "*" : "\\*"), true);
+    std::vector<std::string> names = namesIn(inFolder(wholeFolder(path), "*"), true);
     std::erase_if(names, [](const std::string& name) { return name == "." || name == ".."; });
     return names;
 }
@@ -310,11 +310,14 @@ std::string Win32Files::wholeFolder(const std::string& path) {
     while (whole.size() > rootLength && whole.ends_with('\\')) {
         whole.pop_back();
     }
-    if (!isFolder(whole)) {
-        const DWORD error = GetLastError();
-        const bool notReady = isOnMissingDrive(whole) || codeOf(error) == FailureCode::deviceUnavailable;
+    const DWORD attributes = GetFileAttributesA(whole.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) {
+        const bool notReady =
+            codeOf(GetLastError()) == FailureCode::deviceUnavailable || isOnMissingDrive(whole);
         throw Failure(notReady ? FailureCode::deviceUnavailable : FailureCode::pathNotFound);
     }
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
+        throw Failure(FailureCode::pathNotFound);
     return whole;
 }
 

@@ -33,10 +33,9 @@ HICON iconOf(ItemIcon icon) {
 
 int FolderIcons::rowHeight(HFONT font) {
     const OwnedDc dc(CreateCompatibleDC(nullptr));
-    const HGDIOBJ former = SelectObject(dc.get(), font);
+    const Selected selected(dc.get(), font);
     TEXTMETRICA metrics{};
     GetTextMetricsA(dc.get(), &metrics);
-    SelectObject(dc.get(), former);
     return std::max<int>(metrics.tmHeight, iconSide()) + 2;
 }
 

@@ -26,15 +26,18 @@ public:
     }
 };
 
-HMENU makeMenu(HMENU menu, const std::vector<MenuEntry>& entries) {
+void addEntries(HMENU menu, const std::vector<MenuEntry>& entries) {
     for (const MenuEntry& entry : entries) {
-        const UINT kind = entry.entries.empty() ? MF_STRING : MF_POPUP;
-        const UINT_PTR what = entry.entries.empty()
-                                  ? static_cast<UINT_PTR>(Events::firstCommand + entry.command - 1)
-                                  : reinterpret_cast<UINT_PTR>(makeMenu(CreatePopupMenu(), entry.entries));
-        AppendMenuA(menu, kind, what, entry.caption.c_str());
+        if (entry.entries.empty()) {
+            AppendMenuA(menu, MF_STRING, static_cast<UINT_PTR>(Events::firstCommand + entry.command - 1),
+                        entry.caption.c_str());
+            continue;
+        }
+        OwnedMenu opened(CreatePopupMenu());
+        addEntries(opened.get(), entry.entries);
+        if (AppendMenuA(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(opened.get()), entry.caption.c_str()))
+            opened.release(); // it goes with the menu
     }
-    return menu;
 }
 
 /// A top-level window with a frame, whose place is the room inside.
@@ -48,7 +51,10 @@ public:
                style.inTaskBar ? frame | WS_MINIMIZEBOX : frame | WS_POPUP,
                WS_EX_CONTROLPARENT | (style.inTaskBar ? WS_EX_APPWINDOW : WS_EX_DLGMODALFRAME), {}, nullptr);
         if (!style.menu.empty()) {
-            SetMenu(native(), makeMenu(CreateMenu(), style.menu)); // it goes with the window
+            OwnedMenu menu(CreateMenu());
+            addEntries(menu.get(), style.menu);
+            if (SetMenu(native(), menu.get()))
+                menu.release(); // it goes with the window
         }
     }
 

@@ -118,12 +118,10 @@ private:
     /// Lets the user scroll to the end of a text that is wider than the list. The one of the most letters
     /// stands for the widest: to measure all would take longer than to fill the list.
     void makeRoom() {
-        const HDC dc = GetDC(native());
-        const HGDIOBJ former = SelectObject(dc, dialogFont(scale()));
+        const WindowDc dc(native());
+        const Selected font(dc.get(), dialogFont(scale()));
         SIZE size{};
-        GetTextExtentPoint32A(dc, longest_.c_str(), static_cast<int>(longest_.size()), &size);
-        SelectObject(dc, former);
-        ReleaseDC(native(), dc);
+        GetTextExtentPoint32A(dc.get(), longest_.c_str(), static_cast<int>(longest_.size()), &size);
         constexpr LONG margin = 6;
         send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(size.cx + margin));
     }

@@ -1,9 +1,8 @@
 #include "system/win32/common_controls.h"
 #include "system/win32/control.h"
+#include "system/win32/list_view_rows.h"
 #include "system/win32/system_win32.h"
 
-#include <algorithm>
-#include <cstring>
 #include <utility>
 
 namespace sys::win32 {
@@ -69,8 +68,8 @@ public:
         if (message != WM_NOTIFY)
             return std::nullopt;
         switch (reinterpret_cast<const NMHDR*>(lParam)->code) {
-        case LVN_GETDISPINFOA: tellText(reinterpret_cast<NMLVDISPINFOA*>(lParam)->item); return 0;
-        case LVN_ODFINDITEMA: return find(*reinterpret_cast<const NMLVFINDITEMA*>(lParam));
+        case LVN_GETDISPINFOA: tellText(rows_, reinterpret_cast<NMLVDISPINFOA*>(lParam)->item); return 0;
+        case LVN_ODFINDITEMA: return findRow(rows_, *reinterpret_cast<const NMLVFINDITEMA*>(lParam));
         case LVN_ITEMCHANGED: reportSelected(*reinterpret_cast<const NMLISTVIEW*>(lParam)); return 0;
         default: return std::nullopt;
         }
@@ -140,32 +139,6 @@ private:
         if (!stale_)
             InvalidateRect(native(), nullptr, TRUE);
         stale_ = true;
-    }
-
-    void tellText(LVITEMA& item) const {
-        if ((item.mask & LVIF_TEXT) == 0 || item.cchTextMax <= 0)
-            return;
-        const auto row = static_cast<std::size_t>(item.iItem);
-        const auto column = static_cast<std::size_t>(item.iSubItem);
-        const std::string text = row < rows_.size() && column < columnCount_ ? rows_[row][column] : "";
-        const std::size_t length = std::min(text.size(), static_cast<std::size_t>(item.cchTextMax) - 1);
-        std::memcpy(item.pszText, text.c_str(), length);
-        item.pszText[length] = '\0';
-    }
-
-    /// The row that a user looks for by typing the beginning of its first text; -1 for none.
-    LRESULT find(const NMLVFINDITEMA& wanted) const {
-        if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0)
-            return -1;
-        const auto length = static_cast<int>(std::strlen(wanted.lvfi.psz));
-        for (std::size_t passed = 0; passed < rows_.size(); ++passed) {
-            const std::size_t row = (static_cast<std::size_t>(wanted.iStart) + passed) % rows_.size();
-            const std::string& text = rows_[row][0];
-            if (CompareStringA(LOCALE_USER_DEFAULT, NORM_IGNORECASE, wanted.lvfi.psz, length, text.c_str(),
-                               std::min(length, static_cast<int>(text.size()))) == CSTR_EQUAL)
-                return static_cast<LRESULT>(row);
-        }
-        return -1;
     }
 
     void reportSelected(const NMLISTVIEW& change) {

@@ -25,8 +25,7 @@ int drawableEdge(double twips, double twipsPerPixel) {
 }
 
 PixelRect visibleOn(const MemoryBitmap& surface, const PixelRect& target) {
-    return {std::max(target.left, 0), std::max(target.top, 0), std::min(target.right, surface.size().width),
-            std::min(target.bottom, surface.size().height)};
+    return intersection(target, wholeOf(surface.size()));
 }
 
 bool sameSize(const Block& block) {
@@ -55,10 +54,9 @@ void copyPart(const MemoryBitmap& from, Point corner, MemoryBitmap& to, const Pi
     BitBlt(to.dc(), area.left, area.top, area.width(), area.height(), from.dc(), corner.x, corner.y, SRCCOPY);
 }
 
-PixelRect wholeOf(Size size) { return {0, 0, size.width, size.height}; }
-
 /// The brush of a bitmap's colour; null when it has several.
 OwnedBrush brushOfOnlyColor(const MemoryBitmap& bitmap) {
+    GdiFlush();
     const auto pixelLength = static_cast<std::size_t>(bitmap.bitsPerPixel() / 8);
     const std::size_t rowLength = pixelLength * static_cast<std::size_t>(bitmap.size().width);
     const std::uint8_t* first = bitmap.row(0);
@@ -141,8 +139,7 @@ Block PaintablePicture::blockOf(const Area& target, const Area& source, TwipsPer
     }
 
     PixelRect& there = block.source;
-    there = {std::max(from.left, 0), std::max(from.top, 0), std::min(from.right, picture.right),
-             std::min(from.bottom, picture.bottom)};
+    there = intersection(from, picture);
     block.target = {stretched(there.left, from.left, from.right, onto.left, onto.right),
                     stretched(there.top, from.top, from.bottom, onto.top, onto.bottom),
                     stretched(there.right, from.left, from.right, onto.left, onto.right),

@@ -14,11 +14,9 @@ namespace {
 
 TwipsPerPixel scaleOfScreen() {
     constexpr double twipsPerInch = 1440;
-    const HDC screen = GetDC(nullptr);
-    const TwipsPerPixel scale{twipsPerInch / GetDeviceCaps(screen, LOGPIXELSX),
-                              twipsPerInch / GetDeviceCaps(screen, LOGPIXELSY)};
-    ReleaseDC(nullptr, screen);
-    return scale;
+    const WindowDc screen(nullptr);
+    return {twipsPerInch / GetDeviceCaps(screen.get(), LOGPIXELSX),
+            twipsPerInch / GetDeviceCaps(screen.get(), LOGPIXELSY)};
 }
 
 std::string programPath() {

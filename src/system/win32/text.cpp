@@ -35,12 +35,11 @@ HFONT dialogFont(TwipsPerPixel scale) {
 Size Win32System::measureText(const std::string& text, const Font& font) {
     const OwnedFont native = createFont(font, twipsPerPixel());
     const OwnedDc dc(CreateCompatibleDC(nullptr));
-    const HGDIOBJ former = SelectObject(dc.get(), native.get());
+    const Selected selected(dc.get(), native.get());
     RECT room{};
     // As a label draws it.
     DrawTextA(dc.get(), text.c_str(), static_cast<int>(text.size()), &room,
               DT_CALCRECT | DT_NOPREFIX | DT_EXPANDTABS);
-    SelectObject(dc.get(), former);
     return {room.right, room.bottom};
 }
 

@@ -72,11 +72,11 @@ public:
     void makeReadOnly(const std::string& path) override { machine_.files().setReadOnly(path); }
     void setRegistryText(const std::string& subKey, const std::string& name,
                          const std::string& text) override {
-        machine_.platform().setRegistryText(sys::simulated::currentUserRoot, subKey, name, text);
+        machine_.platform().setRegistryText(sys::currentUserRoot, subKey, name, text);
     }
     void setRegistryNumber(const std::string& subKey, const std::string& name,
                            std::uint32_t number) override {
-        machine_.platform().setRegistryNumber(sys::simulated::currentUserRoot, subKey, name, number);
+        machine_.platform().setRegistryNumber(sys::currentUserRoot, subKey, name, number);
     }
 
 private:

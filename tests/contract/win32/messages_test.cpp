@@ -1,11 +1,14 @@
 // What other programs do to the controls of a dialog by the messages of Windows alone, without the notice
-// that would tell the dialog of it. The simulated machine's controls know no messages.
+// that would tell the dialog of it, and the identifiers by which Windows tells the controls of a dialog. The
+// simulated machine's controls know neither.
 #include "contract/contract_test.h"
 #include "toolkit/drop_down_list.h"
 #include "toolkit/list_box.h"
 #include "toolkit/scroll_bar.h"
 
 #include <windows.h>
+
+#include <vector>
 
 namespace contract {
 
@@ -25,8 +28,8 @@ public:
     }
 
     toolkit::ListBox list{*this, {"list", 0, 0, 1500, 1500}};
-    toolkit::DropDownList choice{*this, {"choice", 1500, 0, 1500, 315}};
     toolkit::ScrollBar bar{*this, {"bar", 0, 1500, 1500, 300}, {.min = 10, .max = 50, .value = 20}};
+    toolkit::DropDownList choice{*this, {"choice", 1500, 0, 1500, 315}};
 
     std::vector<std::string> events;
     std::vector<std::string> take() { return std::exchange(events, {}); }
@@ -87,6 +90,18 @@ TEST_F(Messages, ItemThatIsNotThere_LeavesTheOneThatIsShown) {
     EXPECT_THAT(form.take(), IsEmpty());
     EXPECT_EQ(send(form.list, LB_GETCURSEL), 1);
     EXPECT_EQ(send(form.choice, CB_GETCURSEL), 2);
+}
+
+// Each kind of control had numbers of its own, so that one dialog had several controls of one number. In the
+// end the default button shared its own with a list, and Enter pressed nothing.
+TEST_F(Messages, ControlsOfAllKinds_TakeTheirIdentifiersFromOneSequence) {
+    std::vector<int> identifiers;
+    for (toolkit::Control* control : form.controls()) {
+        identifiers.push_back(GetDlgCtrlID(reinterpret_cast<HWND>(control->hWnd())));
+    }
+    // Of two sequences, whatever stands before, a list, a bar and a list couldn't be in this order.
+    EXPECT_THAT(identifiers,
+                ElementsAre(testing::_, testing::Gt(identifiers[0]), testing::Gt(identifiers[1])));
 }
 
 TEST_F(Messages, ThumbOfABar_CountsWhenItIsLetGo) {

@@ -4,6 +4,8 @@
 #include "contract/byte_writer.h"
 #include "contract/contract_test.h"
 
+#include <windows.h>
+
 #include <array>
 
 namespace contract {
@@ -171,17 +173,26 @@ TEST_F(WindowsOnly, Settings_LieInTheRegistryOfTheUser) {
     system.settings().write("TessellariumContract", "Settings", "Key", "text");
     sys::Platform& platform = system.platform();
     sys::RegistryKey key = 0;
-    ASSERT_EQ(platform.regOpenKeyEx(0x80000001, testKey + "\\Settings", 0x20019, key), 0);
+    ASSERT_EQ(
+        platform.regOpenKeyEx(sys::currentUserRoot, testKey + "\\Settings", sys::registryReadAccess, key), 0);
     std::uint32_t type = 0;
     std::array<char, 10> buffer{};
     auto length = static_cast<std::uint32_t>(buffer.size());
     EXPECT_EQ(platform.regQueryValueEx(key, "Key", type, buffer.data(), length), 0);
-    EXPECT_EQ(type, 1U); // REG_SZ
+    EXPECT_EQ(type, sys::registryText);
     EXPECT_EQ(std::string(buffer.data(), length), std::string("text\0", 5));
     platform.regCloseKey(key);
 
     driver->setRegistryNumber(testKey + "\\Settings", "Key", 5);
     EXPECT_EQ(system.settings().read("TessellariumContract", "Settings", "Key"), std::nullopt);
+}
+
+// The error of an earlier call was taken for that of the search for the folder, which had found a file.
+TEST_F(WindowsOnly, FileInPlaceOfAFolder_IsNoMissingDriveWhateverFailedBefore) {
+    const std::string file = driver->folder() + "\\file";
+    system.files().open(file, sys::Access::write);
+    SetLastError(ERROR_NOT_READY);
+    EXPECT_EQ(failureOf([&] { system.files().wholeFolder(file); }), 76);
 }
 
 TEST_F(WindowsOnly, MissingPasswordLibrary_Is53) {

@@ -397,6 +397,16 @@ TEST_F(Dialog, Lists_BeginAtTheMachinesCurrentFolder) {
     EXPECT_THAT(take(), IsEmpty());
 }
 
+// A folder of a network, which is on no drive at all, comes to the same.
+TEST_F(Dialog, DriveList_CurrentFolderOnNoDriveOfTheList_SelectsNone) {
+    machine.files().setHidden("C:\\");
+    form.load();
+    EXPECT_THAT(textsOf(form.drives), ElementsAre("T:"));
+    EXPECT_EQ(form.drives.listIndex(), -1);
+    EXPECT_EQ(form.drives.drive(), "");
+    EXPECT_THAT(take(), IsEmpty());
+}
+
 TEST_F(Dialog, DriveList_TakesTheFirstCharacterOnly) {
     machine.files().addMemoryDrive('D');
     form.load();
@@ -541,6 +551,17 @@ TEST_F(Dialog, HiddenFrame_MakesWhatStandsInItWhenItIsFirstSeen) {
     EXPECT_EQ(frame->children().size(), 3U);
     form.hidden.setVisible(false);
     EXPECT_TRUE(machine.window(form.files.hWnd())->visibleRect().empty());
+}
+
+// Its left edge was off the screen then, and half of its caption with it.
+TEST_F(Dialog, FormLargerThanTheScreen_BeginsAtTheScreensCorner) {
+    struct LargeForm : PlainForm {
+        LargeForm() : PlainForm({.name = "LargeForm", .width = 15000, .height = 15000, .dialog = true}) {}
+    };
+    auto& large = application.form<LargeForm>();
+    large.load();
+    EXPECT_EQ(large.left(), 0);
+    EXPECT_EQ(large.top(), 0);
 }
 
 // Modal forms

@@ -566,6 +566,17 @@ TEST_F(FileBlocksTest, Read_WithAFullDisk_FailsBeforeItReads) {
     EXPECT_EQ(files.position(otherNumber), 1);
 }
 
+// A larger block was written behind the end of the buffer.
+TEST_F(FileBlocksTest, BlockLargerThanTheBuffer_Fails5AndMovesNothing) {
+    open(std::string(buffer + 1, 'a'), OpenMode::binaryRead);
+    EXPECT_EQ(read(buffer), std::string(buffer, 'a'));
+    files.seek(number, 1);
+    files.open(otherNumber, other, OpenMode::binary);
+    EXPECT_EQ(failureOf([&] { files.copyBlock(number, otherNumber, buffer + 1); }), 5);
+    EXPECT_EQ(files.position(number), 1);
+    EXPECT_EQ(files.position(otherNumber), 1);
+}
+
 TEST_F(FileBlocksTest, Abandon_FreesNumberAndFileAndWritesNothing) {
     drives.setFreeSpace('C', 0);
     files.open(number, path, OpenMode::binary);

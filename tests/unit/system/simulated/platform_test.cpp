@@ -1,6 +1,7 @@
 #include "system/failure.h"
 #include "system/simulated/machine.h"
 #include "unit/system/simulated/recording_input.h"
+#include "unit/toolkit/failure_of.h"
 
 #include <gmock/gmock.h>
 
@@ -8,7 +9,7 @@
 
 namespace {
 
-using sys::simulated::currentUserRoot;
+using sys::currentUserRoot;
 using sys::simulated::Machine;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -270,6 +271,16 @@ TEST_F(SimulatedCalls, Settings_AreKeptByNamesInAnyCase) {
     EXPECT_EQ(settings.read("App", "Other", "Key"), std::nullopt);
     settings.write("app", "Settings", "key", "");
     EXPECT_EQ(settings.read("App", "Settings", "Key"), "");
+}
+
+TEST_F(SimulatedCalls, Settings_ThatRefuseWrites_Fail5AndStayAsTheyAre) {
+    auto& settings = machine.settings();
+    settings.write("App", "Settings", "Key", "value");
+    settings.takeWritten();
+    settings.refuseWrites();
+    EXPECT_EQ(failureOf([&] { settings.write("App", "Settings", "Key", "other"); }), 5);
+    EXPECT_EQ(settings.read("App", "Settings", "Key"), "value");
+    EXPECT_THAT(settings.takeWritten(), testing::IsEmpty());
 }
 
 } // namespace
