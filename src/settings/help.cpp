@@ -1,4 +1,4 @@
-// The settings dialog's menu and banner.
+// Help, the same for all dialogs; the home page, which the settings dialog's menu and banner open.
 #include "settings/help.h"
 
 #include "settings/frm_config.h"
@@ -6,14 +6,12 @@
 #include "toolkit/application.h"
 #include "toolkit/failure_handling.h"
 
-#include <string_view>
-
 using toolkit::Application;
 
-void showHelp(toolkit::Form& form) {
+void showHelp(toolkit::Form& form, const std::string& helpFile) {
     constexpr std::uint32_t contentsPage = 3;
     Application& application = Application::current();
-    if (std::string_view(product::helpFile).empty()) {
+    if (helpFile.empty()) {
         application.ask(
             {.text = "Unable to display Help Contents. There is no Help associated with this project.",
              .title = form.caption(),
@@ -21,7 +19,7 @@ void showHelp(toolkit::Form& form) {
         return;
     }
     toolkit::handlingFailures(
-        [&] { toolkit::platform().winHelp(form.hWnd(), product::helpFile, contentsPage); },
+        [&] { toolkit::platform().winHelp(form.hWnd(), helpFile, contentsPage); },
         [&](const Failure& failure) { application.showMessage(failure.description()); });
 }
 
