@@ -72,6 +72,7 @@ public:
         case LVN_GETDISPINFOA: tellText(reinterpret_cast<NMLVDISPINFOA*>(lParam)->item); return 0;
         case LVN_ODFINDITEMA: return find(*reinterpret_cast<const NMLVFINDITEMA*>(lParam));
         case LVN_ITEMCHANGED: reportSelected(*reinterpret_cast<const NMLISTVIEW*>(lParam)); return 0;
+        case LVN_ODFINDITEMW: return findWide(*reinterpret_cast<const NMLVFINDITEMW*>(lParam));
         default: return std::nullopt;
         }
     }
@@ -166,6 +167,16 @@ private:
                 return static_cast<LRESULT>(row);
         }
         return -1;
+    }
+
+    /// Wine asks so also of an ANSI window; without an answer any letter selects the first row.
+    LRESULT findWide(const NMLVFINDITEMW& wanted) {
+        char text[MAX_PATH] = "";
+        if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) != 0)
+            WideCharToMultiByte(CP_ACP, 0, wanted.lvfi.psz, -1, text, sizeof text, nullptr, nullptr);
+        NMLVFINDITEMA narrow{wanted.hdr, wanted.iStart, {wanted.lvfi.flags, text, 0, {}, 0}};
+        narrow.hdr.code = LVN_ODFINDITEMA;
+        return reflected(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&narrow)).value_or(-1);
     }
 
     void reportSelected(const NMLISTVIEW& change) {
