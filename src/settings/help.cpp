@@ -1,18 +1,14 @@
 #include "settings/help.h"
 
-#include "startup/product.h"
 #include "toolkit/application.h"
 #include "toolkit/failure_handling.h"
 
-#include <string_view>
-
 using toolkit::Application;
 
-void showHelp(toolkit::Form& form) {
+void showHelp(toolkit::Form& form, const std::string& helpFile) {
     constexpr std::uint32_t contentsPage = 3; // HELP_CONTENTS
     Application& application = Application::current();
-    // Never taken as long as there is a help file.
-    if (std::string_view(product::helpFile).empty()) {
+    if (helpFile.empty()) {
         application.ask(
             {.text = "Unable to display Help Contents. There is no Help associated with this project.",
              .title = form.caption(),
@@ -20,6 +16,6 @@ void showHelp(toolkit::Form& form) {
         return;
     }
     toolkit::handlingFailures(
-        [&] { toolkit::platform().winHelp(form.hWnd(), product::helpFile, contentsPage); },
+        [&] { toolkit::platform().winHelp(form.hWnd(), helpFile, contentsPage); },
         [&](const Failure& failure) { application.showMessage(failure.description()); });
 }

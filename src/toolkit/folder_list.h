@@ -22,7 +22,8 @@ public:
     const std::string& path() const { return path_; }
     /// "" is the machine's current folder, "D:" that of a drive. Another folder than the present one raises
     /// `change`, inside the assignment; the same, in any case of its letters, raises nothing. Fails with 76
-    /// when there is no such folder, 68 when its drive isn't there or isn't ready.
+    /// when there is no such folder, 68 when its drive isn't there or isn't ready, 75 when it may not be
+    /// read.
     void setPath(const std::string& path);
 
     Event<> change;

@@ -108,6 +108,22 @@ TEST_F(Rows, SelectedRow_ChosenAgain_RaisesNothing) {
     EXPECT_THAT(form.take(), ElementsAre("key 36"));
 }
 
+TEST_F(Rows, RightClick_BesideTheRows_LeavesWhatIsSelected) {
+    const auto before = look();
+    driver->moveMouse(at(form.rows, 20, belowTheRows));
+    driver->pressButton(sys::rightButton);
+    driver->releaseButton(sys::rightButton);
+    driver->settle();
+    EXPECT_EQ(look(), before);
+    EXPECT_THAT(form.take(), IsEmpty());
+}
+
+TEST_F(Rows, Letter_SelectsTheNextRowThatBeginsWithIt) {
+    press('T');
+    EXPECT_EQ(form.rows.selectedRow(), 3);
+    EXPECT_THAT(form.take(), ElementsAre("key 84", "click"));
+}
+
 TEST_F(Rows, Click_OnAnyColumn_SelectsTheRow) {
     form.rows.selectRow(3);
     click(at(form.rows, 300, inFirstRow));

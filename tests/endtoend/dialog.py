@@ -11,7 +11,7 @@ CB_SETCURSEL = 0x14E
 LBN_SELCHANGE, LBN_DBLCLK = 1, 2
 CBN_SELCHANGE = 1
 SB_THUMBPOSITION = 4
-CONTENTS, HOME_PAGE = 0x101, 0x102  # the identifiers of the menu's entries
+CONTENTS, HOME_PAGE, ABOUT = 0x101, 0x102, 0x103  # the identifiers of the menu's entries
 
 MESSAGE_BOX = "#32770"  # the window class of the system's own dialogs
 

@@ -1,4 +1,4 @@
-"""The settings dialog, worked by mouse, keyboard and messages, and what a show makes of its settings."""
+"""The settings dialog, worked by messages to its windows, and what a show makes of its settings."""
 
 import os
 import shutil
@@ -42,7 +42,7 @@ class DialogTest(DialogCase):
     def test_a_folder_chosen_in_the_dialog_is_shown(self):
         picture = self.add("a.bmp", quarters(300, 200))
         self.add("b.bmp", quarters(200, 100))
-        dialog = self.open(ImagePath=self.machine.windows_path(self.folder) + "\\")
+        dialog = self.open(ImagePath=self.machine.windows_path(self.folder) + "\\", ImageInterval="120")
         self.assertEqual([box.text for box in dialog.controls("button") if "Mode" in box.text],
                          ["Template Mode", "Folder Mode"])
         dialog.click("Folder Mode")
@@ -50,12 +50,18 @@ class DialogTest(DialogCase):
         folders, _ = dialog.controls("listbox")
         dialog.choose(folders, 2, LBN_SELCHANGE, LBN_DBLCLK)
         dialog.wait_for_text("edit", self.windows_folder() + "\\")
-        dialog.scroll(dialog.controls("scrollbar")[0], 1)
-        dialog.wait_for_text("static", "Delay Interval: 1 Seconds")
+        texts = ("Delay Interval: 1 Seconds", "Dissolve Size: 22", "Dissolve Delay: 33", "Mouse Sensitivity: 444")
+        for bar, position, text in zip(dialog.controls("scrollbar"), (1, 22, 33, 444), texts):
+            dialog.scroll(bar, position)
+            dialog.wait_for_text("static", text)
+        dialog.click("Full Screen")
         self.keep_shot(self.machine.shot(), "folder")
         dialog.click("Done")
         dialog.show.wait_for_end()
-        self.check_show(self.frame().centre(picture))
+        stored = self.stored()
+        self.assertEqual([stored[key] for key in ("ImageInterval", "Blocks", "DissolveDelay", "MouseSensitivity")],
+                         ["1", "22", "33", "444"])
+        self.check_show(self.frame().stretch(picture, blur=8))
 
     def test_the_folders_of_a_network_are_listed_from_their_share_down(self):
         network = os.path.join(os.path.dirname(self.machine.drive), "dosdevices", "unc")  # as Wine looks for them
@@ -184,7 +190,7 @@ class HelpTest(DialogCase):
         dialog = self.open()
         dialog.choose_from_menu(CONTENTS)
         self.assertEqual(viewer.stdout.readline().split("\t"),
-                         [str(dialog.form.handle), "3", "C:\\Program Files\\Tessellarium\\Tessellarium.HLP\n"])
+                         [str(dialog.form.handle), "3", "1", "C:\\Program Files\\Tessellarium\\Tessellarium.HLP\n"])
         dialog.close()
         dialog.show.wait_for_end()
 
@@ -260,6 +266,34 @@ class KilledTest(DialogCase):
             if all(written):
                 self.check_show(self.frame().centre(picture))
         self.assertTrue(reached - {0, 6}, f"none was killed in the midst of saving: {reached}")
+
+
+    def test_a_first_dialog_killed_while_it_saves_leaves_settings_that_a_start_reads(self):
+        picture = self.add("a.bmp", quarters(300, 200))
+        reached = set()
+        for changes in (2, 5, 8, 11):  # of twelve
+            self.machine.clear_key(SETTINGS)
+            dialog = Dialog(self, self.start_program(self.program, "/c"))
+            dialog.click("Folder Mode")
+            dialog.enter(self.windows_folder())
+            dialog.click("Full Screen")
+            dialog.scroll(dialog.controls("scrollbar")[0], 1)
+            self.probe.ask("kill at change", dialog.form.process, SETTINGS, changes)
+            self.probe.ask("post", dialog.controls("button", "Done")[0].handle, BM_CLICK, 0, 0)
+            wait_until(lambda: not dialog.show.running(), "it isn't ended")
+            stored = self.stored()
+            self.assertEqual(sorted(stored), sorted(KEYS[:len(stored)]), "the first ones")
+            self.assertEqual(stored.get("ImagePath", self.windows_folder() + "\\"), self.windows_folder() + "\\")
+            self.assertEqual(stored.get("FullScreen", "1"), "1")
+            reached.add(len(stored))
+            dialog = Dialog(self, self.start_program(self.program, "/c"))
+            self.assertEqual(dialog.controls("edit")[0].text,
+                             self.windows_folder() + "\\" if stored else "", "the text")
+            dialog.close()
+            dialog.show.wait_for_end()
+            if "AllImages" in stored:
+                self.check_show(self.frame().stretch(picture, blur=8))
+        self.assertTrue(reached - {0, 12}, f"none was killed in the midst of saving: {reached}")
 
 
 class StandAloneDialogTest(PackageCase, DialogCase):

@@ -1,12 +1,13 @@
 """The settings dialog's controls: of which kind they are, where they stand, and whether all of each can be read."""
 
+from dialog import ABOUT, Dialog
 from session import wait_until
 from test_dialog import DialogCase
 
 TWIPS_PER_INCH = 1440
 CLIENT_SIZE = 8325, 5295
 
-WS_VISIBLE, WS_MAXIMIZEBOX = 0x10000000, 0x10000
+WS_VISIBLE, WS_MAXIMIZEBOX, WS_MINIMIZEBOX, WS_THICKFRAME = 0x10000000, 0x10000, 0x20000, 0x40000
 
 # The lower bits of a button's style, and of a label's
 PUSH, CHECK, GROUP, OPTION = 0, 2, 7, 9
@@ -102,19 +103,21 @@ class LayoutCase(DialogCase):
         with the controls that are seen on it, for each panel."""
         dialog = self.open(AllImages="0", ImagePath=self.windows_folder() + "\\")
         looks = [self.look(dialog)]
-        self.check_guidance(dialog)
+        self.check_guidance(dialog, looks[0][0])
         dialog.click("Select")
         looks.append(self.look(dialog))
         dialog.click("Folder Mode")
-        self.check_guidance(dialog)
+        self.check_guidance(dialog, self.look(dialog)[0])
         dialog.click("Select", 1)
         looks.append(self.look(dialog))
         return dialog, looks
 
-    def check_guidance(self, dialog):
-        """Its lines aren't broken."""
+    def check_guidance(self, dialog, shot):
+        """It stands on the ground of the dialog, and its lines aren't broken."""
         _, guidance = dialog.controls("edit")
         with self.subTest(guidance.text[:50]):
+            ground = shot.pixel(guidance.left + 5, guidance.top - 2)
+            self.assertEqual(shot.pixel(guidance.right - 5, guidance.bottom - 5), ground)
             self.assertEqual(dialog.send(guidance.handle, EM_GETLINECOUNT), guidance.text.count("\r\n") + 1)
 
     def look(self, dialog):
@@ -182,14 +185,40 @@ class LayoutCase(DialogCase):
         """What can be read of a caption ends before the edges of its control."""
         for control in controls:
             marks = control.kind == "Button" and control.style & 0xF in (CHECK, OPTION)
-            if not control.text or not (control.kind == "Static" or marks):
+            if control.text and (control.kind == "Static" or marks):
+                edges = [shot.part(control.right - 1, control.top, control.right, control.bottom)]
+                if control.kind == "Static":
+                    edges += [shot.part(control.left, control.bottom - 1, control.right, control.bottom)]
+            elif control.text and control.kind == "Button" or control.kind in ("ComboBox", "Edit"):
+                edges = self.within_frame(shot, control)
+            else:
                 continue
-            edges = [shot.part(control.right - 1, control.top, control.right, control.bottom)]
-            if control.kind == "Static":
-                edges += [shot.part(control.left, control.bottom - 1, control.right, control.bottom)]
             for edge in edges:
                 with self.subTest("whole"):
                     self.assertEqual(len(edge.colours()), 1, f"{control} is cut off")
+
+    def within_frame(self, shot, control):
+        """The pixels beside a frame of one pixel, but for its round corners and a drop-down list's arrow."""
+        corner = 4
+        left, top, right, bottom = control.left + 1, control.top + 1, control.right - 1, control.bottom - 1
+        last = right - (control.bottom - control.top if control.kind == "ComboBox" else corner)
+        return [shot.part(left + corner, top, last, top + 1), shot.part(left + corner, bottom - 1, last, bottom),
+                shot.part(left, top + corner, left + 1, bottom - corner),
+                shot.part(right - 1, top + corner, right, bottom - corner)]
+
+    def check_about(self, dialog):
+        """The box is a dialog by itself, of a fixed size, and all of it can be read."""
+        dialog.choose_from_menu(ABOUT)
+        about = Dialog(self, dialog.show, "About Tessellarium")
+        self.assertEqual(about.form.style & (WS_THICKFRAME | WS_MAXIMIZEBOX | WS_MINIMIZEBOX), 0)
+        self.assertEqual(about.form.parent, 0, "its owner")
+        shot, controls = self.look(about)
+        self.keep_shot(shot, f"about at {self.dpi}")
+        self.assertEqual([control.kind for control in controls],
+                         ["TessellariumLabel"] * 2 + ["Static"] * 4 + ["Button"])
+        self.check_apart(controls)
+        self.check_whole(shot, controls)
+        about.click("OK")
 
     def check_all(self):
         dialog, looks = self.open_all()
@@ -197,6 +226,7 @@ class LayoutCase(DialogCase):
             self.check_apart(controls)
             self.check_whole(shot, controls)
         self.check_table(dialog)
+        self.check_about(dialog)
         dialog.close()
         dialog.show.wait_for_end()
 

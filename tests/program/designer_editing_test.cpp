@@ -62,6 +62,24 @@ TEST_F(DesignerEditing, FilesThatAreGone_LeaveTheirFoldersAloneAndHaveNoName) {
     EXPECT_THAT(row(1), ElementsAre("a.jpg", "a.wav", "Random", "", "C:\\pics\\a.jpg", "C:\\snd\\a.wav"));
 }
 
+TEST_F(DesignerEditing, PathWhoseColumnIsEmpty_LeavesItsFoldersAloneAndHasNoName) {
+    // As the removal of blank rows leaves one.
+    openRow("DISSOLVE=Normal\r\n");
+    form().ListView1.setText(1, 1, "");
+    edit(1, [this] {
+        EXPECT_EQ(editor().lblOriginalImage.caption(), "Image File: T:\\Tessellarium\\");
+        EXPECT_EQ(editor().lblOriginalSound.caption(), "Sound File: C:\\snd\\a.wav");
+        closeEditor();
+    });
+    form().ListView1.setText(1, 1, "a.jpg");
+    form().ListView1.setText(1, 2, "");
+    edit(1, [this] {
+        EXPECT_EQ(editor().lblOriginalImage.caption(), "Image File: C:\\pics\\a.jpg");
+        EXPECT_EQ(editor().lblOriginalSound.caption(), "Sound File: T:\\Tessellarium\\");
+        closeEditor();
+    });
+}
+
 TEST_F(DesignerEditing, Enter_AsTheFirstKeyOpensTheFirstRow) {
     openRow("DISSOLVE=Normal\r\n");
     bool opened = false;

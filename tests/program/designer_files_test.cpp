@@ -407,6 +407,9 @@ TEST_F(DesignerDuringCreate, Bar_IsRefreshedWhereItMoves) {
     EXPECT_EQ(refreshes(), 4) << "from the whole, where it stood, back to a half";
     form().UpdateThinking(2, 2);
     EXPECT_EQ(refreshes(), 4) << "it hasn't moved";
+    form().UpdateThinking(1, 3);
+    form().UpdateThinking(1, 3);
+    EXPECT_EQ(refreshes(), 6) << "meant so: a third isn't the whole number that is remembered of it";
 }
 
 TEST_F(DesignerDuringCreate, ChangedRows_AreTold) {

@@ -328,15 +328,30 @@ TEST_F(ItemEditor, ResetSound_TakesTheClickBackAndTheListsHome) {
     EXPECT_THAT(flags(), ElementsAre(-1, 0, 0, 0));
 }
 
-TEST_F(ItemEditor, ResetOfAnUnknownDrive_EndsWithTheDefaultReport) {
+TEST_F(ItemEditor, ResetImage_OfAnUnknownDrive_TakesTheClickBackAndEndsWithTheDefaultReport) {
     edit.load();
     program.machine.files().addFile("D:\\p\\z.gif", ""); // too late for the drive list
     edit.Dir1.setPath("D:\\p");
     edit.InitEdit("z.gif", "", "Normal", "");
     edit.show();
+    select(edit.File1, 0);
+    ASSERT_THAT(flags(), ElementsAre(-1, 0, 0, 0));
     click(edit.cmdResetImage);
     EXPECT_EQ(program.exitCode(), 1);
-    EXPECT_EQ(edit.ImageChanged, 0);
+    EXPECT_THAT(flags(), ElementsAre(0, 0, 0, 0));
+}
+
+TEST_F(ItemEditor, ResetSound_OfAnUnknownDrive_TakesTheClickBackAndEndsWithTheDefaultReport) {
+    edit.load();
+    program.machine.files().addFile("D:\\p\\z.wav", "");
+    edit.Dir2.setPath("D:\\p");
+    edit.InitEdit("", "z.wav", "Normal", "");
+    edit.show();
+    select(edit.File2, 0);
+    ASSERT_THAT(flags(), ElementsAre(0, -1, 0, 0));
+    click(edit.cmdResetSound);
+    EXPECT_EQ(program.exitCode(), 1);
+    EXPECT_THAT(flags(), ElementsAre(0, 0, 0, 0));
 }
 
 TEST_F(ItemEditor, ResetComment_OfAChangedOneCountsAsAChangeStill) {

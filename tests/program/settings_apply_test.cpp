@@ -1,8 +1,11 @@
 // The settings dialog at work: its lists, "Done" and "Cancel", the way to the designer, help and home page.
 #include "designer/frm_designer.h"
+#include "editor/frm_edit.h"
 #include "program/settings_dialog.h"
 #include "settings/frm_about.h"
+#include "settings/help.h"
 #include "support/keys.h"
+#include "support/prompter.h"
 
 #include <map>
 
@@ -12,6 +15,8 @@ using sys::MessageAnswer;
 using sys::ScrollStep;
 using sys::simulated::ShownMessage;
 using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 constexpr sys::MessageIcon noIcon = sys::MessageIcon::none;
@@ -94,6 +99,17 @@ TEST_F(SettingsDialog, FolderLists_EveryMoveWrites) {
     EXPECT_EQ(dialog.txtImageListFile.text(), "T:\\Tessellarium\\");
 }
 
+TEST_F(SettingsDialog, FolderLists_ADriveWritesAlsoWhenItsFolderIsShownAlready) {
+    // Of a folder that isn't there the lists go to where the machine is, the drives to C.
+    frmConfig& dialog = openInFolderMode("Q:\\none\\");
+    click(dialog.cmdSelectFolder);
+    type("typed");
+    shared.ImageListFile = "";
+    select(dialog.Drive2, 1);
+    EXPECT_EQ(dialog.txtImageListFile.text(), "T:\\Tessellarium\\");
+    EXPECT_EQ(shared.ImageListFile, "T:\\Tessellarium\\");
+}
+
 TEST_F(SettingsDialog, DriveThatIsNotReady_EndsWithTheDefaultReport) {
     program.machine.files().addMemoryDrive('D');
     program.machine.files().setReady('D', false);
@@ -104,13 +120,16 @@ TEST_F(SettingsDialog, DriveThatIsNotReady_EndsWithTheDefaultReport) {
     EXPECT_THAT(messages(), ElementsAre(ShownMessage{"Device unavailable", "Tessellarium"}));
 }
 
-TEST_F(SettingsDialog, FolderThatVanished_EndsWithTheDefaultReport) {
-    frmConfig& dialog = openInFolderMode();
-    click(dialog.cmdSelectFolder);
-    program.machine.files().failOpening("C:\\pics\\inner", FailureCode::pathNotFound);
-    activate(dialog.Dir2, 2);
-    EXPECT_EQ(program.exitCode(), 1);
-    EXPECT_THAT(messages(), ElementsAre(ShownMessage{"Path not found", "Tessellarium"}));
+TEST_F(SettingsDialog, FolderThatVanishedOrIsRefused_EndsWithTheDefaultReport) {
+    for (const auto& [code, text] : {std::pair{FailureCode::pathNotFound, "Path not found"},
+                                     {FailureCode::pathFileAccess, "Path/File access error"}}) {
+        frmConfig& dialog = openInFolderMode();
+        click(dialog.cmdSelectFolder);
+        program.machine.files().failOpening("C:\\pics\\inner", code);
+        activate(dialog.Dir2, 2);
+        EXPECT_EQ(program.exitCode(), 1);
+        EXPECT_EQ(messages().back(), (ShownMessage{text, "Tessellarium"}));
+    }
 }
 
 // "Done" and "Cancel"
@@ -315,6 +334,16 @@ TEST_F(SettingsDialog, Done_ModeThatIsNeitherZeroNorOne_ChecksNothing) {
     EXPECT_EQ(stored("ImagePath"), "C:\\none\\");
 }
 
+TEST_F(SettingsDialog, Done_ModeThatWasNeitherZeroNorOne_IsTemplateModesAsTheDialogShows) {
+    program.setting("AllImages", "-1");
+    frmConfig& dialog = openInTemplateMode();
+    type("C:\\none\\show.txt");
+    program.machine.answerMessageBox(MessageAnswer::ok);
+    click(dialog.cmdExit);
+    EXPECT_EQ(messages().size(), 1U) << "the question";
+    EXPECT_EQ(stored("AllImages"), "0");
+}
+
 // The designer
 
 TEST_F(SettingsDialog, NewAndEdit_ShowTheDesignerAndTakeItsTemplate) {
@@ -353,6 +382,37 @@ TEST_F(SettingsDialog, Edit_AsksNothingOfTheText) {
     EXPECT_EQ(shared.ImageListFile, "no such file");
 }
 
+TEST_F(SettingsDialog, TemplateMadeInTheDesigner_IsKeptByDoneAlone) {
+    frmConfig& dialog = openInTemplateMode();
+    auto& designer = program.application().form<frmDesigner>();
+    auto& editor = program.application().form<frmEdit>();
+    auto& prompter = program.application().form<Prompter>();
+    program.machine.settings().takeWritten();
+    shared.LastImageFolder = "C:\\pics\\";
+    prompter.whenShown(designer, [&] {
+        prompter.whenShown(editor, [&] {
+            select(editor.File1, 0);
+            click(editor.cmdOk);
+        });
+        click(designer.cmdInsert);
+        program.machine.answerSaveDialog("C:\\t\\mine.txt");
+        click(designer.cmdSave);
+        program.machine.answerSaveDialog("C:\\t\\mine.scr");
+        click(designer.cmdWriteSCR);
+        click(designer.cmdOk);
+    });
+    click(dialog.cmdCreateTemplate);
+    EXPECT_FALSE(designer.loaded());
+    EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\t\\mine.txt");
+    EXPECT_THAT(program.machine.files().content("C:\\t\\mine.txt"), HasSubstr("IMAGE=C:\\pics\\a.bmp\r\n"));
+    EXPECT_THAT(program.machine.files().content("C:\\t\\mine.scr"), EndsWith("00000001\r\nTessellarium\r\n"));
+    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_THAT(program.machine.settings().takeWritten(), IsEmpty());
+    click(dialog.cmdExit);
+    EXPECT_EQ(stored("ImagePath"), "C:\\t\\");
+    EXPECT_EQ(stored("ImageListFile"), "mine.txt");
+}
+
 // Help and home page
 
 TEST_F(SettingsDialog, Contents_CallsTheViewer) {
@@ -363,6 +423,17 @@ TEST_F(SettingsDialog, Contents_CallsTheViewer) {
                 ElementsAre("winHelp(" + std::to_string(dialog.hWnd()) +
                             ", \"C:\\Program Files\\Tessellarium\\Tessellarium.HLP\", 3)"));
     EXPECT_THAT(messages(), IsEmpty());
+}
+
+TEST_F(SettingsDialog, Contents_NoHelpFile_IsTold) {
+    frmConfig& dialog = open();
+    program.machine.platform().forgetCalls();
+    showHelp(dialog, "");
+    EXPECT_THAT(program.machine.platform().calls(), IsEmpty());
+    EXPECT_THAT(messages(),
+                ElementsAre(ShownMessage{
+                    "Unable to display Help Contents. There is no Help associated with this project.",
+                    "Tessellarium Settings", sys::MessageButtons::ok, sys::MessageIcon::information}));
 }
 
 TEST_F(SettingsDialog, Contents_NoViewer_TellsAndGoesOn) {
@@ -453,11 +524,16 @@ TEST_F(SettingsDialog, About_ShowsItsTextsInEitherModeUntilEnterOrEscape) {
 }
 
 TEST(SettingsBanner, IsDrawnForTheScaleOfTheScreen) {
-    const std::map<double, float> widths = {{15, 278 * 15}, {10, 417 * 10}, {7.5, 556 * 7.5F}};
-    for (const auto& [twips, width] : widths) {
-        Program scaled({1920, 1200}, {twips, twips});
+    struct Row {
+        double twips;
+        float width, height; // in pixels
+    };
+    for (const Row& row : {Row{15, 278, 33}, Row{10, 417, 50}, Row{7.5, 556, 66}}) {
+        Program scaled({1920, 1200}, {row.twips, row.twips});
         scaled.start("/c");
-        EXPECT_EQ(scaled.application().form<frmConfig>().Picture1.picture()->width(), width);
+        const sys::Picture& picture = *scaled.application().form<frmConfig>().Picture1.picture();
+        EXPECT_EQ(picture.width(), row.width * row.twips);
+        EXPECT_EQ(picture.height(), row.height * row.twips);
     }
 }
 

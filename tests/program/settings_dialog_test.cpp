@@ -256,6 +256,7 @@ TEST_F(SettingsDialog, TemplateMode_ShowsItsGuidanceAndItsFolder) {
         EXPECT_FALSE(dialog.cmdSelectFolder.enabled());
         EXPECT_TRUE(dialog.cmdSelectTemplate.enabled() && dialog.cmdCreateTemplate.enabled() &&
                     dialog.cmdEditTemplate.enabled());
+        EXPECT_EQ(shared.AllImages, 0) << "by the click that the box raises when the load ticks it";
         EXPECT_EQ(dialog.Dir1.path(), "C:\\t");
         EXPECT_EQ(dialog.File1.listCount(), 2);
         EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\t\\show.txt");
@@ -273,6 +274,21 @@ TEST_F(SettingsDialog, StandAlone_DisablesEveryWayToAnotherContent) {
                  dialog.cmdCreateTemplate.enabled() || dialog.cmdEditTemplate.enabled());
 }
 
+TEST_F(SettingsDialog, Guidance_OfARunThatIsNeitherIsThatOfStandAlone) {
+    frmConfig& dialog = openInTemplateMode();
+    shared.RunMode = 1;
+    dialog.ShowHelperText();
+    EXPECT_EQ(dialog.txtHelper.text(), standAloneGuidance);
+}
+
+TEST_F(SettingsDialog, Guidance_CanNotBeChanged) {
+    frmConfig& dialog = openInTemplateMode();
+    program.machine.user().giveFocus(dialog.txtHelper.hWnd());
+    program.machine.user().type('x');
+    program.advance(0);
+    EXPECT_EQ(dialog.txtHelper.text(), templateGuidance);
+}
+
 TEST_F(SettingsDialog, StandAlone_LeavesPathAndListsAsTheyAre) {
     program.setting("ImagePath", "C:\\pics");
     program.setting("ImageListFile", "show.txt");
@@ -286,7 +302,7 @@ TEST_F(SettingsDialog, StandAlone_LeavesPathAndListsAsTheyAre) {
 
 TEST_F(SettingsDialog, MissingDriveOrFolder_TakesAllListsToWhereTheMachineIs) {
     for (const char* folder : {"Q:\\none\\", "C:\\none\\", "none\\"}) {
-        for (const char* mode : {"0", "1"}) {
+        for (const std::string mode : {"0", "1"}) {
             program.setting("AllImages", mode);
             program.setting("ImagePath", folder);
             program.start("/c");
@@ -294,10 +310,33 @@ TEST_F(SettingsDialog, MissingDriveOrFolder_TakesAllListsToWhereTheMachineIs) {
             EXPECT_EQ(form().Drive2.drive(), "C:") << folder;
             EXPECT_EQ(form().Dir1.path(), "T:\\Tessellarium") << folder;
             EXPECT_EQ(form().Dir2.path(), "T:\\Tessellarium") << folder;
+            // The way of the folder list is a choice like any other. Meant so: it stands behind the missing
+            // folder as if it were the template's name.
+            EXPECT_EQ(shared.ImageListFile, "T:\\Tessellarium\\") << folder;
+            EXPECT_EQ(form().txtImageListFile.text(),
+                      folder + std::string(mode == "1" ? "" : "T:\\Tessellarium\\"));
             EXPECT_THAT(messages(), IsEmpty());
             EXPECT_FALSE(program.over());
             form().unload();
         }
+    }
+}
+
+TEST_F(SettingsDialog, DriveThatIsNotReadyAtTheLoad_TakesAllListsToWhereTheMachineIs) {
+    // Here the drive is in the list, and it is the event of its selection that fails.
+    program.machine.files().addMemoryDrive('D');
+    program.machine.files().setReady('D', false);
+    program.setting("ImagePath", "D:\\x\\");
+    for (const char* mode : {"0", "1"}) {
+        program.setting("AllImages", mode);
+        program.start("/c");
+        ASSERT_FALSE(program.over());
+        EXPECT_EQ(form().Drive1.drive(), "C:") << mode;
+        EXPECT_EQ(form().Drive2.drive(), "C:") << mode;
+        EXPECT_EQ(form().Dir1.path(), "T:\\Tessellarium") << mode;
+        EXPECT_EQ(form().Dir2.path(), "T:\\Tessellarium") << mode;
+        EXPECT_THAT(messages(), IsEmpty());
+        form().unload();
     }
 }
 
@@ -347,6 +386,11 @@ TEST_F(SettingsDialog, FolderBoxTicked_EntersTheHandlersInTheirOrder) {
     program.application().setObserver(nullptr);
     EXPECT_EQ(shared.AllImages, 1);
     EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\t\\") << "by the folder list's way to `ImagePath`";
+    EXPECT_EQ(panel(), "text");
+    EXPECT_EQ(dialog.txtHelper.text(), folderGuidance);
+    EXPECT_TRUE(dialog.cmdSelectFolder.enabled());
+    EXPECT_FALSE(dialog.cmdSelectTemplate.enabled() || dialog.cmdCreateTemplate.enabled() ||
+                 dialog.cmdEditTemplate.enabled());
 }
 
 TEST_F(SettingsDialog, TemplateBoxTicked_EntersTheHandlersInTheirOrder) {
@@ -359,6 +403,11 @@ TEST_F(SettingsDialog, TemplateBoxTicked_EntersTheHandlersInTheirOrder) {
                             "mode 0, folder 0, template 1", "mode 0, folder 0, template 1"));
     program.application().setObserver(nullptr);
     EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\pics\\") << "the text stays";
+    EXPECT_EQ(panel(), "text");
+    EXPECT_EQ(dialog.txtHelper.text(), templateGuidance);
+    EXPECT_FALSE(dialog.cmdSelectFolder.enabled());
+    EXPECT_TRUE(dialog.cmdSelectTemplate.enabled() && dialog.cmdCreateTemplate.enabled() &&
+                dialog.cmdEditTemplate.enabled());
 }
 
 TEST_F(SettingsDialog, TickedBoxClicked_StaysAndBringsTheGuidanceBack) {
@@ -371,6 +420,24 @@ TEST_F(SettingsDialog, TickedBoxClicked_StaysAndBringsTheGuidanceBack) {
     EXPECT_EQ(dialog.chkFolderMode.value(), 0);
     EXPECT_EQ(shared.AllImages, 0);
     EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\t\\show.txt");
+}
+
+TEST_F(SettingsDialog, TickedFolderBoxClicked_StaysAndTakesTheListBackToItsFolder) {
+    frmConfig& dialog = openInFolderMode();
+    click(dialog.cmdSelectFolder);
+    type("typed");
+    click(dialog.chkFolderMode);
+    EXPECT_EQ(panel(), "text");
+    EXPECT_EQ(dialog.chkFolderMode.value(), 1);
+    EXPECT_EQ(dialog.chkTemplateMode.value(), 0);
+    EXPECT_EQ(shared.AllImages, 1);
+    EXPECT_EQ(dialog.txtImageListFile.text(), "typed");
+    click(dialog.cmdSelectFolder);
+    activate(dialog.Dir2, 2);
+    EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\pics\\inner\\");
+    click(dialog.chkFolderMode);
+    EXPECT_EQ(dialog.txtImageListFile.text(), "C:\\pics\\")
+        << "meant so: the way back is a move through the list, too, and a choice";
 }
 
 TEST_F(SettingsDialog, StandAlone_TheKeyboardPassesWhatIsDisabled) {

@@ -122,6 +122,8 @@ public:
     void clickedAt(Input& input, Point at) override;
     void doubleClickedAt(Input& input, Point at) override;
     bool takeKey(Input& input, int keyCode, int shift) override;
+    /// A letter selects the next row that begins with it.
+    void takeCharacter(Input& input, int character) override;
     /// The user clicks on a row.
     void choose(Input& input, int row);
     void draw(Bitmap& target, Point at, const PixelRect& clip) const override;

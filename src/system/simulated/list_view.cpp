@@ -64,6 +64,21 @@ bool ListViewWindow::takeKey(Input& input, int keyCode, int shift) {
     }
 }
 
+void ListViewWindow::takeCharacter(Input& input, int character) {
+    const auto lower = [](int letter) {
+        return letter >= 'A' && letter <= 'Z' ? letter - 'A' + 'a' : letter;
+    };
+    const int rows = static_cast<int>(rows_.size());
+    for (int passed = 1; passed <= rows; ++passed) {
+        const int row = (selected_ + passed) % rows;
+        const std::string& text = rows_[static_cast<std::size_t>(row)][0];
+        if (!text.empty() && lower(text[0]) == lower(character)) {
+            choose(input, row);
+            return;
+        }
+    }
+}
+
 void ListViewWindow::choose(Input& input, int row) {
     if (row >= 0 && row < static_cast<int>(rows_.size()) && row != selected_) {
         select(row);

@@ -71,6 +71,7 @@ public:
         case LVN_GETDISPINFOA: tellText(rows_, reinterpret_cast<NMLVDISPINFOA*>(lParam)->item); return 0;
         case LVN_ODFINDITEMA: return findRow(rows_, *reinterpret_cast<const NMLVFINDITEMA*>(lParam));
         case LVN_ITEMCHANGED: reportSelected(*reinterpret_cast<const NMLISTVIEW*>(lParam)); return 0;
+        case LVN_ODFINDITEMW: return findWide(*reinterpret_cast<const NMLVFINDITEMW*>(lParam));
         default: return std::nullopt;
         }
     }
@@ -139,6 +140,15 @@ private:
         if (!stale_)
             InvalidateRect(native(), nullptr, TRUE);
         stale_ = true;
+    }
+
+    /// Wine asks so also of an ANSI window; without an answer any letter selects the first row.
+    LRESULT findWide(const NMLVFINDITEMW& wanted) const {
+        char text[MAX_PATH] = "";
+        if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) != 0)
+            WideCharToMultiByte(CP_ACP, 0, wanted.lvfi.psz, -1, text, sizeof text, nullptr, nullptr);
+        const NMLVFINDITEMA narrow{wanted.hdr, wanted.iStart, {wanted.lvfi.flags, text, 0, {}, 0}};
+        return findRow(rows_, narrow);
     }
 
     void reportSelected(const NMLISTVIEW& change) {

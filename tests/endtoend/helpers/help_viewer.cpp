@@ -1,5 +1,6 @@
 // Stands for the system's help viewer: prints a line when it is there, and then for each request the window
-// it comes from, the command and the file, divided by tabs. Ends with its input.
+// it comes from, the command, whether there are data (1 or 0) and the file, divided by tabs. Ends with its
+// input.
 #include <cstdint>
 #include <iostream>
 #include <string>
@@ -25,7 +26,8 @@ LRESULT CALLBACK received(HWND window, UINT message, WPARAM wParam, LPARAM lPara
     }
     const auto* bytes = static_cast<const char*>(reinterpret_cast<const COPYDATASTRUCT*>(lParam)->lpData);
     const auto& request = *reinterpret_cast<const Request*>(bytes);
-    std::cout << wParam << '\t' << request.command << '\t' << bytes + request.fileName << std::endl;
+    std::cout << wParam << '\t' << request.command << '\t' << (request.data != 0) << '\t'
+              << bytes + request.fileName << std::endl;
     return TRUE;
 }
 
