@@ -79,7 +79,7 @@ std::optional<LRESULT> answeredAlike(CanvasWindow& canvas, HWND window, UINT mes
     case WM_CLOSE: events.closeRequested(window, CloseReason::byUser); return 0;
     case WM_QUERYENDSESSION:
         events.closeRequested(window, CloseReason::sessionEnds);
-        return IsWindow(window) ? FALSE : TRUE;
+        return IsWindow(window) != 0 ? FALSE : TRUE;
     default: return std::nullopt;
     }
 }

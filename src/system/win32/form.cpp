@@ -35,8 +35,8 @@ void addEntries(HMENU menu, const std::vector<MenuEntry>& entries) {
         }
         OwnedMenu opened(CreatePopupMenu());
         addEntries(opened.get(), entry.entries);
-        if (AppendMenuA(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(opened.get()), entry.caption.c_str()))
-            opened.release(); // it goes with the menu
+        if (AppendMenuA(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(opened.get()), entry.caption.c_str()) != 0)
+            static_cast<void>(opened.release()); // it goes with the menu
     }
 }
 
@@ -53,8 +53,8 @@ public:
         if (!style.menu.empty()) {
             OwnedMenu menu(CreateMenu());
             addEntries(menu.get(), style.menu);
-            if (SetMenu(native(), menu.get()))
-                menu.release(); // it goes with the window
+            if (SetMenu(native(), menu.get()) != 0)
+                static_cast<void>(menu.release()); // it goes with the window
         }
     }
 
