@@ -69,14 +69,14 @@ TEST_F(DesignerEditing, PathWhoseColumnIsEmpty_LeavesItsFoldersAloneAndHasNoName
     edit(1, [this] {
         EXPECT_EQ(editor().lblOriginalImage.caption(), "Image File: T:\\Tessellarium\\");
         EXPECT_EQ(editor().lblOriginalSound.caption(), "Sound File: C:\\snd\\a.wav");
-        closeEditor();
+        close(editor());
     });
     form().ListView1.setText(1, 1, "a.jpg");
     form().ListView1.setText(1, 2, "");
     edit(1, [this] {
         EXPECT_EQ(editor().lblOriginalImage.caption(), "Image File: C:\\pics\\a.jpg");
         EXPECT_EQ(editor().lblOriginalSound.caption(), "Sound File: T:\\Tessellarium\\");
-        closeEditor();
+        close(editor());
     });
 }
 
@@ -208,7 +208,7 @@ TEST_F(DesignerEditing, FolderOfTheLastPickingGone_LeavesTheRowAsItIs) {
     const std::vector<std::function<void()>> ends = {
         [this] { click(editor().cmdOk); },
         [this] { click(editor().cmdCancel); },
-        [this] { closeEditor(); },
+        [this] { close(editor()); },
     };
     for (std::size_t end = 0; end < ends.size(); ++end) {
         openRow("one\r\nIMAGE=C:\\other\\c.jpg\r\nDISSOLVE=Normal\r\ntwo\r\nlines\r\n");
