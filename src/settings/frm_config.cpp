@@ -25,12 +25,13 @@ toolkit::LabelDesign frmConfig::centered(const toolkit::Design& control, const s
 }
 
 toolkit::PictureBoxDesign frmConfig::banner(const toolkit::Design& control) {
-    // The one that is sharp on this screen: the nearest of those that were drawn.
+    // The one that was drawn for this screen, or else the next larger one, which shrinks well.
     const double scale = sys::twipsPerDialogPixel / Application::current().system().twipsPerPixel().x;
     return {.control = control,
-            .picture = scale < 1.25   ? resources::settings_banner_100
-                       : scale < 1.75 ? resources::settings_banner_150
-                                      : resources::settings_banner_200};
+            .picture = scale <= 1     ? resources::settings_banner_100
+                       : scale <= 1.5 ? resources::settings_banner_150
+                                      : resources::settings_banner_200,
+            .stretched = true};
 }
 
 frmConfig::frmConfig()

@@ -9,10 +9,7 @@ namespace toolkit {
 
 namespace {
 
-void paintWhole(sys::Canvas& surface, const sys::Picture& picture) {
-    const sys::Area whole{0, 0, picture.width(), picture.height()};
-    surface.paint(picture, whole, whole);
-}
+sys::Area wholeOf(const sys::Picture& picture) { return {0, 0, picture.width(), picture.height()}; }
 
 } // namespace
 
@@ -23,7 +20,7 @@ void Canvas::setPicture(sys::PicturePtr picture) {
     if (hasSurface()) {
         surface().clear();
         if (picture_) {
-            paintWhole(surface(), *picture_);
+            surface().paint(*picture_, wholeOf(*picture_), wholeOf(*picture_));
         }
         Application::current().markChanged(*this);
     }
@@ -64,9 +61,9 @@ void Canvas::assumePicture(sys::PicturePtr picture, sys::Color backColor) {
     backColor_ = backColor;
 }
 
-void Canvas::paintNewSurface(sys::Canvas& surface) {
+void Canvas::paintNewSurface(sys::Canvas& surface, const std::optional<sys::Area>& target) {
     if (picture_) {
-        paintWhole(surface, *picture_);
+        surface.paint(*picture_, target.value_or(wholeOf(*picture_)), wholeOf(*picture_));
         Application::current().markChanged(*this);
     }
 }

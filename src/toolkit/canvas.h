@@ -4,6 +4,8 @@
 #include "system/window.h"
 #include "toolkit/observer.h"
 
+#include <optional>
+
 namespace toolkit {
 
 class Canvas {
@@ -39,8 +41,8 @@ protected:
     sys::Color backColor() const { return backColor_; }
     /// The picture and the colour of the design, at the form's load.
     void assumePicture(sys::PicturePtr picture, sys::Color backColor);
-    /// To be called by the maker of a new native window.
-    void paintNewSurface(sys::Canvas& surface);
+    /// To be called by the maker of a new native window. The picture comes in its size, or fills `target`.
+    void paintNewSurface(sys::Canvas& surface, const std::optional<sys::Area>& target = {});
 
 private:
     Element& self_;

@@ -122,6 +122,9 @@ void Form::unload(sys::CloseReason reason) {
     shown_ = false;
     // While its window still stands: the system gives the keyboard to another only if that can take it.
     Application::current().formHides(*this);
+    if (design_.dialog && hasWindow()) {
+        window().show(false); // at once, or its controls would be seen going one by one
+    }
     for (Component* component : components_) {
         component->unload();
     }

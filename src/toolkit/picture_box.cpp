@@ -18,7 +18,11 @@ void PictureBox::load() {
 std::unique_ptr<sys::Window> PictureBox::makeWindow() {
     auto made = Application::current().system().createPictureBox(container().nativeWindow(), backColor());
     made->place(area());
-    paintNewSurface(*made);
+    if (design_.stretched) {
+        paintNewSurface(*made, sys::Area{0, 0, width(), height()});
+    } else {
+        paintNewSurface(*made);
+    }
     return made;
 }
 

@@ -13,6 +13,7 @@ struct PictureBoxDesign {
     Design control{};
     sys::Color backColor{};
     std::span<const std::uint8_t> picture{}; // the bytes of a picture file; none: no picture
+    bool stretched = false;                  // the design's picture fills the box
 };
 
 class PictureBox : public Control, public Canvas {

@@ -145,10 +145,13 @@ class DesignerCase(EndToEndCase):
         return self.wait_for_package(name + ".scr")
 
     def wait_for_package(self, name):
-        package = os.path.join(self.pictures, name)
-        wait_until(lambda: os.path.exists(package) and self.content(name).endswith(b"Tessellarium\r\n"),
-                   "the package isn't finished")
-        return package
+        def finished():
+            try:
+                return self.content(name).endswith(b"Tessellarium\r\n")
+            except FileNotFoundError:  # also while a former one gives way to it
+                return False
+        wait_until(finished, "the package isn't finished")
+        return os.path.join(self.pictures, name)
 
     def finish(self, settings, designer, template):
         """Closes both dialogs and keeps the template."""

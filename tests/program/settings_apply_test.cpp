@@ -537,4 +537,30 @@ TEST(SettingsBanner, IsDrawnForTheScaleOfTheScreen) {
     }
 }
 
+/// Of a bitmap's columns, the `part`th sixteenth: how much green there is on average.
+int greenOf(const sys::simulated::Bitmap& bitmap, int part) {
+    int sum = 0;
+    int pixels = 0;
+    for (int x = bitmap.size().width * part / 16; x < bitmap.size().width * (part + 1) / 16; ++x) {
+        for (int y = 0; y < bitmap.size().height; ++y, ++pixels) {
+            sum += bitmap.at(x, y).green;
+        }
+    }
+    return sum / pixels;
+}
+
+TEST(SettingsBanner, OnAScreenBetweenTheScales_FillsItsBox) {
+    for (const double twips : {12.0, 60.0 / 7}) { // 125 % and 175 %
+        Program scaled({1920, 1200}, {twips, twips});
+        scaled.start("/c");
+        auto& banner = scaled.application().form<frmConfig>().Picture1;
+        const auto& drawn = dynamic_cast<const sys::simulated::DecodedPicture&>(*banner.picture()).pixels();
+        const sys::simulated::Bitmap& shown = scaled.machine.surface(banner.hWnd());
+        ASSERT_GT(drawn.size().width, shown.size().width);
+        for (int part = 0; part < 16; ++part) {
+            EXPECT_NEAR(greenOf(shown, part), greenOf(drawn, part), 4) << twips << ' ' << part;
+        }
+    }
+}
+
 } // namespace

@@ -31,8 +31,9 @@ void settleTabStops(HWND option) {
     for (HWND next = first; next != nullptr && isOption(next) && (next == first || !beginsGroup(next));
          next = GetWindow(next, GW_HWNDNEXT)) {
         group.push_back(next);
-        if (SendMessageA(next, BM_GETCHECK, 0, 0) == BST_CHECKED)
+        if (SendMessageA(next, BM_GETCHECK, 0, 0) == BST_CHECKED) {
             stop = next;
+        }
     }
     for (HWND member : group) {
         const LONG_PTR others = GetWindowLongPtrA(member, GWL_STYLE) & ~LONG_PTR{WS_TABSTOP};
@@ -71,8 +72,9 @@ public:
 
     void setChecked(bool checked) override {
         passToClass(BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
-        if (isOption(native()))
+        if (isOption(native())) {
             settleTabStops(native());
+        }
     }
 
     std::optional<LRESULT> reflected(UINT message, WPARAM wParam, LPARAM /*lParam*/) override {

@@ -40,7 +40,7 @@ OwnedIcon iconFrom(Bytes file, int side) {
 /// The same icon, faint; null when it can't be made.
 OwnedIcon faded(HICON icon, int side) {
     ICONINFO parts{};
-    if (!GetIconInfo(icon, &parts)) {
+    if (GetIconInfo(icon, &parts) == 0) {
         return nullptr;
     }
     const OwnedBitmap color(parts.hbmColor);

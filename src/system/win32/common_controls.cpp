@@ -8,8 +8,9 @@ void needCommonControls(DWORD classes) {
     const auto initialize =
         lateProcedure<BOOL WINAPI(const INITCOMMONCONTROLSEX*)>("comctl32.dll", "InitCommonControlsEx");
     const INITCOMMONCONTROLSEX wanted{sizeof wanted, classes};
-    if (initialize != nullptr)
+    if (initialize != nullptr) {
         initialize(&wanted);
+    }
 }
 
 } // namespace sys::win32

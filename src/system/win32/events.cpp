@@ -295,8 +295,9 @@ bool Events::isTakenByDialog(MSG& message) {
         keyPressed(message.hwnd, message.wParam);
     } else if (message.message == WM_CHAR) {
         message.wParam = static_cast<WPARAM>(characterTyped(message.hwnd, message.wParam));
-        if (message.wParam == 0)
+        if (message.wParam == 0) {
             return true;
+        }
     }
     return IsDialogMessageA(form, &message) != 0;
 }

@@ -316,8 +316,9 @@ std::string Win32Files::wholeFolder(const std::string& path) {
             codeOf(GetLastError()) == FailureCode::deviceUnavailable || isOnMissingDrive(whole);
         throw Failure(notReady ? FailureCode::deviceUnavailable : FailureCode::pathNotFound);
     }
-    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0)
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
         throw Failure(FailureCode::pathNotFound);
+    }
     return whole;
 }
 

@@ -35,8 +35,10 @@ void addEntries(HMENU menu, const std::vector<MenuEntry>& entries) {
         }
         OwnedMenu opened(CreatePopupMenu());
         addEntries(opened.get(), entry.entries);
-        if (AppendMenuA(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(opened.get()), entry.caption.c_str()) != 0)
+        if (AppendMenuA(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(opened.get()), entry.caption.c_str()) !=
+            0) {
             static_cast<void>(opened.release()); // it goes with the menu
+        }
     }
 }
 
@@ -53,15 +55,17 @@ public:
         if (!style.menu.empty()) {
             OwnedMenu menu(CreateMenu());
             addEntries(menu.get(), style.menu);
-            if (SetMenu(native(), menu.get()) != 0)
+            if (SetMenu(native(), menu.get()) != 0) {
                 static_cast<void>(menu.release()); // it goes with the window
+            }
         }
     }
 
     void place(const Area& area) override {
         const PixelRect inside = toPixels(area, scale());
         RECT outside{inside.left, inside.top, inside.right, inside.bottom};
-        AdjustWindowRectEx(&outside, styleOf(GWL_STYLE), GetMenu(native()) != nullptr, styleOf(GWL_EXSTYLE));
+        AdjustWindowRectEx(&outside, styleOf(GWL_STYLE), GetMenu(native()) != nullptr ? TRUE : FALSE,
+                           styleOf(GWL_EXSTYLE));
         SetWindowPos(native(), nullptr, outside.left, outside.top, outside.right - outside.left,
                      outside.bottom - outside.top, SWP_NOZORDER | SWP_NOACTIVATE);
     }

@@ -20,15 +20,17 @@ public:
     void select(int index) override { passToClass(messages_.set, static_cast<WPARAM>(index), 0); }
 
     std::optional<LRESULT> received(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (message != messages_.set && message != messages_.setByText)
+        if (message != messages_.set && message != messages_.setByText) {
             return std::nullopt;
+        }
         // Another program selects for the user, who can't take a selection away.
         const int former = selected();
         const LRESULT result = passToClass(message, wParam, lParam);
-        if (result < 0)
+        if (result < 0) {
             select(former);
-        else
+        } else {
             input().itemSelected(handle(), selected());
+        }
         return result;
     }
 
@@ -123,7 +125,8 @@ private:
         SIZE size{};
         GetTextExtentPoint32A(dc.get(), longest_.c_str(), static_cast<int>(longest_.size()), &size);
         constexpr LONG margin = 6;
-        send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(size.cx + margin));
+        const LONG room = size.cx + margin;
+        send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(room));
     }
 
     void draw(const DRAWITEMSTRUCT& item) const {
@@ -152,7 +155,7 @@ public:
     /// As high as given while it is closed; opened, it has room for some items more.
     void place(const Area& area) override {
         const PixelRect pixels = toPixels(area, scale());
-        constexpr WPARAM closedPart = static_cast<WPARAM>(-1);
+        constexpr auto closedPart = static_cast<WPARAM>(-1);
         const auto border = static_cast<int>(pixels.height() - send(CB_GETITEMHEIGHT, closedPart));
         constexpr int usualBorder = 6;
         if (border != usualBorder) {

@@ -3,6 +3,7 @@
 #include "system/win32/list_view_rows.h"
 #include "system/win32/system_win32.h"
 
+#include <array>
 #include <utility>
 
 namespace sys::win32 {
@@ -22,8 +23,9 @@ public:
                WS_EX_CLIENTEDGE);
         constexpr LPARAM look = LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP | LVS_EX_DOUBLEBUFFER;
         send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, look);
-        for (std::size_t index = 0; index < columns.size(); ++index)
+        for (std::size_t index = 0; index < columns.size(); ++index) {
             addColumn(index, columns[index]);
+        }
     }
 
     void place(const Area& area) override {
@@ -60,13 +62,15 @@ public:
         item.state = row < 0 ? 0 : item.stateMask;
         send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item)); // -1: of all rows
         selecting_ = false;
-        if (row >= 0)
+        if (row >= 0) {
             send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+        }
     }
 
     std::optional<LRESULT> reflected(UINT message, WPARAM /*wParam*/, LPARAM lParam) override {
-        if (message != WM_NOTIFY)
+        if (message != WM_NOTIFY) {
             return std::nullopt;
+        }
         switch (reinterpret_cast<const NMHDR*>(lParam)->code) {
         case LVN_GETDISPINFOA: tellText(rows_, reinterpret_cast<NMLVDISPINFOA*>(lParam)->item); return 0;
         case LVN_ODFINDITEMA: return findRow(rows_, *reinterpret_cast<const NMLVFINDITEMA*>(lParam));
@@ -83,8 +87,9 @@ public:
             return DLGC_WANTARROWS | DLGC_WANTCHARS | (asksForEnter(lParam) ? DLGC_WANTMESSAGE : 0);
         case WM_PAINT: stale_ = false; return std::nullopt;
         case WM_LBUTTONDBLCLK:
-            if (const int row = rowAt(lParam); row >= 0)
+            if (const int row = rowAt(lParam); row >= 0) {
                 input().itemActivated(handle(), row);
+            }
             return 0;
         case WM_LBUTTONDOWN:
         case WM_RBUTTONDOWN:
@@ -117,10 +122,12 @@ private:
         RECT inside{};
         GetClientRect(native(), &inside);
         int room = static_cast<int>(inside.right);
-        for (std::size_t column = 0; column + 1 < columnCount_; ++column)
+        for (std::size_t column = 0; column + 1 < columnCount_; ++column) {
             room -= widthOf(column);
-        if (room > 0 && room < widthOf(columnCount_ - 1))
+        }
+        if (room > 0 && room < widthOf(columnCount_ - 1)) {
             send(LVM_SETCOLUMNWIDTH, columnCount_ - 1, room);
+        }
     }
 
     /// The system is told at the next message, once for all rows that came or went until then: it takes
@@ -131,23 +138,27 @@ private:
     }
 
     void takeCount() {
-        if (!std::exchange(counted_, true))
+        if (!std::exchange(counted_, true)) {
             send(LVM_SETITEMCOUNT, rows_.size(), LVSICF_NOSCROLL | LVSICF_NOINVALIDATEALL);
+        }
     }
 
     /// Once for all that changes until then.
     void repaint() {
-        if (!stale_)
+        if (!stale_) {
             InvalidateRect(native(), nullptr, TRUE);
+        }
         stale_ = true;
     }
 
     /// Wine asks so also of an ANSI window; without an answer any letter selects the first row.
     LRESULT findWide(const NMLVFINDITEMW& wanted) const {
-        char text[MAX_PATH] = "";
-        if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) != 0)
-            WideCharToMultiByte(CP_ACP, 0, wanted.lvfi.psz, -1, text, sizeof text, nullptr, nullptr);
-        const NMLVFINDITEMA narrow{wanted.hdr, wanted.iStart, {wanted.lvfi.flags, text, 0, {}, 0}};
+        std::array<char, MAX_PATH> text{};
+        if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) != 0) {
+            WideCharToMultiByte(CP_ACP, 0, wanted.lvfi.psz, -1, text.data(), static_cast<int>(text.size()),
+                                nullptr, nullptr);
+        }
+        const NMLVFINDITEMA narrow{wanted.hdr, wanted.iStart, {wanted.lvfi.flags, text.data(), 0, {}, 0}};
         return findRow(rows_, narrow);
     }
 
@@ -155,8 +166,9 @@ private:
         const bool becameSelected = (change.uChanged & LVIF_STATE) != 0 &&
                                     (change.uNewState & LVIS_SELECTED) != 0 &&
                                     (change.uOldState & LVIS_SELECTED) == 0;
-        if (selecting_ || !becameSelected || change.iItem < 0)
+        if (selecting_ || !becameSelected || change.iItem < 0) {
             return;
+        }
         selected_ = change.iItem;
         input().itemSelected(handle(), selected_);
     }
@@ -176,8 +188,9 @@ private:
             return 0;
         }
         // With Ctrl the arrows are the program's, not the system's.
-        if (withControl && (key == VK_UP || key == VK_DOWN))
+        if (withControl && (key == VK_UP || key == VK_DOWN)) {
             return 0;
+        }
         return keepingSelection(WM_KEYDOWN, key, lParam);
     }
 
@@ -186,8 +199,9 @@ private:
         const HWND window = native();
         const LRESULT result = passToClass(message, wParam, lParam);
         if (WindowOwner::of(window) == this && selected_ >= 0 &&
-            send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED) < 0)
+            send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED) < 0) {
             select(selected_);
+        }
         return result;
     }
 

@@ -29,23 +29,27 @@ public:
     }
 
     void play() override {
-        if (!graph_ || playing())
+        if (!graph_ || playing()) {
             return;
-        if (!paused_)
+        }
+        if (!paused_) {
             graph_->moveTo(0);
+        }
         run();
     }
 
     void stop() override {
-        if (running_ || paused_)
+        if (running_ || paused_) {
             graph_->stop();
+        }
         running_ = false;
         paused_ = false;
     }
 
     void pause() override {
-        if (!playing())
+        if (!playing()) {
             return;
+        }
         graph_->pause();
         running_ = false;
         paused_ = true;
@@ -67,11 +71,13 @@ public:
     std::int64_t position() override { return playing() || paused_ ? graph_->position() : 0; }
 
     void moveTo(std::int64_t position) override {
-        if (!graph_)
+        if (!graph_) {
             return;
+        }
         graph_->moveTo(std::clamp<std::int64_t>(position, 0, graph_->length()));
-        if (!paused_)
+        if (!paused_) {
             run();
+        }
     }
 
 private:
@@ -80,15 +86,17 @@ private:
     void run() {
         running_ = graph_->run();
         paused_ = false;
-        if (running_)
+        if (running_) {
             SetTimer(native(), 1, lookInterval, stopWhenOver);
+        }
     }
 
     /// A sound is stopped at its end, whether anybody asks for it or not, so that the device is free and lets
     /// the machine go to sleep.
     static void CALLBACK stopWhenOver(HWND window, UINT, UINT_PTR timer, DWORD) {
-        if (!static_cast<MediaPlayerWindow*>(WindowOwner::of(window))->playing())
+        if (!static_cast<MediaPlayerWindow*>(WindowOwner::of(window))->playing()) {
             KillTimer(window, timer);
+        }
     }
 
     std::unique_ptr<AudioGraph> graph_; // null: nothing that can be played

@@ -20,8 +20,9 @@ void ToolTip::show(HWND control, const std::string& text) {
 }
 
 void ToolTip::relay(HWND control, UINT message, WPARAM wParam, LPARAM lParam) const {
-    if (window_ == nullptr || message < WM_MOUSEFIRST || message > WM_MOUSELAST)
+    if (window_ == nullptr || message < WM_MOUSEFIRST || message > WM_MOUSELAST) {
         return;
+    }
     MSG relayed{};
     relayed.hwnd = control;
     relayed.message = message;
