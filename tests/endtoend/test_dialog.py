@@ -235,6 +235,16 @@ class HomePageTest(DialogCase):
 
 
 class KilledTest(DialogCase):
+    def moments(self, reached, whole):
+        """After so many changes of twelve the dialog is killed; `reached` tells how far it came. On a busy machine
+        the blow falls late, and more of them are tried."""
+        yield from (2, 5, 8, 11)
+        for _ in range(8):
+            if reached - {0, whole}:
+                return
+            yield 1
+        self.assertTrue(reached - {0, whole}, f"none was killed in the midst of saving: {reached}")
+
     def test_a_dialog_killed_while_it_saves_leaves_settings_that_a_start_reads(self):
         picture = self.add("a.bmp", quarters(300, 200))
         old = {"ImagePath": "C:\\", "ImageInterval": "1", "ImageListFile": "old.txt", "FullScreen": "0",
@@ -243,7 +253,7 @@ class KilledTest(DialogCase):
         new = {**old, "ImagePath": self.windows_folder() + "\\", "ImageListFile": "",
                "ImageOrderRandom": "1", "Blocks": "20", "MouseSensitivity": "200", "IgnoreMouse": "1"}
         reached = set()
-        for changes in (2, 5, 8, 11):  # of twelve
+        for changes in self.moments(reached, 6):
             dialog = self.open(**old)
             dialog.enter(self.windows_folder())
             dialog.click("Random", 1)
@@ -265,13 +275,11 @@ class KilledTest(DialogCase):
             dialog.show.wait_for_end()  # before the next one is looked for
             if all(written):
                 self.check_show(self.frame().centre(picture))
-        self.assertTrue(reached - {0, 6}, f"none was killed in the midst of saving: {reached}")
-
 
     def test_a_first_dialog_killed_while_it_saves_leaves_settings_that_a_start_reads(self):
         picture = self.add("a.bmp", quarters(300, 200))
         reached = set()
-        for changes in (2, 5, 8, 11):  # of twelve
+        for changes in self.moments(reached, 12):
             self.machine.clear_key(SETTINGS)
             dialog = Dialog(self, self.start_program(self.program, "/c"))
             dialog.click("Folder Mode")
@@ -293,7 +301,6 @@ class KilledTest(DialogCase):
             dialog.show.wait_for_end()
             if "AllImages" in stored:
                 self.check_show(self.frame().stretch(picture, blur=8))
-        self.assertTrue(reached - {0, 12}, f"none was killed in the midst of saving: {reached}")
 
 
 class StandAloneDialogTest(PackageCase, DialogCase):
