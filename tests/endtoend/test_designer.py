@@ -116,7 +116,8 @@ class Editor(Dialog):
         (box,) = self.controls("edit")
         self.machine.act("mousemove", box.left + 20, box.top + 10, "click", "1")
         self.machine.act("type", "--delay", "0", text)
-        self._probe.settle(self.form)
+        typed = text.replace("\n", "\r\n")
+        wait_until(lambda: typed in self.controls("edit")[0].text, "the comment isn't typed")
 
 
 class DesignerCase(EndToEndCase):
