@@ -351,9 +351,21 @@ class JourneyTest(DesignerCase, ListeningCase):
         self.keep_shot(self.machine.shot(), f"editor {image}")
         editor.click("Ok")
 
-    def watch_show(self, program):
-        """What was entered is seen and heard."""
+    def watch_show(self, program, slowly=False):
+        """What was entered is seen and heard, also the transition of the first picture, from its top to its bottom,
+        if that is slow."""
         show = self.start_program(program, "/s")
+        if slowly:
+            top, bottom = ((345, y) for y in (270, self.size[1] - 270))
+            picture = next(iter(self.frames.values()))
+
+            def half_shown():
+                shot = self.machine.shot()
+                shown = [shot.pixel(*place) == picture.pixel(*place) for place in (top, bottom)]
+                self.assertNotEqual(shown, [False, True])
+                return shown == [True, False]
+            wait_until(half_shown, "no transition is seen")
+            self.keep_shot(self.machine.shot(), "transition")
         for name, frame in self.frames.items():
             # In the midst of a quarter, as a transition may leave seams.
             wait_until(lambda: self.machine.shot().pixel(345, 270) == frame.pixel(345, 270), f"{name} isn't shown")
@@ -373,8 +385,7 @@ class JourneyTest(DesignerCase, ListeningCase):
         designer.press("Return")
         self.fill(designer, "b.bmp", "middle.wav", "Normal", "", first=True)
         designer.wait_for_rows(b, blank)
-        designer.press("End")
-        designer.press("Return")
+        designer.double_click_row(2)
         self.fill(designer, "a.bmp", "low.wav", "Top To Bottom", "first\nsecond")
         designer.wait_for_rows(b, a, blank)
         designer.click("Up")
@@ -392,6 +403,7 @@ class JourneyTest(DesignerCase, ListeningCase):
         # seconds.
         designer.click("Sync2")
         package = self.create(designer, "mine")
+        settings.scroll(settings.controls("scrollbar")[2], 200)  # for a transition that can be watched
         self.finish(settings, designer, "mine.txt")
         image, sound = "IMAGE=" + self.windows(""), "SOUND=" + self.windows("")
         self.assertEqual(self.content("mine.txt").decode().splitlines(), [
@@ -404,7 +416,7 @@ class JourneyTest(DesignerCase, ListeningCase):
         for row, item in (a, lines[:7]), (b, lines[7:14]):
             self.assertEqual([*item[2:4], item[6]], [*row[2:], "wav"])
         self.assertEqual(lines[15:], ["00000002", "Tessellarium"])
-        self.watch_show(self.program)
+        self.watch_show(self.program, slowly=True)
         settings = Dialog(self, self.start_program(self.program, "/c"))
         settings.click("Edit")
         caption = f"Template Designer - {self.windows('mine.txt')}"
