@@ -7,23 +7,27 @@ import importlib.util
 import os
 import pathlib
 import subprocess
+import sys
 import time
 import urllib.parse
 
 import screen
 
+TOOLS = pathlib.Path(__file__).resolve().parents[2] / "tools"
+sys.path.append(str(TOOLS))
+
+from processes import end  # noqa: E402
 
 
 def _load_tool(name):
     """A script of `tools` as a module."""
-    path = pathlib.Path(__file__).resolve().parents[2] / "tools" / name
-    loader = importlib.machinery.SourceFileLoader(name.replace("-", "_"), str(path))
+    loader = importlib.machinery.SourceFileLoader(name.replace("-", "_"), str(TOOLS / name))
     module = importlib.util.module_from_spec(importlib.util.spec_from_loader(loader.name, loader))
     loader.exec_module(module)
     return module
 
 
-with_wine = _load_tool("with-wine")  # knows how to make a prefix
+with_wine = _load_tool("with-wine")  # knows how to make a screen and a prefix
 with_sound = _load_tool("with-sound")  # knows how to make a sound server
 
 # Loaded machines are slow: a limit is what no run should reach, never a wait.
@@ -44,41 +48,6 @@ def wait_until(condition, what, limit=LIMIT):
         if time.monotonic() > end:
             raise NotReached(f"after {limit} seconds: {what() if callable(what) else what}")
         time.sleep(0.02)
-
-
-def end(process):
-    """Ends one process of ours, if it still runs."""
-    if process.poll() is None:
-        process.kill()
-    process.wait()
-    for stream in (process.stdin, process.stdout):
-        if stream:
-            stream.close()
-
-
-class Display:
-    """An Xvfb whose screen lies in a file."""
-
-    def __init__(self, folder, size):
-        os.makedirs(folder)
-        reader, writer = os.pipe()
-        # Without -noreset it would begin anew when its last client goes, in another file. setpriv ends it
-        # also when this process is killed and can't.
-        self._process = subprocess.Popen(
-            ["setpriv", "--pdeathsig", "TERM", "Xvfb", "-displayfd", str(writer), "-screen", "0",
-             f"{size[0]}x{size[1]}x24", "-fbdir", folder, "-nolisten", "tcp", "-noreset"],
-            pass_fds=[writer], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        os.close(writer)
-        with open(reader, encoding="ascii") as numbers:
-            number = numbers.readline().strip()
-        if not number:
-            raise RuntimeError("Xvfb doesn't come up")
-        self.name = f":{number}"
-        self.screen = screen.Screen(os.path.join(folder, "Xvfb_screen0"))
-
-    def close(self):
-        self.screen.close()
-        with_wine.end(self._process)
 
 
 Window = collections.namedtuple(
@@ -127,13 +96,7 @@ class Probe:
         return self.ask("settle", window.handle) == [["settled"]]
 
     def close(self):
-        self._process.stdin.close()
-        try:
-            self._process.wait(LIMIT)
-        except subprocess.TimeoutExpired:
-            self._process.kill()
-        self._process.stdout.close()
-        self._process.wait()
+        end(self._process)
 
 
 class Session:
@@ -143,11 +106,13 @@ class Session:
     def __init__(self, template, helpers, folder, size, dpi, sound):
         self.width, self.height = size
         with contextlib.ExitStack() as stack:
-            self._display = Display(folder, size)
-            stack.callback(self._display.close)
-            with_wine.ensure_template(template, self._display.name)
-            self.environment = stack.enter_context(
-                with_wine.fresh_prefix(template, dpi, self._display.name))
+            os.makedirs(folder)
+            display = stack.enter_context(
+                with_wine.virtual_screen(f"{self.width}x{self.height}", "-fbdir", folder))
+            self._screen = screen.Screen(os.path.join(folder, "Xvfb_screen0"))
+            stack.callback(self._screen.close)
+            with_wine.ensure_template(template, display)
+            self.environment = stack.enter_context(with_wine.fresh_prefix(template, dpi, display))
             self.sound = None
             if sound:
                 self.sound = with_sound.SoundServer(os.path.join(folder, "sound"))
@@ -187,7 +152,7 @@ class Session:
         return "C:\\" + os.path.relpath(path, self.drive).replace("/", "\\")
 
     def shot(self):
-        return self._display.screen.shot()
+        return self._screen.shot()
 
     def act(self, *arguments):
         """Mouse and keyboard, as xdotool names them."""
