@@ -13,14 +13,16 @@ CBN_SELCHANGE = 1
 SB_THUMBPOSITION = 4
 CONTENTS, HOME_PAGE, ABOUT = 0x101, 0x102, 0x103  # the identifiers of the menu's entries
 
-MESSAGE_BOX = "#32770"  # the window class of the system's own dialogs
+SYSTEM_DIALOG = "#32770"  # the window class of the system's own dialogs
 
 
 class Dialog:
     """By its caption; the settings dialog unless another is given."""
 
     def __init__(self, test, show, caption="Tessellarium Settings"):
+        self._test = test
         self._probe = test.probe
+        self.machine = test.machine
         self.show = show
         self._caption = caption
         self.form = wait_until(self._find, "the dialog doesn't come up")
@@ -79,21 +81,29 @@ class Dialog:
         wait_until(lambda: self.controls(kind, text),
                    lambda: f"no {text!r} among {[control.text for control in self.controls(kind)]}")
 
+    def _system_dialog(self):
+        return next((window for window in self._probe.windows() if window.kind == SYSTEM_DIALOG and window.visible
+                     and window.process == self.form.process), None)
+
+    def asked(self):
+        """The foremost of the system's dialogs that the program has up, or nothing."""
+        self.show.must_run()
+        return self._system_dialog()
+
     def message_box(self):
         """The one that the program has up: its title, its text and its buttons."""
-        def shown():
-            self.show.must_run()
-            return next((window for window in self._probe.windows()
-                         if window.kind == MESSAGE_BOX and window.visible
-                         and window.process == self.form.process), None)
-        box = wait_until(shown, "no message box comes up")
+        box = wait_until(self.asked, "no message box comes up")
         parts = self._probe.children(box)
         text = "".join(part.text for part in parts if part.kind == "Static")
         return box.text, text, [part.text.replace("&", "") for part in parts if part.kind == "Button"]
 
     def answer(self, button):
-        """Presses a button of the message box."""
-        box = next(window for window in self._probe.windows()
-                   if window.kind == MESSAGE_BOX and window.process == self.form.process)
-        part = next(part for part in self._probe.children(box) if part.text.replace("&", "") == button)
+        """Presses a button of the system's dialog, once that has come up, and sees it go, or another come."""
+        dialog = wait_until(self.asked, "no dialog comes up")
+
+        def found():
+            return next((part for part in self._probe.children(dialog) if part.text.replace("&", "") == button), None)
+        part = wait_until(found, f"the dialog has no {button}")
+        self._test.keep_shot(self.machine.shot(), f"dialog with {button}")
         self._probe.ask("post", part.handle, BM_CLICK, 0, 0)
+        wait_until(lambda: getattr(self._system_dialog(), "handle", None) != dialog.handle, "the dialog stays")

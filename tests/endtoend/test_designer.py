@@ -4,175 +4,15 @@ import os
 import shutil
 
 import sounds
-from case import EndToEndCase, Machines
-from dialog import BM_CLICK, CB_SETCURSEL, CBN_SELCHANGE, LBN_DBLCLK, LBN_SELCHANGE, WM_CLOSE, WM_COMMAND, Dialog
+from case import Machines
+from designer_case import DesignerCase
+from designer_dialog import PBM_GETPOS, Designer, Editor
+from dialog import Dialog
 from pictures import quarters
 from session import wait_until
-from test_sound import LOW, MIDDLE, ListeningCase
+from sound_case import LOW, MIDDLE, ListeningCase
 
-LVM_GETITEMCOUNT = 0x1004
-LVM_GETNEXTITEM = 0x100C
 LVM_GETCOLUMNWIDTH = 0x101D
-LVNI_SELECTED = 2
-PBM_GETPOS = 0x408
-TRANSITIONS = ["Random", "Normal", "Random Blocks", "Top To Bottom"]  # the first of the editor's list
-
-
-class Designer(Dialog):
-    def __init__(self, test, show, caption="Template Designer"):
-        super().__init__(test, show, caption)
-        self._test = test
-        self.machine = test.machine
-        (self.list,) = self.controls("syslistview32")
-
-    def rows(self):
-        """The texts of each row."""
-        return self._probe.ask("rows", self.list.handle)
-
-    def selected(self):
-        """The row, from 1."""
-        return self.send(self.list.handle, LVM_GETNEXTITEM, 2**64 - 1, LVNI_SELECTED) + 1
-
-    def wait_for_rows(self, *rows):
-        wait_until(lambda: self.rows() == [list(row) for row in rows], lambda: f"the rows are {self.rows()}")
-
-    def click_row(self, number):
-        """Clicks on one of the first rows with the mouse."""
-        header, row = (pixels * self._test.dpi // 96 for pixels in (18, 13))
-        top = self.list.top + header + row * number - row // 2
-        self.machine.act_on(self.form, "mousemove", self.list.left + 30, top, "click", "1")
-
-    def double_click_row(self, number):
-        self.click_row(number)
-        self.machine.act_on(self.form, "click", "--repeat", "2", "--delay", "20", "1")
-
-    def press(self, key):
-        self.machine.act_on(self.form, "key", key)
-
-    def asked(self):
-        """The system's dialog in front of this one, or nothing."""
-        return next((window for window in self._probe.windows() if window.kind == "#32770" and window.visible), None)
-
-    def answer(self, button):
-        """Presses a button of the system's dialog, once that has come up."""
-        dialog = wait_until(self.asked, "no dialog comes up")
-        wait_until(lambda: [child for child in self._probe.children(dialog) if child.text == button],
-                   f"the dialog has no {button}")
-        self._test.keep_shot(self.machine.shot(), f"dialog with {button}")
-        for child in self._probe.children(dialog):
-            if child.text == button:
-                self._probe.ask("post", child.handle, BM_CLICK, 0, 0)
-        wait_until(lambda: not self._is(dialog), "the dialog stays")
-
-    def _is(self, dialog):
-        shown = self.asked()
-        return shown and shown.handle == dialog.handle
-
-    def name_field(self):
-        """The field of the dialog that asks for a file's name, once that has come up."""
-        def field():
-            dialog = self.asked()
-            children = self._probe.children(dialog) if dialog else []
-            return next((child for child in children if child.kind == "Edit" and child.visible), None)
-        return wait_until(field, "the system doesn't ask for a name")
-
-    def enter_name(self, path):
-        self._probe.ask("send text", self.name_field().handle, path)
-        self.answer("&Save")
-        self._probe.settle(self.form)
-
-    def name_file(self, button, path):
-        """Presses a button that asks for a file, and enters its name."""
-        self.click(button)
-        self.enter_name(path)
-
-
-class Editor(Dialog):
-    """The item editor, which the designer opens."""
-
-    def __init__(self, test, show):
-        super().__init__(test, show, "Template Edit")
-        self.machine = test.machine
-
-    def enter_folders(self, name, among):
-        """Enters a folder in both lists of folders."""
-        for folders in self.controls("listbox")[0], self.controls("listbox")[2]:
-            self.choose(folders, among.index(name), LBN_SELCHANGE, LBN_DBLCLK)
-
-    def pick(self, image, sound, among):
-        """Clicks on a picture and on a sound of the folder that is shown, by the names in it."""
-        _, images, _, sounds = self.controls("listbox")
-        for files, name, endings in (images, image, (".bmp",)), (sounds, sound, (".wav",)):
-            if name:
-                names = sorted(name for name in among if name.endswith(endings))
-                self.choose(files, names.index(name), LBN_SELCHANGE)
-
-    def choose_transition(self, name):
-        box = [box for box in self.controls("combobox") if box.right - box.left > 200][-1]
-        self.post(box.handle, CB_SETCURSEL, TRANSITIONS.index(name))
-        self.post(box.parent, WM_COMMAND, CBN_SELCHANGE << 16, box.handle)
-
-    def type_comment(self, text):
-        (box,) = self.controls("edit")
-        self.machine.act("mousemove", box.left + 20, box.top + 10, "click", "1")
-        self.machine.act("type", "--delay", "0", text)
-        typed = text.replace("\n", "\r\n")
-        wait_until(lambda: typed in self.controls("edit")[0].text, "the comment isn't typed")
-
-
-class DesignerCase(EndToEndCase):
-    def open(self, template=None, lines=()):
-        """The settings dialog, and the designer from its "New", or from its "Edit" on a template."""
-        if template:
-            self.write(template, "".join(line + "\r\n" for line in lines).encode("cp1252"))
-            show = self.start("/c", ImagePath=self.windows(""), ImageListFile=template)
-        else:
-            show = self.start("/c")
-        settings = Dialog(self, show)
-        settings.click("Edit" if template else "New")
-        caption = "Template Designer" + (f" - {self.windows(template)}" if template else "")
-        return settings, Designer(self, show, caption)
-
-    def windows(self, name):
-        return self.machine.windows_path(self.pictures) + "\\" + name
-
-    def content(self, name):
-        with open(os.path.join(self.pictures, name), "rb") as file:
-            return file.read()
-
-    def create(self, designer, name):
-        """The path of the package, once it is finished."""
-        designer.name_file("Create", self.windows(name))
-        return self.wait_for_package(name + ".scr")
-
-    def wait_for_package(self, name):
-        def finished():
-            try:
-                return self.content(name).endswith(b"Tessellarium\r\n")
-            except FileNotFoundError:  # also while a former one gives way to it
-                return False
-        wait_until(finished, "the package isn't finished")
-        return os.path.join(self.pictures, name)
-
-    def finish(self, settings, designer, template):
-        """Closes both dialogs and keeps the template."""
-        designer.click("Ok")
-        settings.wait_for_text("edit", self.windows(template))
-        settings.click("Done")
-        settings.show.wait_for_end()
-
-    def check_inside(self, dialog, when=""):
-        """Each control lies within what it stands in."""
-        self.keep_shot(self.machine.shot(), f"{dialog.form.text} at {self.dpi} {when}")
-        inside = {dialog.form.handle: dialog.form}
-        for control in dialog.all_controls():
-            inside[control.handle] = control
-            if control.visible:
-                outer = inside[control.parent]
-                self.assertGreaterEqual(control.left, outer.left, control)
-                self.assertGreaterEqual(control.top, outer.top, control)
-                self.assertLessEqual(control.right, outer.right, control)
-                self.assertLessEqual(control.bottom, outer.bottom, control)
 
 
 class DesignerTest(DesignerCase):
@@ -238,7 +78,7 @@ class DesignerTest(DesignerCase):
         self.assertEqual(designer.name_field().text, "t.txt")
         designer.answer("Cancel")
         designer.name_file("Save", self.windows("t.txt"))
-        designer.answer("&No")  # which is there, and is to stay
+        designer.answer("No")  # which is there, and is to stay
         self.assertEqual(self.content("t.txt"), loaded)
         designer.enter_name(self.windows("saved"))
         saved = os.path.join(self.pictures, "saved.txt")
@@ -250,7 +90,7 @@ class DesignerTest(DesignerCase):
         designer.click("Create")
         self.assertEqual(designer.name_field().text, "saved")
         designer.enter_name(self.windows("mine"))
-        designer.answer("&Yes")
+        designer.answer("Yes")
         package = self.wait_for_package("mine.scr")
         self.finish(settings, designer, "saved.txt")
         frames = {"a": self.frame().centre(first).ignore(0, 600, 400, 768),
@@ -267,7 +107,7 @@ class DesignerTest(DesignerCase):
         box = wait_until(designer.asked, "nothing is asked")
         texts = [child.text for child in self.probe.children(box)]
         self.assertIn("The template file has changed... Do you want to save it?", texts)
-        designer.answer("&No")
+        designer.answer("No")
         settings.wait_for_text("edit", "")
         settings.click("Cancel")
         settings.show.wait_for_end()
@@ -293,7 +133,6 @@ class DesignerDuringCreateTest(DuringCreateCase):
     def create(self):
         settings, designer = self.open_large()
         return settings, designer, self.begin(designer)
-
 
     def finished(self):
         path = os.path.join(self.pictures, "large.scr")
@@ -321,7 +160,7 @@ class DesignerDuringCreateTest(DuringCreateCase):
 
     def test_closed_meanwhile_it_finishes_the_package(self):
         settings, designer, _ = self.create()
-        designer.post(designer.form.handle, WM_CLOSE)
+        designer.close()
         settings.wait_for_text("edit", self.windows("t.txt"))
         wait_until(self.finished, "the package isn't finished")
         settings.click("Cancel")

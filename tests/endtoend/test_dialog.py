@@ -4,11 +4,12 @@ import os
 import shutil
 import subprocess
 
-from case import SETTINGS, EndToEndCase
+from case import SETTINGS
 from dialog import BM_CLICK, CB_SETCURSEL, CONTENTS, HOME_PAGE, LBN_DBLCLK, LBN_SELCHANGE, Dialog
+from dialog_case import DialogCase
+from package_case import PackageCase
 from pictures import quarters
 from session import end, wait_until
-from test_package import PackageCase
 
 WM_LBUTTONDOWN, WM_LBUTTONUP = 0x201, 0x202
 BM_GETCHECK, BM_SETCHECK = 0xF0, 0xF1
@@ -18,24 +19,6 @@ BROWSERS = "Software\\Wine\\WineBrowser"
 
 KEYS = ["ImagePath", "ImageInterval", "ImageListFile", "FullScreen", "ImagePositionRandom", "ImageOrderRandom",
         "AllImages", "Blocks", "DissolveType", "DissolveDelay", "MouseSensitivity", "IgnoreMouse"]
-
-
-class DialogCase(EndToEndCase):
-    def open(self, **settings):
-        return Dialog(self, self.start("/c", **settings))
-
-    def windows_folder(self, *names):
-        """The folder of the test's pictures, or what lies in it, as the machine names it."""
-        return self.machine.windows_path(os.path.join(self.pictures, *names))
-
-    def stored(self):
-        return {name: data.rstrip("\0") for name, (_, data) in self.machine.values(SETTINGS).items()}
-
-    def check_show(self, frame):
-        """The settings, as they stand, bring this to the screen."""
-        show = self.start_program(self.program, "/s")
-        show.wait_for_frame(frame)
-        self.end_by_key(show)
 
 
 class DialogTest(DialogCase):

@@ -1,9 +1,9 @@
 """The settings dialog by keyboard alone."""
 
 from dialog import Dialog
+from dialog_case import DialogCase
 from pictures import quarters
 from session import wait_until
-from test_dialog import DialogCase
 
 
 class KeyboardTest(DialogCase):

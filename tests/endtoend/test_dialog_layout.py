@@ -1,8 +1,8 @@
 """The settings dialog's controls: of which kind they are, where they stand, and whether all of each can be read."""
 
 from dialog import ABOUT, Dialog
+from dialog_case import DialogCase
 from session import wait_until
-from test_dialog import DialogCase
 
 TWIPS_PER_INCH = 1440
 CLIENT_SIZE = 8325, 5295

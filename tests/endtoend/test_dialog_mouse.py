@@ -1,7 +1,7 @@
 """The settings dialog by the mouse alone, as the user holds it: by what lies beneath the pointer."""
 
+from dialog_case import DialogCase
 from pictures import quarters
-from test_dialog import DialogCase
 
 LB_GETITEMHEIGHT = 0x1A1
 
@@ -66,4 +66,3 @@ class MouseTest(DialogCase):
         stored = self.stored()
         self.assertEqual([stored[key] for key in ("ImageListFile", "IgnoreMouse", "ImagePositionRandom",
                                                   "ImageOrderRandom")], ["b.txt", "1", "0", "1"])
-

@@ -2,11 +2,12 @@
 
 import os
 
+from designer_case import DesignerCase
+from designer_dialog import Editor
 from dialog import LBN_SELCHANGE, Dialog
 from pictures import quarters
 from session import wait_until
-from test_designer import DesignerCase, Editor
-from test_sound import LONG, LOW, ListeningCase
+from sound_case import LONG, LOW, ListeningCase
 
 WS_MAXIMIZEBOX, WS_MINIMIZEBOX, WS_THICKFRAME = 0x10000, 0x20000, 0x40000
 BLANK = [""] * 4
