@@ -1,8 +1,5 @@
 # The fuzz targets: each file of tests/fuzz/ is one, run on the instrumented libraries.
 
-find_package(PkgConfig REQUIRED)
-pkg_check_modules(gd REQUIRED IMPORTED_TARGET gdlib)
-
 add_native_libraries("" -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
     -fno-omit-frame-pointer -O1 -g1)
 

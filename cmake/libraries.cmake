@@ -56,6 +56,8 @@ function(add_native_libraries suffix)
     target_compile_options(program${suffix} PUBLIC ${ARGN})
     target_link_options(program${suffix} PUBLIC ${ARGN})
 
+    find_package(PkgConfig REQUIRED)
+    pkg_check_modules(gd REQUIRED IMPORTED_TARGET gdlib)
     find_sources(sources src/system/simulated/*.cpp)
     add_library(simulated${suffix} STATIC ${sources})
     target_link_libraries(simulated${suffix} PUBLIC program${suffix} PRIVATE strict PkgConfig::gd)

@@ -1,7 +1,5 @@
 # The native build: the inspection tool, and the tests that run on the simulated system.
 
-find_package(PkgConfig REQUIRED)
-pkg_check_modules(gd REQUIRED IMPORTED_TARGET gdlib)
 find_package(GTest REQUIRED)
 find_package(nlohmann_json 3 REQUIRED)
 

@@ -13,13 +13,19 @@ add_library(win32 STATIC ${win32_sources})
 target_link_libraries(win32 PUBLIC program gdi32 user32 advapi32 ole32 uuid strmiids kernel32 PRIVATE strict)
 read_headers_once(win32 "${PROJECT_SOURCE_DIR}/src/system/win32/native.h")
 
-add_executable(screen_saver WIN32 src/main_win32.cpp resources/tessellarium.rc)
+# Also of the bare programs that the product is measured against.
+function(link_as_product target)
+    set_target_properties(${target} PROPERTIES WIN32_EXECUTABLE ON)
+    target_link_options(${target} PRIVATE
+        -s -Wl,--dynamicbase -Wl,--high-entropy-va -Wl,--nxcompat -Wl,--no-insert-timestamp)
+endfunction()
+
+add_executable(screen_saver src/main_win32.cpp resources/tessellarium.rc)
 set_target_properties(screen_saver PROPERTIES OUTPUT_NAME Tessellarium SUFFIX .scr)
 set_source_files_properties(resources/tessellarium.rc PROPERTIES
     OBJECT_DEPENDS "${PROJECT_SOURCE_DIR}/resources/Tessellarium.ico;${PROJECT_SOURCE_DIR}/resources/tessellarium.manifest")
 target_link_libraries(screen_saver PRIVATE win32 strict)
-target_link_options(screen_saver PRIVATE
-    -s -Wl,--dynamicbase -Wl,--high-entropy-va -Wl,--nxcompat -Wl,--no-insert-timestamp)
+link_as_product(screen_saver)
 add_custom_command(TARGET screen_saver POST_BUILD
     COMMAND "${CMAKE_COMMAND}" -D "PROGRAM=$<TARGET_FILE:screen_saver>"
             -P "${PROJECT_SOURCE_DIR}/cmake/append_padding.cmake"
