@@ -16,7 +16,7 @@ read_headers_once(win32 "${PROJECT_SOURCE_DIR}/src/system/win32/native.h")
 add_executable(screen_saver WIN32 src/main_win32.cpp resources/tessellarium.rc)
 set_target_properties(screen_saver PROPERTIES OUTPUT_NAME Tessellarium SUFFIX .scr)
 set_source_files_properties(resources/tessellarium.rc PROPERTIES
-    OBJECT_DEPENDS "${PROJECT_SOURCE_DIR}/resources/Tessellarium.ico;${PROJECT_SOURCE_DIR}/resources/tessellarium.manifest")
+    OBJECT_DEPENDS "${PROJECT_SOURCE_DIR}/resources/Tessellarium.ico;${PROJECT_SOURCE_DIR}/resources/tessellarium.manifest;${PROJECT_BINARY_DIR}/generated/startup/version.h")
 target_link_libraries(screen_saver PRIVATE win32 strict)
 target_link_options(screen_saver PRIVATE
     -s -Wl,--dynamicbase -Wl,--high-entropy-va -Wl,--nxcompat -Wl,--no-insert-timestamp)
