@@ -2,7 +2,8 @@
 # tests of what they make.
 include(ExternalProject)
 
-# add_sub_build(NAME FOLDER ARGUMENTS BUILD_COMMAND...)
+# add_sub_build(NAME FOLDER ARGUMENTS OPTION...): this tree built in FOLDER with more arguments for CMake; the
+# options are those of ExternalProject_Add.
 function(add_sub_build name folder arguments)
     ExternalProject_Add(${name}
         SOURCE_DIR "${PROJECT_SOURCE_DIR}"

@@ -23,7 +23,7 @@ endfunction()
 add_executable(screen_saver src/main_win32.cpp resources/tessellarium.rc)
 set_target_properties(screen_saver PROPERTIES OUTPUT_NAME Tessellarium SUFFIX .scr)
 set_source_files_properties(resources/tessellarium.rc PROPERTIES
-    OBJECT_DEPENDS "${PROJECT_SOURCE_DIR}/resources/Tessellarium.ico;${PROJECT_SOURCE_DIR}/resources/tessellarium.manifest")
+    OBJECT_DEPENDS "${PROJECT_SOURCE_DIR}/resources/Tessellarium.ico;${PROJECT_SOURCE_DIR}/resources/tessellarium.manifest;${PROJECT_BINARY_DIR}/generated/startup/version.h")
 target_link_libraries(screen_saver PRIVATE win32 strict)
 link_as_product(screen_saver)
 add_custom_command(TARGET screen_saver POST_BUILD

@@ -18,7 +18,7 @@ void frmDesigner::PerformLoad() {
         [&] {
             ClearRows();
             files.open(templateFile, TemplateFile, toolkit::OpenMode::input);
-            const toolkit::Freed file(files, templateFile);
+            const toolkit::AbandonsFile file(files, templateFile);
             std::int16_t row = 0; // none yet
             while (!files.atEnd(templateFile)) {
                 row = loadLine(files.readLine(templateFile), row);

@@ -14,7 +14,7 @@ using toolkit::Application;
 void frmDesigner::WriteTemplate(const std::string& name) {
     toolkit::FileTable& files = toolkit::fileTable();
     files.open(templateFile, name, toolkit::OpenMode::output);
-    const toolkit::Freed file(files, templateFile);
+    const toolkit::AbandonsFile file(files, templateFile);
     const auto write = [&](const std::string& line) { files.writeLine(templateFile, line); };
     write(optSync1.value() ? "SOUNDSYNC=1" : optSync2.value() ? "SOUNDSYNC=2" : "SOUNDASYNC");
     if (!optSync1.value() && !optSync2.value()) {

@@ -15,10 +15,9 @@
 #include <array>
 #include <string_view>
 
+using toolkit::AbandonsFile;
 using toolkit::Application;
 using toolkit::fileTable;
-using toolkit::FileTable;
-using toolkit::Freed;
 using toolkit::OpenMode;
 
 namespace {
@@ -74,7 +73,7 @@ std::int16_t MainForm::ReadSCR() {
     WriteLog("S: MainForm ReadSCR");
     lstImageNames.clear();
     fileTable().open(own, ownFileName(), OpenMode::binaryRead);
-    Freed ownFile(fileTable(), own);
+    AbandonsFile ownFile(fileTable(), own);
     if (!package::endsWithMark(fileTable(), own)) {
         ownFile.leaveOpen(); // meant so
         return False;
@@ -116,10 +115,10 @@ std::int16_t MainForm::LoadImbeddedImage(std::int16_t index) {
     std::int16_t Timer2WasOn = False;
     DisableTimers(Timer1WasOn, Timer2WasOn);
     fileTable().open(own, ownFileName(), OpenMode::binaryRead);
-    const Freed ownFile(fileTable(), own);
+    const AbandonsFile ownFile(fileTable(), own);
     // Not emptied: a longer former picture leaves its tail, which no decoder reads.
     fileTable().open(picture, temporaryPicture(), OpenMode::binary);
-    const Freed pictureFile(fileTable(), picture);
+    const AbandonsFile pictureFile(fileTable(), picture);
     fileTable().seek(own, entry(shared.ImageStart, index));
     copySegment(own, picture, entry(shared.ImageEnd, index), package::blockSize, ShowEnding);
     fileTable().close(own);
@@ -147,10 +146,10 @@ void MainForm::LoadImbeddedSound(std::int16_t index) {
         std::int16_t Timer2WasOn = False;
         DisableTimers(Timer1WasOn, Timer2WasOn);
         fileTable().open(own, ownFileName(), OpenMode::binaryRead);
-        const Freed ownFile(fileTable(), own);
+        const AbandonsFile ownFile(fileTable(), own);
         ExtractedSound = soundFile(entry(shared.SoundExt, index));
         fileTable().open(sound, ExtractedSound, OpenMode::binary);
-        const Freed target(fileTable(), sound);
+        const AbandonsFile target(fileTable(), sound);
         fileTable().seek(own, entry(shared.SoundStart, index));
         copySegment(own, sound, entry(shared.SoundEnd, index), package::soundBlockSize, ShowEnding);
         fileTable().close(own);

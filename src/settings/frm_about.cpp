@@ -1,6 +1,6 @@
 #include "settings/frm_about.h"
 
-#include "toolkit/numbers.h"
+#include <string>
 
 frmAbout::frmAbout()
     : Form({.name = "frmAbout",
@@ -14,8 +14,6 @@ frmAbout::frmAbout()
 }
 
 void frmAbout::Form_Load() {
-    lblVersion.setCaption("Version " + toolkit::textOf(product::versionMajor) + "." +
-                          toolkit::textOf(product::versionMinor) + "." +
-                          toolkit::textOf(product::versionRevision));
+    lblVersion.setCaption(std::string("Version ") + product::version);
     lblTitle.setCaption(product::title);
 }

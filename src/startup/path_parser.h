@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <string>
-#include <string_view>
 
 /// Assign `FileSpec`, then read the parts; `Path` followed by `FileName` is always the whole. Works on the
 /// text alone and never fails.

@@ -1,7 +1,7 @@
 // What the product is called, and where it and its maker live on the web.
 #pragma once
 
-#include <cstdint>
+#include "startup/version.h"
 
 namespace product {
 
@@ -15,8 +15,6 @@ inline constexpr const char* makerHost = "www.marrowfieldry.example";
 
 inline constexpr const char* helpFile = R"(C:\Program Files\Tessellarium\Tessellarium.HLP)";
 inline constexpr const char* disclaimer = "This program comes with no warranty of any kind.";
-inline constexpr std::int32_t versionMajor = 5;
-inline constexpr std::int32_t versionMinor = 9;
-inline constexpr std::int32_t versionRevision = 1;
+inline constexpr const char* version = TESSELLARIUM_VERSION;
 
 } // namespace product

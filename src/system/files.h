@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -51,11 +52,19 @@ public:
     virtual bool same(const std::string& one, const std::string& other) = 0;
     /// Fails with 53, 76, 75 or 70.
     virtual void remove(const std::string& path) = 0;
-    /// The names, without folder, of the plain files (neither hidden nor system) that match `pattern`,
-    /// a folder followed by a name with "*" and "?", in the order of the file system. A pattern with an
-    /// extension of three letters also finds longer extensions that begin with them, as short names
-    /// make it. Fails with 76 when the folder doesn't exist, 68 when the drive doesn't.
-    virtual std::vector<std::string> list(const std::string& pattern) = 0;
+    /// Gives `take` the names, without folder, of the plain files (neither hidden nor system) that match
+    /// `pattern`, a folder followed by a name with "*" and "?", in the order of the file system, each as soon
+    /// as the system tells it. A pattern with an extension of three letters also finds longer extensions that
+    /// begin with them, as short names make it. Fails with 76 when the folder doesn't exist, 68 when the
+    /// drive doesn't, and behind any name when the rest can't be read.
+    virtual void eachFile(const std::string& pattern,
+                          const std::function<void(const std::string&)>& take) = 0;
+    /// All these names.
+    std::vector<std::string> list(const std::string& pattern) {
+        std::vector<std::string> names;
+        eachFile(pattern, [&](const std::string& name) { names.push_back(name); });
+        return names;
+    }
 
     /// The drives that there are, ready or not, by their letters.
     virtual std::vector<DriveName> drives() = 0;

@@ -10,6 +10,10 @@ namespace toolkit {
 
 namespace {
 
+/// So many files of a large folder are shown while the rest is still looked for: more than any list has room
+/// for, and so few that nobody waits for them.
+constexpr std::size_t beginning = 500;
+
 /// The parts of a pattern, without the blanks around them; empty ones are none.
 std::vector<std::string> partsOf(const std::string& pattern) {
     std::vector<std::string> parts;
@@ -48,22 +52,30 @@ void FileList::load() {
 /// After a failure all is as it was.
 void FileList::enter(const std::string& whole) {
     std::vector<sys::ListItem> found;
-    for (std::string& name : matching(whole)) {
-        found.push_back({.text = std::move(name)});
+    try {
+        findFiles(whole, found);
+    } catch (...) {
+        if (found.size() >= beginning) {
+            showItems();
+        }
+        throw;
     }
     path_ = whole;
     assumeItems(std::move(found));
 }
 
-std::vector<std::string> FileList::matching(const std::string& whole) const {
+void FileList::findFiles(const std::string& whole, std::vector<sys::ListItem>& found) {
     const std::vector<std::string> parts = partsOf(pattern_);
     // One listing for all parts, in whose order their names come.
-    std::vector<std::string> names = systemFiles().list(sys::inFolder(whole, "*"));
-    std::erase_if(names, [&](const std::string& name) {
-        return std::ranges::none_of(parts,
-                                    [&](const std::string& part) { return sys::patternFinds(part, name); });
+    systemFiles().eachFile(sys::inFolder(whole, "*"), [&](const std::string& name) {
+        if (std::ranges::any_of(parts,
+                                [&](const std::string& part) { return sys::patternFinds(part, name); })) {
+            found.push_back({.text = name});
+            if (found.size() == beginning) {
+                showBeginning(found);
+            }
+        }
     });
-    return names;
 }
 
 } // namespace toolkit

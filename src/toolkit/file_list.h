@@ -27,7 +27,8 @@ public:
 private:
     void load() override;
     void enter(const std::string& whole);
-    std::vector<std::string> matching(const std::string& whole) const;
+    /// Appends the files of a folder that match the pattern.
+    void findFiles(const std::string& whole, std::vector<sys::ListItem>& found);
 
     std::string designPattern_;
     std::string pattern_;

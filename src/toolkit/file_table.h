@@ -75,16 +75,16 @@ private:
 
 /// Frees an open number at the end of its scope, for what a failure leaves behind: what is still in memory
 /// isn't written out.
-class Freed {
+class AbandonsFile {
 public:
-    Freed(FileTable& files, int number) : files_(files), number_(number) {}
-    ~Freed() {
+    AbandonsFile(FileTable& files, int number) : files_(files), number_(number) {}
+    ~AbandonsFile() {
         if (!leftOpen_) {
             files_.abandon(number_);
         }
     }
-    Freed(const Freed&) = delete;
-    Freed& operator=(const Freed&) = delete;
+    AbandonsFile(const AbandonsFile&) = delete;
+    AbandonsFile& operator=(const AbandonsFile&) = delete;
 
     void leaveOpen() { leftOpen_ = true; }
 

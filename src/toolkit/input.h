@@ -4,7 +4,6 @@
 
 #include "system/window.h"
 
-#include <optional>
 #include <unordered_map>
 
 namespace toolkit {

@@ -52,6 +52,17 @@ void ItemList::load() {
 void ItemList::assumeItems(std::vector<sys::ListItem> items, std::int16_t selected) {
     items_ = std::move(items);
     selected_ = selected;
+    showItems();
+}
+
+void ItemList::showBeginning(const std::vector<sys::ListItem>& items) {
+    if (hasWindow()) {
+        nativeList().setItems(items);
+        nativeList().refresh();
+    }
+}
+
+void ItemList::showItems() {
     if (hasWindow()) {
         nativeList().setItems(items_);
         nativeList().select(selected_);
@@ -67,18 +78,13 @@ void ItemList::appendItem(const std::string& text) {
 
 void ItemList::replaceItem(std::int16_t index, const std::string& text) {
     items_[checked(index)].text = text;
-    if (hasWindow()) {
-        nativeList().setItems(items_);
-        nativeList().select(selected_);
-    }
+    showItems();
 }
 
 void ItemList::eraseItem(std::int16_t index) {
     items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(checked(index)));
     selected_ = -1;
-    if (hasWindow()) {
-        nativeList().setItems(items_);
-    }
+    showItems();
 }
 
 std::size_t ItemList::checked(std::int16_t index) const {

@@ -42,6 +42,10 @@ protected:
     const std::vector<sys::ListItem>& items() const { return items_; }
     /// Replaces all items; raises nothing.
     void assumeItems(std::vector<sys::ListItem> items, std::int16_t selected = -1);
+    /// Brings the beginning of a long list to the screen while the rest is still looked for. The items are
+    /// still the former ones, which `showItems` brings back.
+    void showBeginning(const std::vector<sys::ListItem>& items);
+    void showItems();
     void appendItem(const std::string& text);
     void replaceItem(std::int16_t index, const std::string& text);
     /// Nothing is selected then.

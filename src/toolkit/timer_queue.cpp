@@ -4,6 +4,7 @@
 #include "toolkit/timer.h"
 
 #include <algorithm>
+#include <optional>
 #include <tuple>
 
 namespace toolkit {

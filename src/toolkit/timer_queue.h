@@ -1,9 +1,8 @@
 // All timers of the program in order of their due times. Of those that are due together the one set last goes
-// first: two timers with one interval can then start each other anew without one of them never ticking.
+// first, so that of two with one interval that start each other anew neither is kept from ticking.
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <vector>
 
 namespace sys {

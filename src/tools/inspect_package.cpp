@@ -27,7 +27,7 @@ public:
     package::Trailer trailer() {
         toolkit::FileTable& table = run_.application().files();
         table.open(ownFile, ownFileName(), toolkit::OpenMode::binaryRead);
-        const toolkit::Freed open(table, ownFile);
+        const toolkit::AbandonsFile open(table, ownFile);
         return package::readTrailer(table, ownFile);
     }
     /// Fails where the directory is damaged; the rows before are there then.

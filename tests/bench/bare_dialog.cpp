@@ -4,8 +4,6 @@
 
 #include <cstdint>
 #include <span>
-#include <string>
-#include <vector>
 
 #include <windows.h>
 

@@ -2,7 +2,8 @@
 //
 // A file list that takes a folder of so many files, which are made first, and in turn with it the system's
 // own list box filled with the same names, which it is handed, and filled by the system, which looks for them
-// in the folder itself. Besides: how long the system takes to list the folder, and no more.
+// in the folder itself: until the list is full of names on the screen, and until all are in it. Besides: how
+// long the system takes to list the folder, and no more.
 #include "measure.h"
 
 #include "system/win32/system_win32.h"
@@ -10,8 +11,13 @@
 #include "toolkit/file_list.h"
 #include "toolkit/form.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <functional>
+#include <future>
+#include <latch>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -62,14 +68,81 @@ int listBare(const std::string& pattern) {
     return files;
 }
 
-/// Milliseconds until what it does is on the screen.
-template <class Action> double timeOf(const measure::Screen& screen, HWND window, const Action& action) {
+/// The last row that a list has room for, as it is on the screen.
+class LastRow {
+public:
+    explicit LastRow(HWND list) {
+        RECT room;
+        GetClientRect(list, &room);
+        const auto height = static_cast<LONG>(SendMessageA(list, LB_GETITEMHEIGHT, 0, 0));
+        corner_ = {0, (room.bottom / height - 1) * height};
+        ClientToScreen(list, &corner_);
+        BITMAPINFO format{};
+        format.bmiHeader = {sizeof format.bmiHeader, textWidth, height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+        void* bits = nullptr;
+        SelectObject(memory_, CreateDIBSection(nullptr, &format, DIB_RGB_COLORS, &bits, nullptr, 0));
+        pixels_ = {static_cast<COLORREF*>(bits), static_cast<std::size_t>(textWidth * height)};
+    }
+    ~LastRow() {
+        DeleteObject(GetCurrentObject(memory_, OBJ_BITMAP));
+        DeleteDC(memory_);
+        ReleaseDC(nullptr, screen_);
+    }
+    LastRow(const LastRow&) = delete;
+    LastRow& operator=(const LastRow&) = delete;
+
+    /// Whether it isn't of one colour.
+    bool hasText() const {
+        BitBlt(memory_, 0, 0, textWidth, static_cast<int>(pixels_.size()) / textWidth, screen_, corner_.x,
+               corner_.y, SRCCOPY);
+        GdiFlush();
+        return std::ranges::any_of(pixels_, [this](COLORREF pixel) { return pixel != pixels_.front(); });
+    }
+
+private:
+    static constexpr int textWidth = 60; // pixels, fewer than the names have
+
+    HDC screen_ = GetDC(nullptr);
+    HDC memory_ = CreateCompatibleDC(nullptr);
+    POINT corner_;
+    std::span<COLORREF> pixels_;
+};
+
+/// Milliseconds.
+struct Filling {
+    std::vector<double> seen;  // until the list is full of names on the screen
+    std::vector<double> whole; // until all are in it, and it is on the screen
+};
+
+/// Fills an empty list, whose screen another thread watches meanwhile.
+void measureFilling(Filling& times, const measure::Screen& screen, HWND list,
+                    const std::function<void()>& fill) {
+    std::latch watched(1);
+    std::future<double> seen = std::async(std::launch::async, [&] {
+        const LastRow lastRow(list);
+        measure::waitUntil([&] { return !lastRow.hasText(); }, "an empty list");
+        watched.count_down();
+        measure::waitUntil([&] { return lastRow.hasText(); }, "names on the screen");
+        return measure::now();
+    });
+    measure::waitUntil(
+        [&] {
+            measure::deliverMessages();
+            return watched.try_wait();
+        },
+        "the empty list on the screen");
     const double begun = measure::now();
-    action();
-    UpdateWindow(window);
+    fill();
+    UpdateWindow(list);
     measure::deliverMessages();
     screen.centre();
-    return measure::now() - begun;
+    times.whole.push_back(measure::now() - begun);
+    times.seen.push_back(seen.get() - begun);
+}
+
+/// The first round brings the folder into memory.
+std::vector<double> withoutFirst(const std::vector<double>& times) {
+    return {times.begin() + 1, times.end()};
 }
 
 } // namespace
@@ -91,32 +164,30 @@ int main(int, char** arguments) {
         const auto own = reinterpret_cast<HWND>(form.files.hWnd());
         const HWND bare = makeBareList(reinterpret_cast<HWND>(form.hWnd()));
         const measure::Screen screen;
-        std::vector<double> product;
-        std::vector<double> bareTimes;
-        std::vector<double> systemTimes;
-        std::vector<double> listingTimes;
+        Filling product;
+        Filling handed;
+        Filling bySystem;
+        std::vector<double> listing;
         for (int round = 0; round <= rounds; ++round) {
-            form.files.setPath(arguments[3]);
-            const double ownTime = timeOf(screen, own, [&] { form.files.setPath(folder); });
+            form.files.setPath(arguments[3]); // which has no files
+            measureFilling(product, screen, own, [&] { form.files.setPath(folder); });
             measure::require(SendMessageA(own, LB_GETCOUNT, 0, 0) == count, "all files in the list");
-            const double bareTime = timeOf(screen, bare, [&] { fill(bare, names); });
-            const double systemTime = timeOf(screen, bare, [&] { fillBySystem(bare, folder + "\\*"); });
+            SendMessageA(bare, LB_RESETCONTENT, 0, 0);
+            measureFilling(handed, screen, bare, [&] { fill(bare, names); });
+            measure::require(SendMessageA(bare, LB_GETCOUNT, 0, 0) == count,
+                             "all names in the system's list");
+            SendMessageA(bare, LB_RESETCONTENT, 0, 0);
+            measureFilling(bySystem, screen, bare, [&] { fillBySystem(bare, folder + "\\*"); });
             measure::require(SendMessageA(bare, LB_GETCOUNT, 0, 0) == count,
                              "all files in the system's list");
-            const double listingTime = timeOf(screen, bare, [&] {
-                measure::require(listBare(folder + "\\*") == count, "all files in the listing");
-            });
-            // The first round brings the folder into memory.
-            if (round > 0) {
-                product.push_back(ownTime);
-                bareTimes.push_back(bareTime);
-                systemTimes.push_back(systemTime);
-                listingTimes.push_back(listingTime);
-            }
+            const double begun = measure::now();
+            measure::require(listBare(folder + "\\*") == count, "all files in the listing");
+            listing.push_back(measure::now() - begun);
         }
-        measure::report("list.product", product);
-        measure::report("list.bare", bareTimes);
-        measure::report("list.system", systemTimes);
-        measure::report("list.listing", listingTimes);
+        measure::report("list.product.seen", withoutFirst(product.seen));
+        measure::report("list.handed.seen", withoutFirst(handed.seen));
+        measure::report("list.product.whole", withoutFirst(product.whole));
+        measure::report("list.system.whole", withoutFirst(bySystem.whole));
+        measure::report("list.listing", withoutFirst(listing));
     });
 }

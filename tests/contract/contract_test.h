@@ -8,7 +8,6 @@
 
 #include <gmock/gmock.h>
 
-#include <cstddef>
 #include <ostream>
 
 namespace sys {

@@ -207,7 +207,11 @@ TEST_F(Dialogs, TextBox_TypingChangesIt) {
 
 TEST_F(Dialogs, KeyPress_MayPutAnotherCharacterInPlaceOfTheTypedOne) {
     form.lines.keyPress = [](std::int16_t& character) {
-        character = character == 'x' ? '\r' : character == 'y' ? '\0' : character;
+        if (character == 'x') {
+            character = '\r';
+        } else if (character == 'y') {
+            character = 0;
+        }
     };
     press(tab, 9);
     for (const char key : {'A', 'X', 'Y', 'B'}) {

@@ -6,7 +6,6 @@
 #include "toolkit/list_view.h"
 #include "toolkit/progress_bar.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace contract {

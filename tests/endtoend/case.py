@@ -22,6 +22,9 @@ BANNER = pictures.Bitmap(pathlib.Path(__file__).resolve().parents[2] / "resource
 # a step.
 QUICK = "66"
 
+# What Wine says of one start in some thousands, in which it finds its place in memory taken: no program has run.
+NOT_STARTED = "failed to map the shared user data"
+
 FAILED = 1  # the exit code after a failure that nobody handled
 
 TOPMOST = 0x8
@@ -73,9 +76,14 @@ class Show:
     def __init__(self, machine, program, arguments, environment):
         self._machine = machine
         self._errors = tempfile.TemporaryFile()
-        self.process = machine.start(program, *arguments, errors=self._errors, **environment)
+        self._start = lambda: machine.start(program, *arguments, errors=self._errors, **environment)
+        self.process = self._start()
 
     def running(self):
+        if self.process.poll() is not None and NOT_STARTED in self._said():
+            self._errors.seek(0)
+            self._errors.truncate()
+            self.process = self._start()
         return self.process.poll() is None
 
     def wait_for_form(self):
@@ -95,8 +103,11 @@ class Show:
             raise NotReached(f"the product {self._end()}")
 
     def _end(self):
+        return f"ended with {self.process.returncode}; Wine said: {self._said()!r}"
+
+    def _said(self):
         self._errors.seek(0)
-        return f"ended with {self.process.returncode}; Wine said: {self._errors.read().decode(errors='replace')!r}"
+        return self._errors.read().decode(errors="replace")
 
     def wait_for_frame(self, frame, limit=LIMIT):
         """Waits until the screen shows just this."""

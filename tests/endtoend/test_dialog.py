@@ -13,6 +13,7 @@ from session import end, wait_until
 
 WM_LBUTTONDOWN, WM_LBUTTONUP = 0x201, 0x202
 BM_GETCHECK, BM_SETCHECK = 0xF0, 0xF1
+LB_SETCURSEL, LB_GETCOUNT, LB_GETTOPINDEX = 0x186, 0x18B, 0x18E
 REG_SZ = 1
 
 BROWSERS = "Software\\Wine\\WineBrowser"
@@ -45,6 +46,22 @@ class DialogTest(DialogCase):
         self.assertEqual([stored[key] for key in ("ImageInterval", "Blocks", "DissolveDelay", "MouseSensitivity")],
                          ["1", "22", "33", "444"])
         self.check_show(self.frame().stretch(picture, blur=8))
+
+    def test_a_folder_of_many_files_is_listed_whole(self):
+        many = os.path.join(self.pictures, "many")
+        os.mkdir(many)
+        for number in range(1200):
+            with open(os.path.join(many, f"picture {number:04}.jpg"), "wb"):
+                pass
+        dialog = self.open(AllImages="1", ImagePath=self.windows_folder("many") + "\\")
+        dialog.click("Select", 1)
+        _, files = dialog.controls("listbox")
+        self.assertEqual(dialog.send(files.handle, LB_GETCOUNT), 1200)
+        self.assertEqual(dialog.send(files.handle, LB_SETCURSEL, 1199), 1199)
+        self.assertGreater(dialog.send(files.handle, LB_GETTOPINDEX), 1180)
+        self.keep_shot(self.machine.shot(), "many")
+        dialog.close()
+        dialog.show.wait_for_end()
 
     def test_the_folders_of_a_network_are_listed_from_their_share_down(self):
         network = os.path.join(os.path.dirname(self.machine.drive), "dosdevices", "unc")  # as Wine looks for them

@@ -8,7 +8,6 @@
 #include "startup/shared_state.h"
 #include "support/prompter.h"
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>

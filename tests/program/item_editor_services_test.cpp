@@ -5,7 +5,6 @@
 #include "support/keys.h"
 
 #include <algorithm>
-#include <map>
 
 namespace {
 

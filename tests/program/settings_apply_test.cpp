@@ -6,6 +6,7 @@
 #include "settings/help.h"
 #include "support/keys.h"
 #include "support/prompter.h"
+#include "system/simulated/pictures.h"
 
 #include <map>
 

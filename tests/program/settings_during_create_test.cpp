@@ -7,10 +7,8 @@
 
 namespace {
 
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::StartsWith;
 
 class SettingsDuringCreate : public SettingsDialog {
 protected:

@@ -92,6 +92,9 @@ public:
     void setItems(const std::vector<ListItem>& items) override;
     void addItem(const ListItem& item) override { items_.push_back(item); }
     void select(int index) override { selected_ = index; }
+    void refresh() override { seen_ = items_; }
+    /// What the last refresh brought to the screen.
+    const std::vector<ListItem>& seen() const { return seen_; }
 
     void clickedAt(Input& input, Point at) override;
     void doubleClickedAt(Input& input, Point at) override;
@@ -103,6 +106,7 @@ public:
 private:
     ListStyle style_;
     std::vector<ListItem> items_;
+    std::vector<ListItem> seen_;
     int selected_ = -1;
 };
 

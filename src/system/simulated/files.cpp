@@ -118,7 +118,7 @@ public:
 
 private:
     void requireTransfers(std::int64_t end) const {
-        if (marks_.soundBytes && end > *marks_.soundBytes) {
+        if (marks_.intactBytes && end > *marks_.intactBytes) {
             throw Failure(FailureCode::deviceIo);
         }
     }
@@ -215,7 +215,7 @@ void Drives::remove(const std::string& path) {
     }
 }
 
-std::vector<std::string> Drives::list(const std::string& pattern) {
+void Drives::eachFile(const std::string& pattern, const std::function<void(const std::string&)>& take) {
     const std::string wanted = upToZero(pattern);
     const auto divider = std::find_if(wanted.rbegin(), wanted.rend(),
                                       [](char letter) { return isDivider(letter) || letter == ':'; });
@@ -237,7 +237,13 @@ std::vector<std::string> Drives::list(const std::string& pattern) {
         }
     }
     std::ranges::sort(found);
-    return found;
+    const std::size_t intact = marks(folder).intactNames.value_or(found.size());
+    for (std::size_t index = 0; index < found.size(); ++index) {
+        if (index == intact) {
+            throw Failure(FailureCode::deviceIo);
+        }
+        take(found[index]);
+    }
 }
 
 std::vector<DriveName> Drives::drives() {
@@ -339,7 +345,8 @@ std::optional<std::string> Drives::hostPath(const std::string& path) {
 }
 
 void Drives::failOpening(const std::string& path, FailureCode code) { mark(path).openFailure = code; }
-void Drives::failTransfers(const std::string& path, std::int64_t sound) { mark(path).soundBytes = sound; }
+void Drives::failTransfers(const std::string& path, std::int64_t intact) { mark(path).intactBytes = intact; }
+void Drives::breakListing(const std::string& path, std::size_t names) { mark(path).intactNames = names; }
 void Drives::setReadOnly(const std::string& path) { mark(path).readOnly = true; }
 void Drives::setHidden(const std::string& path) { mark(path).hidden = true; }
 void Drives::heal(const std::string& path) { marks_.erase(place(path).key()); }

@@ -29,7 +29,7 @@ public:
     std::int64_t length(const std::string& path) override;
     bool same(const std::string& one, const std::string& other) override;
     void remove(const std::string& path) override;
-    std::vector<std::string> list(const std::string& pattern) override;
+    void eachFile(const std::string& pattern, const std::function<void(const std::string&)>& take) override;
     std::vector<DriveName> drives() override;
     std::string wholeFolder(const std::string& path) override;
     std::vector<std::string> folders(const std::string& path) override;
@@ -57,8 +57,10 @@ public:
     // Faults and marks, for a file or folder that may exist or not.
     /// Every attempt to open, list or remove it fails with the code.
     void failOpening(const std::string& path, FailureCode code);
-    /// It opens, but its reads and writes that go beyond the first `sound` bytes fail with 57.
-    void failTransfers(const std::string& path, std::int64_t sound = 0);
+    /// It opens, but its reads and writes that go beyond the first `intact` bytes fail with 57.
+    void failTransfers(const std::string& path, std::int64_t intact = 0);
+    /// A listing of its files fails with 57 behind so many names.
+    void breakListing(const std::string& path, std::size_t names);
     /// It, and all that stands in it, can be read only: changes fail with 75.
     void setReadOnly(const std::string& path);
     /// Left out of listings; the root of a drive: out of that of the drives.
@@ -78,7 +80,8 @@ private:
     };
     struct Marks {
         std::optional<FailureCode> openFailure;
-        std::optional<std::int64_t> soundBytes; // nothing: all
+        std::optional<std::int64_t> intactBytes; // nothing: all
+        std::optional<std::size_t> intactNames;  // nothing: all
         bool readOnly = false;
         bool hidden = false;
     };

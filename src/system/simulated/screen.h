@@ -5,7 +5,6 @@
 #include "system/window.h"
 
 #include <map>
-#include <optional>
 #include <string>
 #include <vector>
 

@@ -85,7 +85,7 @@ bool connect(IFilterGraph2& graph, IBaseFilter& renderer, const std::string& fil
     // Only to the renderer that is there: no window may come up for the pictures of a film.
     forEachPin(*source, PINDIR_OUTPUT,
                [&](IPin& pin) { graph.RenderEx(&pin, AM_RENDEREX_RENDERTOEXISTINGRENDERERS, nullptr); });
-    // Whatever the results were: they also tell of pictures that found no renderer.
+    // The results tell nothing: they are also failures where the pictures of a film find no renderer.
     return isFed(renderer);
 }
 

@@ -240,14 +240,14 @@ void Win32Files::remove(const std::string& path) {
 
 namespace {
 
-/// The names that match a pattern, neither hidden nor system, folders or plain files alone.
-std::vector<std::string> namesIn(const std::string& pattern, bool folders) {
+/// Gives `take` the names that match a pattern, neither hidden nor system, folders or plain files alone.
+template <class Take> void eachName(const std::string& pattern, bool folders, const Take& take) {
     WIN32_FIND_DATAA entry;
     const HANDLE first = FindFirstFileA(pattern.c_str(), &entry);
     if (first == INVALID_HANDLE_VALUE) {
         const DWORD error = GetLastError();
         if (error == ERROR_FILE_NOT_FOUND || error == ERROR_NO_MORE_FILES) {
-            return {};
+            return;
         }
         // What stands before the name isn't a folder.
         throw failureAt(pattern, error == ERROR_INVALID_NAME ? ERROR_PATH_NOT_FOUND : error);
@@ -255,26 +255,30 @@ std::vector<std::string> namesIn(const std::string& pattern, bool folders) {
     const std::unique_ptr<std::remove_pointer_t<HANDLE>, CloseSearch> search(first);
     constexpr DWORD looked = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
     const DWORD wanted = folders ? FILE_ATTRIBUTE_DIRECTORY : 0;
-    std::vector<std::string> names;
     do {
         if ((entry.dwFileAttributes & looked) == wanted) {
-            names.emplace_back(entry.cFileName);
+            take(std::string(entry.cFileName));
         }
     } while (FindNextFileA(search.get(), &entry) != 0);
     // A listing that broke off, such as that of a drive that was pulled out, is no shorter listing.
     if (const DWORD error = GetLastError(); error != ERROR_NO_MORE_FILES) {
         throw failureAt(pattern, error);
     }
-    return names;
 }
 
 } // namespace
 
-std::vector<std::string> Win32Files::list(const std::string& pattern) { return namesIn(pattern, false); }
+void Win32Files::eachFile(const std::string& pattern, const std::function<void(const std::string&)>& take) {
+    eachName(pattern, false, take);
+}
 
 std::vector<std::string> Win32Files::folders(const std::string& path) {
-    std::vector<std::string> names = namesIn(inFolder(wholeFolder(path), "*"), true);
-    std::erase_if(names, [](const std::string& name) { return name == "." || name == ".."; });
+    std::vector<std::string> names;
+    eachName(inFolder(wholeFolder(path), "*"), true, [&](const std::string& name) {
+        if (name != "." && name != "..") {
+            names.push_back(name);
+        }
+    });
     return names;
 }
 

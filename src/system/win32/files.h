@@ -12,7 +12,7 @@ public:
     std::int64_t length(const std::string& path) override;
     bool same(const std::string& one, const std::string& other) override;
     void remove(const std::string& path) override;
-    std::vector<std::string> list(const std::string& pattern) override;
+    void eachFile(const std::string& pattern, const std::function<void(const std::string&)>& take) override;
     std::vector<DriveName> drives() override;
     std::string wholeFolder(const std::string& path) override;
     std::vector<std::string> folders(const std::string& path) override;

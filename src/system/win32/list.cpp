@@ -70,8 +70,8 @@ public:
         for (const ListItem& item : items) {
             append(item);
         }
-        makeRoom();
         send(WM_SETREDRAW, TRUE);
+        makeRoom();
         InvalidateRect(native(), nullptr, TRUE);
     }
 
@@ -126,7 +126,10 @@ private:
         GetTextExtentPoint32A(dc.get(), longest_.c_str(), static_cast<int>(longest_.size()), &size);
         constexpr LONG margin = 6;
         const LONG room = size.cx + margin;
-        send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(room));
+        RECT client{};
+        GetClientRect(native(), &client);
+        // NOTE: Wine would show a scroll bar for a moment for a width that there is room for.
+        send(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(room > client.right ? room : 0));
     }
 
     void draw(const DRAWITEMSTRUCT& item) const {

@@ -40,9 +40,9 @@ void checkDib(Bytes dib) {
     demand(layout.pixelBytes <= dib.size() - layout.pixelsAt);
 }
 
-class Walk {
+class RecordCheck {
 public:
-    explicit Walk(Bytes bytes) : bytes_(bytes), objects_(wordAt(bytes, 10)) {}
+    explicit RecordCheck(Bytes bytes) : bytes_(bytes), objects_(wordAt(bytes, 10)) {}
 
     MetafileRecords run() {
         std::size_t position = headerSize;
@@ -153,6 +153,6 @@ private:
 
 } // namespace
 
-MetafileRecords checkedRecords(Bytes bytes) { return Walk(bytes).run(); }
+MetafileRecords checkedRecords(Bytes bytes) { return RecordCheck(bytes).run(); }
 
 } // namespace sys::win32

@@ -92,6 +92,8 @@ public:
 
     void refresh() override {
         RedrawWindow(native_, nullptr, nullptr, RDW_UPDATENOW | RDW_ERASENOW | RDW_ALLCHILDREN);
+        // NOTE: Wine keeps what is painted back until the thread waits for something, be it for no time.
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 0, 0);
     }
 
 protected:

@@ -5,7 +5,6 @@
 #include "system/win32/system_win32.h"
 #include "toolkit/application.h"
 
-#include <chrono>
 #include <filesystem>
 #include <thread>
 #include <utility>

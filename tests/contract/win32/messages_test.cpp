@@ -92,6 +92,21 @@ TEST_F(Messages, ItemThatIsNotThere_LeavesTheOneThatIsShown) {
     EXPECT_EQ(send(form.choice, CB_GETCURSEL), 2);
 }
 
+TEST_F(Messages, TextWiderThanItsList_CanBeScrolledToItsEnd) {
+    const HWND list = reinterpret_cast<HWND>(form.list.hWnd());
+    const auto hasBar = [&] { return (GetWindowLongA(list, GWL_STYLE) & WS_HSCROLL) != 0; };
+    EXPECT_FALSE(hasBar());
+    form.list.addItem(std::string(100, 'W'));
+    EXPECT_TRUE(hasBar());
+    form.list.addItem("fourth");
+    EXPECT_TRUE(hasBar());
+    RECT room{};
+    GetClientRect(list, &room);
+    EXPECT_GT(send(form.list, LB_GETHORIZONTALEXTENT), room.right);
+    form.list.removeItem(3);
+    EXPECT_FALSE(hasBar());
+}
+
 // Each kind of control had numbers of its own, so that one dialog had several controls of one number. In the
 // end the default button shared its own with a list, and Enter pressed nothing.
 TEST_F(Messages, ControlsOfAllKinds_TakeTheirIdentifiersFromOneSequence) {

@@ -104,6 +104,15 @@ protected:
         const sys::PixelRect place = machine.window(element.hWnd())->screenRect();
         return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
     }
+    /// So many files with names in the order of their numbers, from 1000.jpg.
+    void addFiles(const std::string& folder, int count) {
+        for (int number = 0; number < count; ++number) {
+            machine.files().addFile(folder + "\\" + std::to_string(1000 + number) + ".jpg", "");
+        }
+    }
+    const sys::simulated::ListWindow& filesWindow() {
+        return dynamic_cast<const sys::simulated::ListWindow&>(*machine.window(form.files.hWnd()));
+    }
     std::string focusedName() {
         const std::vector<const toolkit::Element*> elements{
             &form.check, &form.text,   &form.bar, &form.one,    &form.two,    &form.three,   &form.other,

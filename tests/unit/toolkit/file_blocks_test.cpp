@@ -10,7 +10,6 @@
 
 namespace {
 
-using toolkit::FileTable;
 using toolkit::OpenMode;
 
 constexpr std::size_t blockSize = 1025;
@@ -237,11 +236,11 @@ TEST_F(FileBlocksTest, Abandon_FreesNumberAndFileAndWritesNothing) {
     files.open(number, path, OpenMode::binary);
 }
 
-TEST_F(FileBlocksTest, Freed_AtItsEnd_AbandonsTheNumberUnlessItIsLeftOpen) {
+TEST_F(FileBlocksTest, AbandonsFile_AtItsEnd_AbandonsTheNumberUnlessItIsLeftOpen) {
     for (const bool left : {false, true}) {
         files.open(number, path, OpenMode::binary);
         {
-            toolkit::Freed freed(files, number);
+            toolkit::AbandonsFile freed(files, number);
             write("abc");
             if (left) {
                 freed.leaveOpen();

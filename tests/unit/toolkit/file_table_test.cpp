@@ -10,7 +10,6 @@
 namespace {
 
 using testing::ElementsAre;
-using toolkit::FileTable;
 using toolkit::OpenMode;
 
 TEST_F(FileTableTest, Open_NumberTaken_Fails55AndLeavesTheOpenFile) {

@@ -11,7 +11,6 @@
 #include <gmock/gmock.h>
 
 #include <new>
-#include <utility>
 
 namespace {
 

@@ -117,7 +117,7 @@ TEST(FolderListLevels, BeginWithTheDriveOrWithTheShareOfANetwork) {
 }
 
 TEST_F(Dialog, FileList_AnotherFolder_ListsItAndSelectsNothing) {
-    machine.files().addFile("C:\\Pics\\Old\\o.jpg", "");
+    machine.files().addFile(R"(C:\Pics\Old\o.jpg)", "");
     form.load();
     form.files.setListIndex(1);
     EXPECT_EQ(form.files.fileName(), "b.gif");
@@ -129,6 +129,38 @@ TEST_F(Dialog, FileList_AnotherFolder_ListsItAndSelectsNothing) {
     EXPECT_EQ(form.files.fileName(), "");
     EXPECT_THAT(take(), IsEmpty());
     EXPECT_EQ(failureOf([this] { form.files.setPath("C:\\none"); }), 76);
+}
+
+TEST_F(Dialog, FileList_OfALargeFolder_ShowsItsBeginningWhileTheRestIsLookedFor) {
+    addFiles("C:\\Large", 501);
+    addFiles("C:\\Small", 499);
+    form.show();
+    form.files.setPath("C:\\Small");
+    EXPECT_THAT(filesWindow().seen(), IsEmpty());
+    form.files.setPath("C:\\Large");
+    ASSERT_EQ(filesWindow().seen().size(), 500);
+    EXPECT_EQ(filesWindow().seen().front().text, "1000.jpg");
+    EXPECT_EQ(form.files.listCount(), 501);
+    EXPECT_EQ(filesWindow().items().size(), 501);
+    EXPECT_EQ(filesWindow().items().back().text, "1500.jpg");
+}
+
+TEST_F(Dialog, FileList_ListingThatBreaksOff_FailsAndChangesNothing) {
+    addFiles("C:\\Large", 600);
+    form.show();
+    form.files.setListIndex(1);
+    take();
+    for (const std::size_t intact : {0U, 499U, 500U, 599U}) {
+        machine.files().breakListing("C:\\Large", intact);
+        EXPECT_EQ(failureOf([this] { form.files.setPath("C:\\Large"); }), 57) << intact;
+        EXPECT_EQ(form.files.path(), "C:\\Pics");
+        EXPECT_THAT(textsOf(form.files), ElementsAre("a.jpg", "b.gif", "d.bmp"));
+        EXPECT_EQ(form.files.fileName(), "b.gif");
+        EXPECT_EQ(filesWindow().items().size(), 3) << intact;
+        EXPECT_EQ(filesWindow().selected(), 1) << intact;
+    }
+    EXPECT_EQ(filesWindow().seen().size(), 500) << "was on the screen for a while";
+    EXPECT_THAT(take(), IsEmpty());
 }
 
 TEST_F(Dialog, FileList_AnotherPattern_ListsTheFolderAnewUntilTheNextLoad) {
