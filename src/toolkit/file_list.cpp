@@ -49,7 +49,7 @@ void FileList::load() {
     enter(systemFiles().wholeFolder(""));
 }
 
-/// After a failure all is as it was.
+/// After a failure items and selection are as they were.
 void FileList::enter(const std::string& whole) {
     std::vector<sys::ListItem> found;
     try {

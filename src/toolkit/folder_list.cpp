@@ -36,6 +36,7 @@ void FolderList::setPath(const std::string& path) {
     const std::string whole = systemFiles().wholeFolder(path);
     if (!sys::sameName(whole, path_)) {
         enter(whole);
+        refresh(); // before its files are looked for, which may take long
         change.raise();
     }
 }

@@ -27,6 +27,12 @@ void ItemList::setListIndex(std::int16_t index) {
     }
 }
 
+void ItemList::refresh() {
+    if (hasWindow()) {
+        nativeList().refresh();
+    }
+}
+
 void ItemList::chosen(bool /*changed*/) { click.raise(); }
 
 void ItemList::userSelected(int index) {
@@ -58,8 +64,8 @@ void ItemList::assumeItems(std::vector<sys::ListItem> items, std::int16_t select
 void ItemList::showBeginning(const std::vector<sys::ListItem>& items) {
     if (hasWindow()) {
         nativeList().setItems(items);
-        nativeList().refresh();
     }
+    refresh();
 }
 
 void ItemList::showItems() {

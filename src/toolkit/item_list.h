@@ -26,6 +26,9 @@ public:
     /// The text of the selected item, "" for none.
     std::string text() const { return selected_ < 0 ? std::string() : list(selected_); }
 
+    /// Brings what it shows to the screen at once.
+    void refresh();
+
     /// A click on an item, also on the selected one.
     void userSelected(int index);
     /// A double click on an item, or Enter.

@@ -80,12 +80,13 @@ public:
         BITMAPINFO format{};
         format.bmiHeader = {sizeof format.bmiHeader, textWidth, height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
         void* bits = nullptr;
-        SelectObject(memory_, CreateDIBSection(nullptr, &format, DIB_RGB_COLORS, &bits, nullptr, 0));
+        bitmap_ = CreateDIBSection(nullptr, &format, DIB_RGB_COLORS, &bits, nullptr, 0);
+        SelectObject(memory_, bitmap_);
         pixels_ = {static_cast<COLORREF*>(bits), static_cast<std::size_t>(textWidth * height)};
     }
     ~LastRow() {
-        DeleteObject(GetCurrentObject(memory_, OBJ_BITMAP));
         DeleteDC(memory_);
+        DeleteObject(bitmap_);
         ReleaseDC(nullptr, screen_);
     }
     LastRow(const LastRow&) = delete;
@@ -104,6 +105,7 @@ private:
 
     HDC screen_ = GetDC(nullptr);
     HDC memory_ = CreateCompatibleDC(nullptr);
+    HBITMAP bitmap_;
     POINT corner_;
     std::span<COLORREF> pixels_;
 };
@@ -186,6 +188,7 @@ int main(int, char** arguments) {
         }
         measure::report("list.product.seen", withoutFirst(product.seen));
         measure::report("list.handed.seen", withoutFirst(handed.seen));
+        measure::report("list.handed.whole", withoutFirst(handed.whole));
         measure::report("list.product.whole", withoutFirst(product.whole));
         measure::report("list.system.whole", withoutFirst(bySystem.whole));
         measure::report("list.listing", withoutFirst(listing));

@@ -80,7 +80,7 @@ class Show:
         self.process = self._start()
 
     def running(self):
-        if self.process.poll() is not None and NOT_STARTED in self._said():
+        if self.process.poll() and NOT_STARTED in self._said():
             self._errors.seek(0)
             self._errors.truncate()
             self.process = self._start()

@@ -53,9 +53,11 @@ class DialogTest(DialogCase):
         for number in range(1200):
             with open(os.path.join(many, f"picture {number:04}.jpg"), "wb"):
                 pass
-        dialog = self.open(AllImages="1", ImagePath=self.windows_folder("many") + "\\")
+        dialog = self.open(AllImages="1", ImagePath=self.windows_folder() + "\\")
         dialog.click("Select", 1)
-        _, files = dialog.controls("listbox")
+        folders, files = dialog.controls("listbox")
+        dialog.choose(folders, 3, LBN_SELCHANGE, LBN_DBLCLK)
+        dialog.wait_for_text("edit", self.windows_folder("many") + "\\")
         self.assertEqual(dialog.send(files.handle, LB_GETCOUNT), 1200)
         self.assertEqual(dialog.send(files.handle, LB_SETCURSEL, 1199), 1199)
         self.assertGreater(dialog.send(files.handle, LB_GETTOPINDEX), 1180)

@@ -8,6 +8,7 @@
 #include "support/prompter.h"
 #include "system/simulated/pictures.h"
 
+#include <algorithm>
 #include <map>
 
 namespace {
@@ -284,6 +285,8 @@ TEST_F(SettingsDialog, Done_TemplateTextLeftInFolderMode_SavesItAsTheFolder) {
 
 TEST_F(SettingsDialog, Done_TemplateInAMissingFolder_AsksAndSavesOnOk) {
     frmConfig& dialog = openInTemplateMode();
+    const std::int16_t interval = shared.ImageInterval;
+    dialog.ScrollInterval.setValue(interval + 5);
     type("C:\\none\\show.txt");
     program.machine.answerMessageBox(MessageAnswer::cancel);
     click(dialog.cmdExit);
@@ -292,10 +295,21 @@ TEST_F(SettingsDialog, Done_TemplateInAMissingFolder_AsksAndSavesOnOk) {
     EXPECT_TRUE(dialog.shown());
     EXPECT_EQ(stored("ImageInterval"), "(none)");
     EXPECT_EQ(shared.ImagePath, "C:\\none\\") << "rebuilt already";
+    EXPECT_EQ(shared.ImageInterval, interval) << "not yet";
     program.machine.answerMessageBox(MessageAnswer::ok);
     click(dialog.cmdExit);
     EXPECT_TRUE(program.over());
     EXPECT_EQ(stored("ImagePath"), "C:\\none\\");
+    EXPECT_EQ(stored("ImageListFile"), "show.txt");
+}
+
+TEST_F(SettingsDialog, Done_TemplateWithoutAFolder_IsLookedForWhereTheProgramIs) {
+    program.machine.files().addFile("T:\\Tessellarium\\show.txt", "");
+    frmConfig& dialog = openInTemplateMode();
+    type("show.txt");
+    click(dialog.cmdExit);
+    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_EQ(stored("ImagePath"), "\\");
     EXPECT_EQ(stored("ImageListFile"), "show.txt");
 }
 
@@ -540,14 +554,16 @@ TEST(SettingsBanner, IsDrawnForTheScaleOfTheScreen) {
 
 /// Of a bitmap's columns, the `part`th sixteenth: how much green there is on average.
 int greenOf(const sys::simulated::Bitmap& bitmap, int part) {
+    const auto [width, height] = bitmap.size();
+    const int left = width * part / 16;
+    const int right = width * (part + 1) / 16;
     int sum = 0;
-    int pixels = 0;
-    for (int x = bitmap.size().width * part / 16; x < bitmap.size().width * (part + 1) / 16; ++x) {
-        for (int y = 0; y < bitmap.size().height; ++y, ++pixels) {
+    for (int x = left; x < right; ++x) {
+        for (int y = 0; y < height; ++y) {
             sum += bitmap.at(x, y).green;
         }
     }
-    return sum / pixels;
+    return sum / std::max((right - left) * height, 1);
 }
 
 TEST(SettingsBanner, OnAScreenBetweenTheScales_FillsItsBox) {

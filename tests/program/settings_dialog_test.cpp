@@ -277,8 +277,9 @@ TEST_F(SettingsDialog, StandAlone_DisablesEveryWayToAnotherContent) {
 TEST_F(SettingsDialog, Guidance_OfARunThatIsNeitherIsThatOfStandAlone) {
     frmConfig& dialog = openInTemplateMode();
     shared.RunMode = 1;
-    dialog.ShowHelperText();
+    dialog.ArrangeMode();
     EXPECT_EQ(dialog.txtHelper.text(), standAloneGuidance);
+    EXPECT_TRUE(dialog.chkTemplateMode.enabled()) << "whose modes can be changed";
 }
 
 TEST_F(SettingsDialog, Guidance_CanNotBeChanged) {

@@ -92,7 +92,7 @@ public:
 
     void refresh() override {
         RedrawWindow(native_, nullptr, nullptr, RDW_UPDATENOW | RDW_ERASENOW | RDW_ALLCHILDREN);
-        // NOTE: Wine keeps what is painted back until the thread waits for something, be it for no time.
+        // NOTE: Wine keeps what is painted back until the thread waits, be it for no time and nothing.
         MsgWaitForMultipleObjects(0, nullptr, FALSE, 0, 0);
     }
 

@@ -93,7 +93,7 @@ TEST_F(Messages, ItemThatIsNotThere_LeavesTheOneThatIsShown) {
 }
 
 TEST_F(Messages, TextWiderThanItsList_CanBeScrolledToItsEnd) {
-    const HWND list = reinterpret_cast<HWND>(form.list.hWnd());
+    auto* list = reinterpret_cast<HWND>(form.list.hWnd());
     const auto hasBar = [&] { return (GetWindowLongA(list, GWL_STYLE) & WS_HSCROLL) != 0; };
     EXPECT_FALSE(hasBar());
     form.list.addItem(std::string(100, 'W'));
@@ -105,6 +105,48 @@ TEST_F(Messages, TextWiderThanItsList_CanBeScrolledToItsEnd) {
     EXPECT_GT(send(form.list, LB_GETHORIZONTALEXTENT), room.right);
     form.list.removeItem(3);
     EXPECT_FALSE(hasBar());
+}
+
+// The bar for the rows takes its width when it comes, which is when the list gets its window here.
+TEST_F(Messages, TextThatFitsOnlyWithoutTheBarBesideIt_CanBeScrolledToItsEnd) {
+    constexpr int rows = 20; // more than there is room for
+    for (int row = 0; row < rows; ++row) {
+        form.list.addItem("i");
+    }
+    auto* list = reinterpret_cast<HWND>(form.list.hWnd());
+    RECT room{};
+    GetClientRect(list, &room);
+    const HDC dc = GetDC(list);
+    SelectObject(dc, reinterpret_cast<HFONT>(SendMessageA(list, WM_GETFONT, 0, 0)));
+    std::string text;
+    for (SIZE size{}; size.cx < room.right;) {
+        text += 'i';
+        GetTextExtentPoint32A(dc, text.c_str(), static_cast<int>(text.size()), &size);
+    }
+    ReleaseDC(list, dc);
+    form.unload();
+    form.load();
+    for (int row = 0; row < rows; ++row) {
+        form.list.addItem(text);
+    }
+    form.show();
+    EXPECT_GT(send(form.list, LB_GETHORIZONTALEXTENT), room.right);
+}
+
+TEST_F(Messages, Refresh_IsOnTheScreenAtOnce) {
+    auto* list = reinterpret_cast<HWND>(form.list.hWnd());
+    form.list.setListIndex(1);
+    RECT row{};
+    SendMessageA(list, LB_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&row));
+    POINT place{row.right - 2, row.top + 2}; // beside the text
+    ClientToScreen(list, &place);
+    const HDC screen = GetDC(nullptr);
+    driver->settle();
+    const COLORREF before = GetPixel(screen, place.x, place.y);
+    form.list.setListIndex(0);
+    form.list.refresh();
+    EXPECT_NE(GetPixel(screen, place.x, place.y), before) << "it is selected now";
+    ReleaseDC(nullptr, screen);
 }
 
 // Each kind of control had numbers of its own, so that one dialog had several controls of one number. In the

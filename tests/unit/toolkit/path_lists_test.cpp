@@ -135,6 +135,7 @@ TEST_F(Dialog, FileList_OfALargeFolder_ShowsItsBeginningWhileTheRestIsLookedFor)
     addFiles("C:\\Large", 501);
     addFiles("C:\\Small", 499);
     form.show();
+    form.hidden.setVisible(true);
     form.files.setPath("C:\\Small");
     EXPECT_THAT(filesWindow().seen(), IsEmpty());
     form.files.setPath("C:\\Large");
@@ -143,6 +144,17 @@ TEST_F(Dialog, FileList_OfALargeFolder_ShowsItsBeginningWhileTheRestIsLookedFor)
     EXPECT_EQ(form.files.listCount(), 501);
     EXPECT_EQ(filesWindow().items().size(), 501);
     EXPECT_EQ(filesWindow().items().back().text, "1500.jpg");
+}
+
+TEST_F(Dialog, FolderList_AnotherFolder_IsOnTheScreenBeforeItsFilesAreLookedFor) {
+    form.show();
+    form.hidden.setVisible(true);
+    const auto& window =
+        dynamic_cast<const sys::simulated::ListWindow&>(*machine.window(form.folders.hWnd()));
+    std::size_t seen = 0;
+    form.folders.change = [&] { seen = window.seen().size(); };
+    form.folders.setPath("C:\\");
+    EXPECT_EQ(seen, 2) << "the drive and its folder";
 }
 
 TEST_F(Dialog, FileList_ListingThatBreaksOff_FailsAndChangesNothing) {
