@@ -18,6 +18,9 @@ namespace {
 using Bytes = std::span<const std::uint8_t>;
 
 constexpr std::int64_t mostPixels = 100'000'000;
+/// The limit that a JPEG and a GIF have anyway. The library takes memory for each row by itself, so that some
+/// ten million rows of a pixel would take many times the memory of their pixels.
+constexpr std::int64_t longestSide = 65'535;
 
 struct DestroyImage {
     void operator()(gdImagePtr image) const { gdImageDestroy(image); }
@@ -170,7 +173,7 @@ PicturePtr decodePicture(Bytes bytes, TwipsPerPixel scale) {
     if (!claim || claim->width <= 0 || claim->height <= 0) {
         throw Failure(FailureCode::invalidPicture);
     }
-    if (claim->width > mostPixels || claim->height > mostPixels ||
+    if (claim->width > longestSide || claim->height > longestSide ||
         claim->width * claim->height > mostPixels) {
         throw Failure(FailureCode::outOfMemory);
     }

@@ -121,8 +121,9 @@ TEST(Pictures, WhatIsNoPicture_Fails) {
 
 TEST(Pictures, HugeSize_IsRefusedByTheHeader) {
     Bytes bmp = bmpFile(twoColours());
+    bmp[24] = 1; // more than 65536 rows
+    EXPECT_EQ(codeOf(bmp), 7) << "though of few pixels";
     bmp[20] = 1; // 65542 pixels wide
-    bmp[24] = 1;
     EXPECT_EQ(codeOf(bmp), 7);
     bmp[21] = 0x80; // and now a negative width
     EXPECT_EQ(codeOf(bmp), 481);
