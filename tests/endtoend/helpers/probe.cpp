@@ -183,9 +183,11 @@ void sendText(const Fields& arguments) {
 }
 
 /// Returns when the window's thread has taken what lay in its queue: a sent message is answered before
-/// waiting input is taken, so that the answer to the next one tells that the input has gone through.
+/// waiting input is taken, so that the answer to the next one tells that the input has gone through. Each
+/// leaves the thread a moment to ask for that input, or it may find the next message first.
 void settle(const Fields& arguments) {
     for (int i = 0; i < 4; ++i) {
+        Sleep(1);
         DWORD_PTR result = 0;
         if (SendMessageTimeoutA(windowFrom(arguments.at(1)), WM_NULL, 0, 0, SMTO_ABORTIFHUNG, 10000,
                                 &result) == 0) {
