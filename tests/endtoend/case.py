@@ -75,6 +75,8 @@ class Show:
 
     def __init__(self, machine, program, arguments, environment):
         self._machine = machine
+        # A program that has just ended may have windows for a moment yet.
+        self._former = {window.handle for window in machine.probe.windows()}
         self._errors = tempfile.TemporaryFile()
         self._start = lambda: machine.start(program, *arguments, errors=self._errors, **environment)
         self.process = self._start()
@@ -93,9 +95,12 @@ class Show:
             return next((window for window in self.forms() if window.visible), None)
         return wait_until(form, "the show's form doesn't come up")
 
+    def windows(self):
+        """The top-level windows that have come up since its start, uppermost first."""
+        return [window for window in self._machine.probe.windows() if window.handle not in self._former]
+
     def forms(self):
-        return [window for window in self._machine.probe.windows()
-                if window.text == CAPTION and window.kind != "Static"]
+        return [window for window in self.windows() if window.text == CAPTION and window.kind != "Static"]
 
     def must_run(self):
         """Fails when the product has ended."""
@@ -223,12 +228,8 @@ class EndToEndCase(unittest.TestCase):
 
     def check_silent(self, show, code=0):
         """The program ends by itself, and never has a window to see."""
-        before = {window.handle for window in self.probe.windows() if window.visible}
-
         def ended():
-            windows = [window for window in self.probe.windows()
-                       if window.visible and window.handle not in before]
-            self.assertEqual(windows, [])
+            self.assertEqual([window for window in show.windows() if window.visible], [])
             return not show.running()
         wait_until(ended, "the program doesn't end")
         show.wait_for_end(code)

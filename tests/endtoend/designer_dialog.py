@@ -22,6 +22,9 @@ class Designer(Dialog):
         """The row, from 1."""
         return self.send(self.list.handle, LVM_GETNEXTITEM, 2**64 - 1, LVNI_SELECTED) + 1
 
+    def wait_for_selected(self, number):
+        wait_until(lambda: self.selected() == number, lambda: f"the selected row is {self.selected()}")
+
     def wait_for_rows(self, *rows):
         wait_until(lambda: self.rows() == [list(row) for row in rows], lambda: f"the rows are {self.rows()}")
 
@@ -65,12 +68,12 @@ class Editor(Dialog):
 
     def enter_folders(self, name, among):
         """Enters a folder in both lists of folders."""
-        for folders in self.controls("listbox")[0], self.controls("listbox")[2]:
+        for folders in self.lists()[::2]:
             self.choose(folders, among.index(name), LBN_SELCHANGE, LBN_DBLCLK)
 
     def pick(self, image, sound, among):
         """Clicks on a picture and on a sound of the folder that is shown, by the names in it."""
-        _, images, _, sounds = self.controls("listbox")
+        _, images, _, sounds = self.lists()
         for files, name, endings in (images, image, (".bmp",)), (sounds, sound, (".wav",)):
             if name:
                 names = sorted(name for name in among if name.endswith(endings))

@@ -29,7 +29,7 @@ class Dialog:
 
     def _find(self):
         self.show.must_run()
-        return next((window for window in self._probe.windows()
+        return next((window for window in self.show.windows()
                      if window.text == self._caption and window.visible), None)
 
     def all_controls(self):
@@ -40,6 +40,10 @@ class Dialog:
         """The visible ones of a class, in the order of the tab key."""
         return [child for child in self.all_controls()
                 if child.kind.lower() == kind and child.visible and text in (None, child.text)]
+
+    def lists(self):
+        """The visible list boxes, once there are any."""
+        return wait_until(lambda: self.controls("listbox"), "there are no lists")
 
     def post(self, window, message, first=0, second=0):
         self._probe.ask("post", window, message, first, second)
@@ -82,7 +86,7 @@ class Dialog:
                    lambda: f"no {text!r} among {[control.text for control in self.controls(kind)]}")
 
     def _system_dialog(self):
-        return next((window for window in self._probe.windows() if window.kind == SYSTEM_DIALOG and window.visible
+        return next((window for window in self.show.windows() if window.kind == SYSTEM_DIALOG and window.visible
                      and window.process == self.form.process), None)
 
     def asked(self):

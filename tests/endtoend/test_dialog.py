@@ -4,13 +4,15 @@ import os
 import shutil
 import subprocess
 
-from case import SETTINGS
-from dialog import BM_CLICK, CB_SETCURSEL, CONTENTS, HOME_PAGE, LBN_DBLCLK, LBN_SELCHANGE, Dialog
+from case import FAILED, SETTINGS
+from dialog import (BM_CLICK, CB_SETCURSEL, CONTENTS, HOME_PAGE, LBN_DBLCLK, LBN_SELCHANGE, SYSTEM_DIALOG, WM_COMMAND,
+                    Dialog)
 from dialog_case import DialogCase
 from package_case import PackageCase
 from pictures import quarters
 from session import end, wait_until
 
+CB_GETCOUNT = 0x146
 WM_LBUTTONDOWN, WM_LBUTTONUP = 0x201, 0x202
 BM_GETCHECK, BM_SETCHECK = 0xF0, 0xF1
 LB_SETCURSEL, LB_GETCOUNT, LB_GETTOPINDEX = 0x186, 0x18B, 0x18E
@@ -31,7 +33,7 @@ class DialogTest(DialogCase):
                          ["Template Mode", "Folder Mode"])
         dialog.click("Folder Mode")
         dialog.click("Select", 1)
-        folders, _ = dialog.controls("listbox")
+        folders, _ = dialog.lists()
         dialog.choose(folders, 2, LBN_SELCHANGE, LBN_DBLCLK)
         dialog.wait_for_text("edit", self.windows_folder() + "\\")
         texts = ("Delay Interval: 1 Seconds", "Dissolve Size: 22", "Dissolve Delay: 33", "Mouse Sensitivity: 444")
@@ -55,7 +57,7 @@ class DialogTest(DialogCase):
                 pass
         dialog = self.open(AllImages="1", ImagePath=self.windows_folder() + "\\")
         dialog.click("Select", 1)
-        folders, files = dialog.controls("listbox")
+        folders, files = dialog.lists()
         dialog.choose(folders, 3, LBN_SELCHANGE, LBN_DBLCLK)
         dialog.wait_for_text("edit", self.windows_folder("many") + "\\")
         self.assertEqual(dialog.send(files.handle, LB_GETCOUNT), 1200)
@@ -71,7 +73,7 @@ class DialogTest(DialogCase):
         os.makedirs(os.path.join(network, "server", "share", "pictures", "inner"))
         dialog = self.open(AllImages="1", ImagePath="\\\\server\\share\\pictures\\")
         dialog.click("Select", 1)
-        folders, _ = dialog.controls("listbox")
+        folders, _ = dialog.lists()
         for row, folder in ((2, "pictures\\inner\\"), (0, ""), (1, "pictures\\")):
             dialog.choose(folders, row, LBN_SELCHANGE, LBN_DBLCLK)
             dialog.wait_for_text("edit", "\\\\server\\share\\" + folder)
@@ -83,7 +85,7 @@ class DialogTest(DialogCase):
         self.write("t1.txt", b"IMAGE=a.bmp\r\n")
         dialog = self.open(ImagePath=self.windows_folder() + "\\")
         dialog.click("Select")
-        _, files = dialog.controls("listbox")
+        _, files = dialog.lists()
         dialog.choose(files, sorted(os.listdir(self.pictures)).index("t1.txt"), LBN_SELCHANGE)
         dialog.wait_for_text("edit", self.windows_folder("t1.txt"))
         dialog.click("Done")
@@ -173,13 +175,28 @@ class FailureRoadsTest(DialogCase):
         os.mkdir(os.path.join(self.pictures, "inner"))
         dialog = self.open(AllImages="1")
         dialog.click("Select", 1)
-        folders, _ = dialog.controls("listbox")
+        folders, _ = dialog.lists()
         os.rmdir(os.path.join(self.pictures, "inner"))
         last = len(self.windows_folder().split("\\"))
         dialog.choose(folders, last, LBN_SELCHANGE, LBN_DBLCLK)
         self.assertEqual(dialog.message_box(), ("Tessellarium", "Path not found", ["OK"]))
         dialog.answer("OK")
-        dialog.show.wait_for_end(code=1)
+        dialog.show.wait_for_end(FAILED)
+
+    def test_a_drive_that_is_not_ready_ends_with_the_default_report(self):
+        dialog = self.open(AllImages="1")
+        dialog.click("Select", 1)
+        drives = dialog.controls("combobox")[0]
+        self.assertEqual(dialog.send(drives.handle, CB_GETCOUNT), 2, "C and Z")
+        last = os.path.join(os.path.dirname(self.machine.drive), "dosdevices", "z:")
+        self.addCleanup(os.symlink, os.readlink(last), last)
+        os.remove(last)
+        dialog.choose_from_drop_down(drives, 1)
+        self.assertEqual(dialog.message_box(), ("Tessellarium", "Device unavailable", ["OK"]))
+        self.keep_shot(self.machine.shot(), "not ready")
+        dialog.answer("OK")
+        dialog.show.wait_for_end(FAILED)
+        self.assertNotIn("Blocks", self.stored())
 
 
 class HelpTest(DialogCase):
@@ -194,6 +211,29 @@ class HelpTest(DialogCase):
         self.assertEqual(viewer.stdout.readline().split("\t"),
                          [str(dialog.form.handle), "3", "1", "C:\\Program Files\\Tessellarium\\Tessellarium.HLP\n"])
         dialog.close()
+        dialog.show.wait_for_end()
+
+
+    def test_a_missing_help_file_is_told_by_the_viewer_and_leaves_the_dialog(self):
+        dialog = self.open()
+        self.probe.ask("post", dialog.form.handle, WM_COMMAND, CONTENTS, 0)
+
+        def told():
+            boxes = [window for window in dialog.show.windows() if window.kind == SYSTEM_DIALOG and window.visible]
+            return self.probe.children(boxes[0]) if boxes else None
+        parts = wait_until(told, "the viewer tells nothing")
+        self.assertTrue(any("Tessellarium.HLP" in part.text for part in parts), parts)
+        self.keep_shot(self.machine.shot(), "no help file")
+        self.assertNotEqual(parts[0].process, dialog.form.process)
+        self.probe.ask("post", next(part for part in parts if part.text == "&No").handle, BM_CLICK, 0, 0)
+        dialog.click("Cancel")
+        dialog.show.wait_for_end()
+
+    def test_a_missing_viewer_leaves_the_dialog(self):
+        self.environment["WINEDLLOVERRIDES"] = "winhlp32.exe=d"
+        dialog = self.open()
+        dialog.choose_from_menu(CONTENTS)
+        dialog.click("Cancel")
         dialog.show.wait_for_end()
 
 
@@ -218,6 +258,14 @@ class HomePageTest(DialogCase):
         wait_until(lambda: len(given()) >= number, "the page isn't opened")
         wait_until(lambda: ["winebrowser.exe"] not in self.probe.ask("processes"), "its starter stays")
         self.assertEqual(given(), [self.page] * number)
+
+    def test_a_missing_browser_leaves_the_dialog(self):
+        self.environment["WINEDLLOVERRIDES"] = "winebrowser.exe=d"
+        dialog = self.open()
+        dialog.choose_from_menu(HOME_PAGE)
+        dialog.answer("Yes")
+        dialog.click("Cancel")
+        dialog.show.wait_for_end()
 
     def test_the_menu_asks_before_it_opens_the_page_and_the_banner_does_not(self):
         dialog = self.open()
@@ -274,7 +322,7 @@ class KilledTest(DialogCase):
             reached.add(sum(written))
             dialog = Dialog(self, self.start_program(self.program, "/c"))
             dialog.close()
-            dialog.show.wait_for_end()  # before the next one is looked for
+            dialog.show.wait_for_end()
             if all(written):
                 self.check_show(self.frame().centre(picture))
 

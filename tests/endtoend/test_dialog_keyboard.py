@@ -66,6 +66,6 @@ class KeyboardTest(DialogCase):
         wait_until(lambda: all(window.handle != about.form.handle for window in self.probe.windows()),
                    "the about box stays")
         self.press(dialog, "Tab", "space")  # the keyboard is back: "Select"
-        self.assertEqual(len(dialog.controls("listbox")), 2)
+        self.assertEqual(len(dialog.lists()), 2)
         dialog.close()
         dialog.show.wait_for_end()

@@ -14,12 +14,6 @@ BLANK = [""] * 4
 
 
 class EditorCase(DesignerCase):
-    def setUp(self):
-        super().setUp()
-        # Behind the end of the program, as the next one's dialogs have the same captions.
-        self.addCleanup(wait_until, lambda: all(window.kind != "TessellariumDialog" for window in self.probe.windows()),
-                        "dialogs are left")
-
     def open_row(self, *lines):
         """The designer on a template of these lines, and the editor on its first row."""
         _, designer = self.open("t.txt", lines)
@@ -103,9 +97,9 @@ class EditorTest(EditorCase):
         for button, rows in ("Cancel", [["a.bmp", "", "", "one"], BLANK]), ("Ok", [["b.bmp", "", "", "two"]]):
             designer.click("Load")
             picker = Dialog(self, designer.show, "Template Load")
-            folders, _ = picker.controls("listbox")
+            folders, _ = picker.lists()
             picker.choose(folders, 2, LBN_SELCHANGE, 2)
-            _, files = picker.controls("listbox")
+            _, files = picker.lists()
             picker.choose(files, 1, LBN_SELCHANGE)
             self.keep_shot(self.machine.shot(), f"picker {button}")
             picker.click(button)

@@ -67,9 +67,9 @@ class PreviewCase(EndToEndCase):
         return [window for window in self.probe.windows() if window.kind.startswith("Tessellarium")]
 
     def check_nothing_left(self, *hosts):
-        self.assertEqual(self.own_windows(), [])
+        wait_until(lambda: not self.own_windows(), "a window is left", 5)
         for host in hosts:
-            self.assertEqual(self.probe.children(host), [])
+            wait_until(lambda: not self.probe.children(host), "a picture is left", 5)
         wait_until(lambda: ["Tessellarium.scr"] not in self.probe.ask("processes"), "a process is left", 5)
 
     def place_in(self, host, window):
