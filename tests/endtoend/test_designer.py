@@ -45,7 +45,8 @@ class DesignerTest(DesignerCase):
         self.keep_shot(self.machine.shot(), "rows")
         designer.click_row(2)
         designer.wait_for_selected(2)
-        self.machine.act_on(designer.form, "mousemove", designer.list.left + 30, designer.list.bottom - 10, "click", "1")
+        below = designer.list.left + 30, designer.list.bottom - 10
+        self.machine.act_on(designer.form, "mousemove", *below, "click", "1")
         self.assertEqual(designer.selected(), 2)
         designer.press("ctrl+Down")
         designer.wait_for_rows(a, c, b, blank)

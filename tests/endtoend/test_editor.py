@@ -123,8 +123,10 @@ class SoundPreviewTest(EditorCase, ListeningCase):
         self.wait_for_silence()
         before = self.listener.now()
         player.click("Play")
-        wait_until(lambda: [tone for tone in self.listener.tones() if tone.begin > before and tone.end > tone.begin + 1],
-                   lambda: f"was heard: {self.listener.tones()}")
+
+        def heard():
+            return [tone for tone in self.listener.tones() if tone.begin > before and tone.end > tone.begin + 1]
+        wait_until(heard, lambda: f"was heard: {self.listener.tones()}")
         self.press(player, "Escape")
         self.wait_until_gone(player)
         self.wait_for_silence()
