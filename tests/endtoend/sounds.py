@@ -13,9 +13,9 @@ QUIET = 800  # what is below counts as silence
 WINDOW = RATE // 50  # samples that are looked at together
 SHORTEST = 0.1  # seconds; what is shorter is no tone
 # Seconds; what is shorter is no gap in a tone: a loaded machine doesn't bring its sound in time.
-GAP = 0.3
+GAP = 1
 
-Tone = collections.namedtuple("Tone", "frequency begin end")  # hertz, seconds
+Tone = collections.namedtuple("Tone", "frequency begin end heard")  # hertz, seconds; `heard` without the gaps
 
 # What ffmpeg makes of a tone, by the extension of the name. Wine counts the length of a film from its time
 # stamp 0, so that this one begins there.
@@ -94,7 +94,7 @@ class Listener:
         for name, first, behind in runs:
             begin, end = first * WINDOW / RATE, behind * WINDOW / RATE
             if tones and tones[-1].frequency == name and begin - tones[-1].end < GAP:
-                tones[-1] = tones[-1]._replace(end=end)
+                tones[-1] = tones[-1]._replace(end=end, heard=tones[-1].heard + end - begin)
             elif name != 0 and end - begin >= SHORTEST:
-                tones.append(Tone(name, begin, end))
+                tones.append(Tone(name, begin, end, end - begin))
         return tones

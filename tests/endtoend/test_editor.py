@@ -125,7 +125,7 @@ class SoundPreviewTest(EditorCase, ListeningCase):
         player.click("Play")
 
         def heard():
-            return [tone for tone in self.listener.tones() if tone.begin > before and tone.end > tone.begin + 1]
+            return [tone for tone in self.listener.tones() if tone.begin > before and tone.heard > 1]
         wait_until(heard, lambda: f"was heard: {self.listener.tones()}")
         self.press(player, "Escape")
         self.wait_until_gone(player)
