@@ -10,7 +10,7 @@ from sound_case import EARLY, FREQUENCIES, HIGH, LONG, LOW, MIDDLE, TOP, Listeni
 
 TICK = 0.5  # seconds between two looks at a sound that holds its picture
 LIST_TICK = 1  # seconds between two looks at the sound list
-LATE = 8  # seconds that a loaded machine may take longer
+LATE = 4  # seconds that a loaded machine may take longer
 
 WINDOW_OF_THE_SHOW = 1  # all that its process may show
 
